@@ -1,0 +1,17 @@
+# tagwright_floor(name BELOW floors... QT modules... LIBRARIES targets...)
+#
+# One floor of the house: the folder src/<name> as the static library tagwright_<name>. What a
+# floor may include stands in tools/check_structure.py, which runs with the tests.
+function(tagwright_floor name)
+    cmake_parse_arguments(PARSE_ARGV 1 floor "" "" "BELOW;QT;LIBRARIES")
+    file(GLOB sources CONFIGURE_DEPENDS
+        ${CMAKE_SOURCE_DIR}/src/${name}/*.cpp ${CMAKE_SOURCE_DIR}/src/${name}/*.h)
+    add_library(tagwright_${name} STATIC ${sources})
+    set_target_properties(tagwright_${name} PROPERTIES LINKER_LANGUAGE CXX)
+    target_include_directories(tagwright_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    list(TRANSFORM floor_BELOW PREPEND tagwright_)
+    list(TRANSFORM floor_QT PREPEND Qt6::)
+    target_link_libraries(tagwright_${name}
+        PUBLIC ${floor_BELOW} ${floor_QT}
+        PRIVATE tagwright_strictness ${floor_LIBRARIES})
+endfunction()

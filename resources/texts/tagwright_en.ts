@@ -1,0 +1,95 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="AlbumName">
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message id="Artist">
+        <source>Artist</source>
+        <translation>Artist</translation>
+    </message>
+    <message id="Artwork">
+        <source>Artwork</source>
+        <translation>Artwork</translation>
+    </message>
+    <message id="ErrorCannotMakeID3">
+        <source>The ID3 tag cannot be made</source>
+        <translation>The ID3 tag cannot be made</translation>
+    </message>
+    <message id="ErrorCannotModify">
+        <source>“%1” by %2 cannot be changed: %3</source>
+        <translation>“%1” by %2 cannot be changed: %3</translation>
+    </message>
+    <message id="ErrorCannotOpenForWrite">
+        <source>The file cannot be opened for writing</source>
+        <translation>The file cannot be opened for writing</translation>
+    </message>
+    <message id="ErrorMP4NotYet">
+        <source>AAC/MP4 songs cannot be read yet</source>
+        <translation>AAC/MP4 songs cannot be read yet</translation>
+    </message>
+    <message id="ErrorNoSong">
+        <source>This is no song file that can be read</source>
+        <translation>This is no song file that can be read</translation>
+    </message>
+    <message id="ErrorNoYear">
+        <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
+        <translation>%1 albums found for %2 – %3, but none with a usable year: %4</translation>
+    </message>
+    <message id="ErrorNotOnAlbum">
+        <source>“%1” is not on the album “%2” (%3)</source>
+        <translation>“%1” is not on the album “%2” (%3)</translation>
+    </message>
+    <message id="ErrorSongHasProblem">
+        <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
+        <translation>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</translation>
+    </message>
+    <message id="ErrorSongLocked">
+        <source>The file is not writable</source>
+        <translation>The file is not writable</translation>
+    </message>
+    <message id="GeneralErrorPrefix">
+        <source>Network: </source>
+        <translation>Network: </translation>
+    </message>
+    <message id="Genre">
+        <source>Genre</source>
+        <translation>Genre</translation>
+    </message>
+    <message id="LogCancelled">
+        <source>Gathering was cancelled</source>
+        <translation>Gathering was cancelled</translation>
+    </message>
+    <message id="LogFinished">
+        <source>Finished: %1 songs processed, %2 modified</source>
+        <translation>Finished: %1 songs processed, %2 modified</translation>
+    </message>
+    <message id="LogSetInfo">
+        <source>Set %1 of “%2”</source>
+        <translation>Set %1 of “%2”</translation>
+    </message>
+    <message id="Lyrics">
+        <source>Lyrics</source>
+        <translation>Lyrics</translation>
+    </message>
+    <message id="NumberRemaining">
+        <source>%1 (%2 remaining)</source>
+        <translation>%1 (%2 remaining)</translation>
+    </message>
+    <message id="SongTitle">
+        <source>Title</source>
+        <translation>Title</translation>
+    </message>
+    <message id="Track">
+        <source>Track</source>
+        <translation>Track</translation>
+    </message>
+    <message id="Year">
+        <source>Year</source>
+        <translation>Year</translation>
+    </message>
+</context>
+</TS>

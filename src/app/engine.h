@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/prefscontroller.h"
+#include "app/userlog.h"
+#include "gathering/httpqueue.h"
+#include "gathering/sourcecatalog.h"
+#include "itunes/itunesinterface.h"
+#include "sources/definitionsupdate.h"
+#include "sources/sitedefinitionstore.h"
+
+/// What lives as long as the process, built once and handed down.
+class Engine {
+public:
+    enum class Definitions { Live, Fixed };
+
+    Engine();
+    Engine(const Engine &) = delete;
+    Engine &operator=(const Engine &) = delete;
+
+    /// Installs the tables, sets the fetch queue up and, with live definitions, asks for newer
+    /// ones when a day has gone by.
+    void start(Definitions definitions);
+
+    PrefsController prefs;
+    SiteDefinitionStore definitions;
+    HVHTTPQueue queue;
+    SourceCatalog catalog;
+    iTunesInterface itunes;
+    UserLog log;
+    DefinitionsUpdate update;
+};

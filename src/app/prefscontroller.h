@@ -1,0 +1,67 @@
+#pragma once
+
+#include "base/setting.h"
+#include "gathering/albumlist.h"
+#include "gathering/asset.h"
+#include "tags/tagoptions.h"
+
+#include <QSettings>
+
+namespace preferences {
+
+/// The end of the overwrite slider, where it means "all": also what the threshold reads as when
+/// it is unset.
+inline constexpr double overwriteSliderMaximum = 1000.0;
+/// What "no limit" is stored as.
+inline constexpr double noLimit = 32767.0;
+
+inline constexpr Setting<double> minimumImageSize{"minImageSize", 100.0}; // pixels
+inline constexpr Setting<double> maximumImageSize{"maxImageSize", 450.0}; // pixels
+inline constexpr Setting<double> overwriteImageThreshold{"overwriteImageThreshold",
+                                                         overwriteSliderMaximum}; // pixels
+inline constexpr Setting<bool> ignoreNonSquareArtwork{"ignoreNonSquareArt", false};
+inline constexpr Setting<int> cacheSizeMB{"cacheSizeMB", 0};
+inline constexpr Setting<bool> writeSpecCorrectID3v24{"id3v24Accurate", false};
+inline constexpr Setting<bool> keepiTunesRefreshed{"keepiTunesRefreshed", false};
+inline constexpr Setting<bool> filterLyrics{"filterLyrics", false};
+
+} // namespace preferences
+
+/// What to gather and how, as the user left it.
+struct GatheringOptions {
+    Assets gather;
+    Assets overwrite;
+    AlbumPick albumPickingMethod = AlbumPick::None;
+    Substrings allowSubstrings = Substrings::Refuse;
+    bool parallelSearch = false;
+    double minimumImageSize = 100; ///< pixels
+    double maximumImageSize = 450; ///< pixels
+    double overwriteImageThreshold = preferences::overwriteSliderMaximum; ///< pixels
+    bool ignoreNonSquareArtwork = false;
+};
+
+/// The settings of the user, read when they are needed.
+class PrefsController {
+public:
+    /// Opens settingsFile(). A user without any settings gets those of a new user.
+    PrefsController();
+
+    [[nodiscard]] QSettings &settings() { return mSettings; }
+
+    /// The saved options; the defaults when they are of another version ("prefsVersion" 3).
+    [[nodiscard]] GatheringOptions gatheringOptions() const;
+    void setGatheringOptions(const GatheringOptions &options);
+
+    /// "id3Dialect": "standard", or anything else for classic.
+    [[nodiscard]] ID3Dialect id3Dialect() const;
+    [[nodiscard]] ReadOptions readOptions() const;
+    [[nodiscard]] WriteOptions writeOptions() const;
+
+    /// Forgets the seven settings of the preferences panel, so that their defaults apply again.
+    void useDefaults();
+
+private:
+    void writeSettingsOfNewUser();
+
+    QSettings mSettings;
+};

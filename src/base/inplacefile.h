@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// What a file shall hold: new bytes and ranges kept from the old file, in order.
+class FileContents {
+public:
+    struct Piece {
+        QByteArray bytes; ///< new bytes; a kept range when `keptLength` is not 0
+        qint64 keptOffset = 0; ///< in the old file
+        qint64 keptLength = 0;
+
+        [[nodiscard]] qint64 length() const { return keptLength ? keptLength : bytes.size(); }
+    };
+
+    void append(QByteArray bytes);
+    void keep(qint64 offset, qint64 length);
+
+    [[nodiscard]] const std::vector<Piece> &pieces() const { return mPieces; }
+    [[nodiscard]] qint64 length() const { return mLength; }
+
+private:
+    std::vector<Piece> mPieces;
+    qint64 mLength = 0;
+};
+
+enum class KeepTime { No, Yes };
+
+/// A file whose contents are changed in place (same inode, hard links, owner, birth time) so
+/// that kill, crash, full disk or power failure leave either the old bytes or the new ones.
+///
+/// The bytes about to be lost are stored in a journal in the state folder and synced, the file
+/// is overwritten and synced, the journal is dropped. A journal found later is rolled back or
+/// finished by recoverInterruptedWrites().
+class InPlaceFile {
+public:
+    struct Opened;
+
+    /// Opens for reading and writing; links are followed, and only regular files are opened.
+    [[nodiscard]] static Opened open(const QString &path);
+
+    InPlaceFile(const InPlaceFile &) = delete;
+    InPlaceFile &operator=(const InPlaceFile &) = delete;
+    ~InPlaceFile();
+
+    /// Bytes at the time of opening.
+    [[nodiscard]] qint64 size() const;
+
+    /// The bytes of the open file at `offset`, at most `length` of them; fewer only at its end.
+    /// Nothing when reading fails.
+    [[nodiscard]] std::optional<QByteArray> read(qint64 offset, qint64 length) const;
+
+    struct Outcome {
+        enum class Kind { Unchanged, Written, Failed };
+        Kind kind;
+        QString error; ///< why it failed, one line for the user: the file is as it was
+    };
+
+    /// Makes the file hold `contents`. Nothing is touched when it holds them already.
+    [[nodiscard]] Outcome replaceContents(const FileContents &contents, KeepTime keepTime);
+
+private:
+    class Private;
+    explicit InPlaceFile(std::unique_ptr<Private> d);
+    std::unique_ptr<Private> d;
+};
+
+struct InPlaceFile::Opened {
+    std::unique_ptr<InPlaceFile> file; ///< null when it could not be opened
+    QString error;
+};
+
+/// Puts right every file that an earlier run left half written, and logs each. Journals of
+/// writes that another living process is busy with are left to it. Call once at start, before
+/// songs are read.
+void recoverInterruptedWrites();

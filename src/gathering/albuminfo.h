@@ -1,0 +1,67 @@
+#pragma once
+
+#include "gathering/asset.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+enum class Substrings { Refuse, Allow };
+
+/// One album as a web source found it.
+class AlbumInfo {
+public:
+    AlbumInfo() = default;
+    /// Names are cleaned at once, as by cleanUpStrings().
+    AlbumInfo(const std::optional<QString> &artist, const std::optional<QString> &name);
+
+    [[nodiscard]] const std::optional<QString> &name() const { return mName; }
+    [[nodiscard]] const std::optional<QString> &artist() const { return mArtist; }
+    [[nodiscard]] const std::optional<QString> &genre() const { return mGenre; }
+    [[nodiscard]] const std::optional<QString> &year() const { return mYear; }
+    [[nodiscard]] const std::optional<QStringList> &trackNames() const { return mTracks; }
+    [[nodiscard]] const std::optional<QString> &artURLString() const { return mArtURLString; }
+    /// By song title.
+    [[nodiscard]] const QMap<QString, QString> &lyrics() const { return mLyrics; }
+    [[nodiscard]] const QString &sourceInterfaceName() const { return mSourceInterface; }
+    [[nodiscard]] int duplicates() const { return mDuplicates; }
+    [[nodiscard]] int numberOfTracks() const;
+
+    // Setters do not clean.
+    void setName(std::optional<QString> name) { mName = std::move(name); }
+    void setArtist(std::optional<QString> artist) { mArtist = std::move(artist); }
+    void setGenres(std::optional<QString> genre) { mGenre = std::move(genre); }
+    void setYear(std::optional<QString> year) { mYear = std::move(year); }
+    void setTrackNames(std::optional<QStringList> tracks) { mTracks = std::move(tracks); }
+    void setArtURLString(std::optional<QString> url) { mArtURLString = std::move(url); }
+    void setLyrics(const QString &text, const QString &forTitle) { mLyrics[forTitle] = text; }
+    void setSourceInterfaceName(const QString &name) { mSourceInterface = name; }
+    void incDuplicates() { ++mDuplicates; }
+    /// Names, genre and track titles without stars, in their usual order and case.
+    void cleanUpStrings();
+
+    /// A copy that counts no duplicates.
+    [[nodiscard]] AlbumInfo copy() const;
+
+    /// The 1-based number of the title on this album, or 0.
+    [[nodiscard]] int numberOfTrackNamed(const QString &title, Substrings allowSubstrings) const;
+    [[nodiscard]] Assets assets() const;
+    /// The share of the wanted assets that the album holds, 0 to 1; -1 when none is wanted.
+    [[nodiscard]] float matchToDesiredAssets(Assets wanted) const;
+    /// "1:First, 2:Second".
+    [[nodiscard]] QString trackSummary() const;
+    [[nodiscard]] QString description() const;
+
+private:
+    std::optional<QString> mName;
+    std::optional<QString> mArtist;
+    std::optional<QString> mGenre;
+    std::optional<QString> mYear;
+    std::optional<QStringList> mTracks;
+    QMap<QString, QString> mLyrics;
+    std::optional<QString> mArtURLString;
+    QString mSourceInterface;
+    int mDuplicates = 0;
+};

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "base/clock.h"
+#include "gathering/fetchresult.h"
+
+#include <QObject>
+#include <QString>
+
+#include <chrono>
+#include <memory>
+
+class Progress;
+
+enum class QueueEnd { Front, Back };
+
+/// The one fetcher of the program: an ordered queue of URLs of which at most a fixed number load
+/// at a time. It remembers hosts that failed, cuts over-long pages, keeps to each host's pace,
+/// and gives every request exactly one answer, on a later turn of the event loop. The answer to
+/// an owner that is gone by then is dropped.
+class HVHTTPQueue : public QObject {
+    Q_OBJECT
+
+public:
+    /// `cacheFolder` empty: responses are kept in memory only.
+    explicit HVHTTPQueue(const QString &cacheFolder, const Clock &clock = systemClock(),
+                         QObject *parent = nullptr);
+    ~HVHTTPQueue() override;
+
+    void setAgentString(const QString &agent);
+    [[nodiscard]] QString agentString() const;
+    void setMaximumHTMLLength(qint64 bytes); ///< 0: no limit
+    void setSimultaneousConnections(int connections);
+    [[nodiscard]] int currentNumberOfConnections() const;
+    /// At most one request to `host` is begun in this time, GET, POST and HEAD together.
+    void setMinInterval(const QString &host, std::chrono::milliseconds interval);
+    void setCacheDiskCapacity(qint64 bytes);
+
+    void addURL(const QUrl &url, QObject *owner, FetchCallback returnMethod,
+                QueueEnd at = QueueEnd::Back);
+    /// The same at the end of the queue; `indicator` (may be null) follows the load.
+    void addURLUsingIndicator(const QUrl &url, QObject *owner, FetchCallback returnMethod,
+                              Progress *indicator);
+    /// A GET that asks the server and not the cache.
+    void addURLIgnoringCache(const QUrl &url, QObject *owner, FetchCallback returnMethod);
+    /// Sends a form at once. False, and no answer follows, when there is no URL or body or when
+    /// the host failed within the last 300 seconds.
+    [[nodiscard]] bool postURL(const QUrl &url, QObject *owner, FetchCallback returnMethod,
+                               const QByteArray &data);
+    void getHeadersForURL(const QUrl &url, QObject *owner, FetchCallback returnMethod);
+
+    /// Ends every request of `owner` for that URL; each is still answered, with the URL alone.
+    /// Other owners of the same URL keep their load.
+    void cancelURL(const QUrl &url, const QObject *owner);
+    /// Ends every running load; what waits stays queued until something starts the queue again.
+    void cancelAll();
+    void removeURLFromCache(const QUrl &url);
+
+    // The queue as a table: one row for each request that is not answered yet, in order.
+    [[nodiscard]] int numberOfRows() const;
+    [[nodiscard]] QUrl urlOfRow(int row) const;
+    /// "-Queued-", "-Wait-" or "%d bytes".
+    [[nodiscard]] QString statusOfRow(int row) const;
+
+Q_SIGNALS:
+    void rowsChanged();
+    /// One line that the user should read, such as that the internet is out of reach.
+    void importantLog(const QString &line);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

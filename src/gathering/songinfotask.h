@@ -1,0 +1,70 @@
+#pragma once
+
+#include "gathering/sourcecatalog.h"
+#include "songs/songfile.h"
+
+#include <QMap>
+#include <QObject>
+
+class LibraryLending;
+
+/// What every task of a run shares.
+struct GatherContext {
+    HVHTTPQueue &queue;
+    const SourceCatalog &catalog;
+    SiteDefinitions definitions;
+    LibraryLending &library;
+};
+
+/// Gathers what one song lacks: first from other songs of its album, then from the web sources,
+/// all at once or one after the other. The song's tag is filled in memory; writing it is the
+/// caller's business.
+class SongInfoTask : public QObject {
+    Q_OBJECT
+
+public:
+    SongInfoTask(std::shared_ptr<SongFile> song, GatherContext &context);
+    ~SongInfoTask() override;
+
+    // The user's choices, set before the task starts.
+    void setAlbumSelectionMethod(AlbumPick method);
+    void setAllowSubstringTrackMatches(Substrings allowed);
+    /// Pixels; narrower artwork is refused. 0 when not set.
+    void setMinimumAcceptableImageSize(float width);
+    /// Pixels; artwork with a longer side is scaled down to it. 32768 when not set.
+    void setMaximumImageSize(float side);
+    void setIgnoreNonSquareArt(bool ignore);
+    void setParallelMode(bool parallel);
+    // Each works out anew what is desired, so that the order of the two does not matter.
+    void setGatherFlags(Assets assets);
+    void setOverwriteFlags(Assets assets);
+
+    /// The album title to search for: that of the tag, with " Soundtrack" where the genres say
+    /// so and the title does not.
+    [[nodiscard]] std::optional<QString> albumTitle() const;
+
+    /// Starts; finished() follows on a later turn of the event loop, exactly once.
+    void gather();
+    /// Winds down: running sources are cancelled, and finished() still follows.
+    void cancel();
+
+    [[nodiscard]] const std::shared_ptr<SongFile> &song() const;
+    [[nodiscard]] Progress &progress();
+    [[nodiscard]] Assets changedAssetFlags() const;
+    /// What is still missing.
+    [[nodiscard]] Assets desiredAssetFlags() const;
+    [[nodiscard]] bool wasCancelled() const;
+    /// Why nothing was applied, for the user.
+    [[nodiscard]] std::optional<QString> errorMessage() const;
+    /// Which source each changed asset came from: its class name, or "library".
+    [[nodiscard]] const QMap<Asset, QString> &sourcesOfAssets() const;
+    /// How many albums were left to choose from when none was chosen; 0 otherwise.
+    [[nodiscard]] int undecidedCandidates() const;
+
+Q_SIGNALS:
+    void finished();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

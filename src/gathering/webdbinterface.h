@@ -1,0 +1,118 @@
+#pragma once
+
+#include "gathering/albumlist.h"
+#include "gathering/httpqueue.h"
+#include "gathering/sitedefinition.h"
+
+#include <QObject>
+#include <QUrl>
+
+#include <vector>
+
+class Progress;
+
+/// One web source searching one song, once. The base queues the source's fetches, never the same
+/// URL twice and only so many at a time, counts them, and reports completion once; a subclass
+/// holds the logic of its site.
+class WebDBInterface : public QObject {
+    Q_OBJECT
+
+public:
+    WebDBInterface(SiteDefinition resources, HVHTTPQueue &queue);
+    ~WebDBInterface() override;
+
+    /// The name of the source's class, under which definitions and reports know it.
+    [[nodiscard]] virtual QString className() const = 0;
+
+    // What is searched, and how; set before the search begins.
+    void setArtist(std::optional<QString> artist) { mArtist = std::move(artist); }
+    /// The artist in reversed form, tried where the first form fails.
+    void setAlternateArtist(std::optional<QString> artist) { mAlternateArtist = std::move(artist); }
+    void setSongTitle(std::optional<QString> title) { mSongTitle = std::move(title); }
+    void setAlbumTitle(std::optional<QString> title) { mAlbumTitle = std::move(title); }
+    void setIsCompilation(bool isCompilation) { mIsCompilation = isCompilation; }
+    void setMaxAlbums(int maxAlbums) { mMaxAlbums = maxAlbums; }
+    void setMinimumAcceptableImageSize(float pixels) { mMinImageWidth = pixels; }
+    void setAlbumSelectionMethod(AlbumPick method) { mAlbumSelectionMethod = method; }
+    void setAllowSubstringTrackMatches(Substrings allowed) { mAllowSubstrings = allowed; }
+    /// One bar shared by the sources of a task; may be null. (The name is spelled so.)
+    void setProgessIndicator(Progress *progress) { mProgress = progress; }
+
+    /// Starts the search; searchComplete() follows on a later turn, exactly once.
+    void beginSearch();
+    /// May come at any time after beginSearch(); searchComplete() still follows.
+    void cancelSearch();
+    [[nodiscard]] bool wasCancelled() const { return mWasCancelled; }
+    [[nodiscard]] const AlbumList &albums() const { return mAlbums; }
+    [[nodiscard]] int totalSearches() const { return mTotalSearches; }
+    [[nodiscard]] QString description() const;
+
+Q_SIGNALS:
+    void searchComplete();
+
+protected:
+    using Handler = std::function<void(const FetchResult &)>;
+
+    /// Queues the source's first fetches.
+    virtual void startSearch() = 0;
+
+    /// Queues a fetch, unless this instance queued that URL before. The result goes to
+    /// `returnMethod` unless the search was cancelled or the fetch gave no data; counting and
+    /// completion happen here.
+    void addSearchURL(const QUrl &url, Handler returnMethod, QueueEnd at = QueueEnd::Back);
+    /// Posts a form at once; false when the queue refused it.
+    bool postSearch(const QUrl &url, const QByteArray &form, Handler returnMethod);
+
+    /// Counts a search in flight that is no fetch of this instance, such as a wait for another
+    /// one; ended by finishedSearch() with the same object.
+    void addPlaceholderSearch(const QUrl &placeholder);
+    void finishedSearch(const QUrl &url);
+
+    [[nodiscard]] const std::optional<QString> &artist() const { return mArtist; }
+    [[nodiscard]] const std::optional<QString> &alternateArtist() const { return mAlternateArtist; }
+    [[nodiscard]] const std::optional<QString> &songTitle() const { return mSongTitle; }
+    [[nodiscard]] const std::optional<QString> &albumTitle() const { return mAlbumTitle; }
+    [[nodiscard]] bool isCompilation() const { return mIsCompilation; }
+    [[nodiscard]] int maxAlbums() const { return mMaxAlbums; }
+    [[nodiscard]] float minimumAcceptableImageSize() const { return mMinImageWidth; }
+    [[nodiscard]] AlbumPick albumSelectionMethod() const { return mAlbumSelectionMethod; }
+    [[nodiscard]] Substrings allowSubstrings() const { return mAllowSubstrings; }
+    [[nodiscard]] const SiteDefinition &resources() const { return mResources; }
+    [[nodiscard]] HVHTTPQueue &queue() { return mQueue; }
+    /// The page decoded by the definition's "charset", else as ISO Latin 1.
+    [[nodiscard]] QString pageText(const FetchResult &result) const;
+    /// Adds an album under this source's name.
+    void addAlbum(AlbumInfo album);
+
+private:
+    struct Waiting {
+        QUrl url;
+        Handler returnMethod;
+        QueueEnd at;
+    };
+
+    void maintainWaitingURLs();
+    void gotResult(const FetchResult &result, const Handler &returnMethod);
+    void notifyIfComplete();
+
+    SiteDefinition mResources;
+    HVHTTPQueue &mQueue;
+    Progress *mProgress = nullptr;
+    AlbumList mAlbums;
+    QList<QUrl> mLoadingURLs;
+    QList<QUrl> mAlreadyLoadedURLs;
+    std::vector<Waiting> mWaiting;
+    std::optional<QString> mArtist;
+    std::optional<QString> mAlternateArtist;
+    std::optional<QString> mSongTitle;
+    std::optional<QString> mAlbumTitle;
+    int mMaxAlbums = 50;
+    AlbumPick mAlbumSelectionMethod = AlbumPick::None;
+    int mTotalSearches = 0;
+    int mMaxSimulSearches = 8;
+    float mMinImageWidth = 0; ///< pixels
+    Substrings mAllowSubstrings = Substrings::Refuse;
+    bool mIsCompilation = false;
+    bool mWasCancelled = false;
+    bool mHasNotified = false;
+};

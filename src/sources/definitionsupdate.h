@@ -1,0 +1,36 @@
+#pragma once
+
+#include "base/clock.h"
+#include "gathering/httpqueue.h"
+#include "sources/sitedefinitionstore.h"
+
+#include <QObject>
+
+/// Fetches newer site definitions at most once a day. The addresses are build options; without
+/// one nothing is ever fetched.
+class DefinitionsUpdate : public QObject {
+    Q_OBJECT
+
+public:
+    DefinitionsUpdate(SiteDefinitionStore &store, QSettings &settings, HVHTTPQueue &queue,
+                      const Clock &clock = systemClock());
+
+    /// Other addresses than those of the build; "%@" stands for the version.
+    void setAddresses(const QString &address, const QString &fallbackAddress);
+    void checkDaily();
+
+Q_SIGNALS:
+    /// Newer definitions are in use from now on.
+    void merged();
+
+private:
+    void fetch(const QString &address);
+    void gotNewResources(const FetchResult &result, const QString &address);
+
+    SiteDefinitionStore &mStore;
+    QSettings &mSettings;
+    HVHTTPQueue &mQueue;
+    const Clock &mClock;
+    QString mAddress;
+    QString mFallbackAddress;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "gathering/sitedefinition.h"
+
+#include <QSettings>
+#include <QString>
+
+/// Where the live definitions come from and where newer ones are kept: the definitions stored by
+/// this version of the program, else the built-in "defaultres" (a file of that name in the
+/// user's data folder wins over it).
+class SiteDefinitionStore {
+public:
+    /// The release that these definitions were written for.
+    static constexpr int thisReleaseNumber = 116;
+
+    explicit SiteDefinitionStore(QSettings &settings);
+
+    /// The live definitions, loaded at the first call. Empty, with a log line, when there are
+    /// none that hold; the next call tries again.
+    const SiteDefinitions &liveResources();
+
+    struct Loaded {
+        SiteDefinitions definitions;
+        QString error; ///< one line that names the file or key; empty when it went well
+    };
+    /// The definitions in a property-list file, checked.
+    [[nodiscard]] static Loaded loadFile(const QString &path);
+
+    /// Uses these instead of the stored ones, for this process.
+    void useDefinitions(SiteDefinitions definitions);
+
+    /// Puts every top-level value of a newer set in place of the live one's and stores the
+    /// result. False, and nothing changes, when the data is no set that holds or is meant for
+    /// an older release.
+    bool mergeAndStore(const QByteArray &propertyList);
+
+private:
+    QSettings &mSettings;
+    SiteDefinitions mLive;
+};

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "tags/id3image.h"
+#include "tags/tagoptions.h"
+
+#include <QList>
+#include <QString>
+
+#include <limits>
+#include <memory>
+#include <optional>
+
+class QImage;
+
+enum class TagType { MP3, AAC, Cached };
+
+/// The metadata of one song, whatever the format of its file. A field that the file does not
+/// hold is absent, not empty.
+class AudioInfoTag {
+public:
+    /// The position of a song that is in no playlist, and of a genre that is in no table.
+    static constexpr int notFound = std::numeric_limits<int>::max();
+
+    AudioInfoTag() = default;
+    AudioInfoTag(const AudioInfoTag &) = delete;
+    AudioInfoTag &operator=(const AudioInfoTag &) = delete;
+    virtual ~AudioInfoTag() = default;
+
+    [[nodiscard]] virtual TagType type() const = 0;
+
+    [[nodiscard]] virtual std::optional<QString> title() const { return {}; }
+    [[nodiscard]] virtual std::optional<QString> artist() const { return {}; }
+    [[nodiscard]] virtual std::optional<QString> album() const { return {}; }
+    [[nodiscard]] virtual std::optional<QString> year() const { return {}; }
+    /// "N" or "N/M": number on the album, tracks on the album.
+    [[nodiscard]] virtual std::optional<QString> track() const { return {}; }
+    /// Several genres are separated by "/".
+    [[nodiscard]] virtual std::optional<QString> genres() const { return {}; }
+    [[nodiscard]] virtual std::optional<QString> lyrics() const { return {}; }
+    [[nodiscard]] virtual std::optional<QString> bpm() const { return {}; }
+    [[nodiscard]] virtual bool isPartOfCompilation() const { return false; }
+    [[nodiscard]] virtual QList<ID3Image> images() const { return {}; }
+    [[nodiscard]] virtual int numberOfImages() const;
+
+    // An empty text removes the field. Every setter of a concrete tag marks it as modified.
+    virtual void setTitle(const QString &) { }
+    virtual void setArtist(const QString &) { }
+    virtual void setAlbum(const QString &) { }
+    virtual void setYear(const QString &) { }
+    virtual void setTrack(const QString &) { }
+    virtual void setGenres(const QString &) { }
+    virtual void setLyrics(const QString &) { }
+    virtual void setBPM(const QString &) { }
+    virtual void setIsPartOfCompilation(bool) { }
+    virtual bool addImage(const ID3Image &) { return false; }
+    /// False when the tag has no images; an index beyond them is a mistake of the caller.
+    virtual bool removeImageAtIndex(int index);
+    void removeAllImages();
+
+    /// The version of the tag that was read, such as "2.3.0".
+    [[nodiscard]] virtual std::optional<QString> readVersion() const { return {}; }
+    /// The version that a write will produce.
+    [[nodiscard]] virtual std::optional<QString> writeVersion() const { return {}; }
+
+    /// Writes the tag into the file at `path`. The tag itself stays as it is, but for the
+    /// modified flag, which is cleared by success.
+    [[nodiscard]] virtual InPlaceFile::Outcome modifySongFileAtPath(const QString &path,
+                                                                    const WriteOptions &options);
+
+    // Where the song came from, and how far its tag can be trusted.
+    [[nodiscard]] bool isLazy() const { return mLazy; }
+    /// A lazy tag was made from summary data; it counts as unmodified.
+    void setIsLazy(bool isLazy);
+    [[nodiscard]] bool tagHasBeenModified() const { return mTagModified; }
+    void setTagHasBeenModified(bool modified) { mTagModified = modified; }
+    [[nodiscard]] bool encounteredProblemDecoding() const { return mEncounteredProblemDecoding; }
+    void setPlayList(const std::optional<QString> &playlist, int andIndex);
+    [[nodiscard]] const std::optional<QString> &playlist() const { return mPlaylist; }
+    /// `notFound` without a playlist.
+    [[nodiscard]] int playlistIndex() const;
+
+    // Values derived from the fields.
+    [[nodiscard]] int trackNumber() const;
+    /// The number after the "/"; without one, the track number itself (kept: files and lists
+    /// made so far count on it).
+    [[nodiscard]] int numberOfTracksOnAlbum() const;
+    /// "Lanterns, The" as "The Lanterns".
+    [[nodiscard]] std::optional<QString> normalizedArtist() const;
+    /// "The Lanterns" as "Lanterns, The".
+    [[nodiscard]] std::optional<QString> reversedArtist() const;
+    /// Whether title, artist, album, genres or year contain `text`, whatever the case.
+    [[nodiscard]] bool matchString(const QString &text) const;
+    /// Takes the title from the file name when there is none; the tag does not count as
+    /// modified by that.
+    void gatherTagsFromPathname(const QString &path);
+
+    /// The first picture, scaled into the given box and framed; a null image without pictures.
+    /// Stands in artworkicon.cpp.
+    [[nodiscard]] QImage imageIconNoLargerThan(double maxWidth, double maxHeight) const;
+
+protected:
+    void setEncounteredProblemDecoding() { mEncounteredProblemDecoding = true; }
+
+private:
+    /// Behind a pointer so that reading tags does not load a GUI library.
+    mutable std::shared_ptr<const QImage> mCachedIcon;
+    bool mTagModified = false;
+    bool mEncounteredProblemDecoding = false;
+    bool mLazy = false;
+    std::optional<QString> mPlaylist;
+    int mPlaylistIndex = notFound;
+};

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "tags/audioinfotag.h"
+#include "tags/framestore.h"
+
+#include <memory>
+
+class SongBytes;
+
+/// A stretch of a file, in bytes; (0, 0) for none.
+struct ByteRange {
+    qint64 location = 0;
+    qint64 length = 0;
+
+    bool operator==(const ByteRange &) const = default;
+};
+
+/// The tag of an MPEG audio file: ID3v2 at its front, ID3v1 at its end.
+class MP3InfoTag : public AudioInfoTag {
+public:
+    /// An empty tag that belongs to no file.
+    MP3InfoTag() = default;
+
+    /// The tag of the file; null, with a log line, when it cannot be read at all.
+    static std::unique_ptr<MP3InfoTag> tagWithPath(const QString &path, const ReadOptions &options);
+    static std::unique_ptr<MP3InfoTag> tagWithBytes(const SongBytes &song,
+                                                    const ReadOptions &options);
+
+    [[nodiscard]] TagType type() const override { return TagType::MP3; }
+
+    [[nodiscard]] std::optional<QString> title() const override;
+    [[nodiscard]] std::optional<QString> artist() const override;
+    [[nodiscard]] std::optional<QString> album() const override;
+    [[nodiscard]] std::optional<QString> year() const override;
+    [[nodiscard]] std::optional<QString> track() const override;
+    [[nodiscard]] std::optional<QString> genres() const override;
+    [[nodiscard]] std::optional<QString> lyrics() const override;
+    [[nodiscard]] std::optional<QString> bpm() const override;
+    [[nodiscard]] bool isPartOfCompilation() const override;
+    [[nodiscard]] QList<ID3Image> images() const override;
+    [[nodiscard]] int numberOfImages() const override;
+
+    void setTitle(const QString &title) override;
+    void setArtist(const QString &artist) override;
+    void setAlbum(const QString &album) override;
+    void setYear(const QString &year) override;
+    void setTrack(const QString &track) override;
+    void setGenres(const QString &genres) override;
+    void setLyrics(const QString &lyrics) override;
+    void setBPM(const QString &bpm) override;
+    void setIsPartOfCompilation(bool isPartOfCompilation) override;
+    bool addImage(const ID3Image &image) override;
+    bool removeImageAtIndex(int index) override;
+
+    [[nodiscard]] std::optional<QString> readVersion() const override { return mReadVersion; }
+    [[nodiscard]] std::optional<QString> writeVersion() const override;
+    [[nodiscard]] InPlaceFile::Outcome modifySongFileAtPath(const QString &path,
+                                                            const WriteOptions &options) override;
+
+    [[nodiscard]] const FrameStore &frames() const { return mFrames; }
+    [[nodiscard]] ByteRange id3v1Range() const { return mID3v1Range; }
+    [[nodiscard]] ByteRange id3v2Range() const { return mID3v2Range; }
+
+private:
+    void setString(const QString &string, const QString &forV22, const QString &orForV24);
+    [[nodiscard]] bool isVersion22() const;
+
+    FrameStore mFrames;
+    std::optional<QString> mReadVersion;
+    ByteRange mID3v1Range;
+    ByteRange mID3v2Range;
+};
