@@ -23,6 +23,10 @@
         <source>“%1” by %2 cannot be changed: %3</source>
         <translation>“%1” by %2 cannot be changed: %3</translation>
     </message>
+    <message id="ErrorCannotOpenForRead">
+        <source>The file cannot be opened for reading</source>
+        <translation>The file cannot be opened for reading</translation>
+    </message>
     <message id="ErrorCannotOpenForWrite">
         <source>The file cannot be opened for writing</source>
         <translation>The file cannot be opened for writing</translation>

@@ -49,6 +49,8 @@ public:
 
     /// The tag, read now if none is held; null when the file is no song.
     AudioInfoTag *infotag();
+    /// Why the last infotag() gave none: one line for the user.
+    [[nodiscard]] const QString &reasonOfNoTag() const { return mReasonOfNoTag; }
     void adoptInfotag(std::unique_ptr<AudioInfoTag> tag);
     /// Drops a tag made from summary data, so that the next infotag() reads the file.
     void ensureInfotagIsReal();
@@ -84,6 +86,7 @@ private:
     std::unique_ptr<FileReference> mAlias;
     std::optional<QDateTime> mModDate;
     std::unique_ptr<AudioInfoTag> mInfotag;
+    QString mReasonOfNoTag;
     std::optional<QString> mOriginalTitle;
     std::optional<QString> mOriginalArtist;
     bool mIsWritableFile = false;
