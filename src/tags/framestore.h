@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tags/id3image.h"
+#include "tags/textblock.h"
 
 #include <QByteArray>
 #include <QString>
@@ -9,15 +10,6 @@
 #include <optional>
 #include <variant>
 #include <vector>
-
-/// Lyrics (or a comment): what "USLT" and "ULT" frames hold.
-struct TextBlock {
-    std::optional<QString> text;
-    std::optional<QString> desc; ///< the content descriptor
-    std::optional<QString> lang; ///< three letters
-
-    bool operator==(const TextBlock &) const = default;
-};
 
 /// What a frame holds: the strings of a recognised text frame, lyrics, a picture, or else raw
 /// bytes (for v2.3 and v2.4 the two flag bytes and the body, for v2.2 the body).

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "tags/framestore.h"
-#include "tags/mp3infotag.h"
+#include "tags/id3contents.h"
 #include "tags/tagoptions.h"
 
 #include <QByteArrayView>
@@ -9,15 +8,6 @@
 #include <optional>
 
 class SongBytes;
-
-/// What reading the ID3 tags of a file gave.
-struct ID3Contents {
-    FrameStore frames;
-    std::optional<QString> readVersion;
-    ByteRange id3v1Range;
-    ByteRange id3v2Range;
-    bool encounteredProblem = false;
-};
 
 namespace ID3Reader {
 

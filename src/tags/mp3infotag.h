@@ -2,18 +2,11 @@
 
 #include "tags/audioinfotag.h"
 #include "tags/framestore.h"
+#include "tags/id3contents.h"
 
 #include <memory>
 
 class SongBytes;
-
-/// A stretch of a file, in bytes; (0, 0) for none.
-struct ByteRange {
-    qint64 location = 0;
-    qint64 length = 0;
-
-    bool operator==(const ByteRange &) const = default;
-};
 
 /// The tag of an MPEG audio file: ID3v2 at its front, ID3v1 at its end.
 class MP3InfoTag : public AudioInfoTag {

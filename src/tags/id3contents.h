@@ -1,0 +1,24 @@
+#pragma once
+
+#include "tags/framestore.h"
+
+#include <QString>
+
+#include <optional>
+
+/// A stretch of a file, in bytes; (0, 0) for none.
+struct ByteRange {
+    qint64 location = 0;
+    qint64 length = 0;
+
+    bool operator==(const ByteRange &) const = default;
+};
+
+/// What reading the ID3 tags of a file gave.
+struct ID3Contents {
+    FrameStore frames;
+    std::optional<QString> readVersion; ///< such as "2.3.0"; "1.1" or "1.0" for ID3v1
+    ByteRange id3v1Range;
+    ByteRange id3v2Range; ///< header included
+    bool encounteredProblem = false;
+};
