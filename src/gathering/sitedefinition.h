@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
@@ -20,14 +21,18 @@ public:
     [[nodiscard]] std::optional<QString> text(const QString &key) const;
     /// Empty when the key is missing.
     [[nodiscard]] QString textOrEmpty(const QString &key) const;
-    /// Numbers may stand as texts; 0 when the key is missing.
+    /// Numbers may stand as texts; 0 when the key is missing. A fraction is cut off.
     [[nodiscard]] int integer(const QString &key) const;
     [[nodiscard]] double number(const QString &key) const;
     /// A parse specification, or any other dictionary below the key.
     [[nodiscard]] std::optional<QVariantMap> dictionary(const QString &key) const;
     [[nodiscard]] bool holds(const QStringList &keys) const;
-    /// The format below `key` with `value` put in place of "%@"; nothing without the key.
-    [[nodiscard]] std::optional<QString> formatted(const QString &key, const QString &value) const;
+    /// The format below `key` with the values put in place of "%@" or "%d", in order; nothing
+    /// when the key is missing or its format empty.
+    [[nodiscard]] std::optional<QString> formatted(const QString &key,
+                                                   const QStringList &values) const;
+    /// The hosts of the addresses in it, each once.
+    [[nodiscard]] QStringList hosts() const;
     [[nodiscard]] const QVariantMap &values() const { return mValues; }
 
 private:
@@ -54,6 +59,3 @@ public:
 private:
     QVariantMap mValues;
 };
-
-/// Why a set of definitions must not be used: one line that names the key. Nothing when it holds.
-[[nodiscard]] std::optional<QString> problemOfDefinitions(const QVariantMap &values);

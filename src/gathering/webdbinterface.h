@@ -5,9 +5,10 @@
 #include "gathering/sitedefinition.h"
 
 #include <QObject>
+#include <QSet>
 #include <QUrl>
 
-#include <vector>
+#include <deque>
 
 class Progress;
 
@@ -40,7 +41,8 @@ public:
 
     /// Starts the search; searchComplete() follows on a later turn, exactly once.
     void beginSearch();
-    /// May come at any time after beginSearch(); searchComplete() still follows.
+    /// May come at any time after beginSearch(); searchComplete() still follows. Fetches under
+    /// way are cancelled, nothing new starts, and no return method is called any more.
     void cancelSearch();
     [[nodiscard]] bool wasCancelled() const { return mWasCancelled; }
     [[nodiscard]] const AlbumList &albums() const { return mAlbums; }
@@ -56,15 +58,14 @@ protected:
     /// Queues the source's first fetches.
     virtual void startSearch() = 0;
 
-    /// Queues a fetch, unless this instance queued that URL before. The result goes to
-    /// `returnMethod` unless the search was cancelled or the fetch gave no data; counting and
-    /// completion happen here.
+    /// Queues a fetch, unless the URL is none or this instance queued it before. Its result, also
+    /// one without data, is counted off here and then goes to `returnMethod`.
     void addSearchURL(const QUrl &url, Handler returnMethod, QueueEnd at = QueueEnd::Back);
-    /// Posts a form at once; false when the queue refused it.
+    /// Posts a form at once, beside the waiting fetches; false when the queue refused it.
     bool postSearch(const QUrl &url, const QByteArray &form, Handler returnMethod);
 
-    /// Counts a search in flight that is no fetch of this instance, such as a wait for another
-    /// one; ended by finishedSearch() with the same object.
+    /// Counts a search in flight that waits for no place in the queue; finishedSearch() with the
+    /// same object ends it, also after a cancel.
     void addPlaceholderSearch(const QUrl &placeholder);
     void finishedSearch(const QUrl &url);
 
@@ -79,9 +80,13 @@ protected:
     [[nodiscard]] Substrings allowSubstrings() const { return mAllowSubstrings; }
     [[nodiscard]] const SiteDefinition &resources() const { return mResources; }
     [[nodiscard]] HVHTTPQueue &queue() { return mQueue; }
-    /// The page decoded by the definition's "charset", else as ISO Latin 1.
+    /// The page decoded by the definition's "charset", else as ISO Latin 1; empty without data.
     [[nodiscard]] QString pageText(const FetchResult &result) const;
-    /// Adds an album under this source's name.
+    /// The same for sites where an answer of 99 bytes or fewer is none: nothing then, and the
+    /// queue forgets it, so that a later search fetches the page afresh.
+    [[nodiscard]] std::optional<QString> usablePage(const FetchResult &result);
+    /// Adds an album under this source's name. With the last of maxAlbums() nothing further is
+    /// fetched.
     void addAlbum(AlbumInfo album);
 
 private:
@@ -91,17 +96,19 @@ private:
         QueueEnd at;
     };
 
+    void keepPace();
     void maintainWaitingURLs();
     void gotResult(const FetchResult &result, const Handler &returnMethod);
-    void notifyIfComplete();
+    void notifyWhenComplete();
+    void notifySearchComplete();
 
     SiteDefinition mResources;
     HVHTTPQueue &mQueue;
     Progress *mProgress = nullptr;
     AlbumList mAlbums;
     QList<QUrl> mLoadingURLs;
-    QList<QUrl> mAlreadyLoadedURLs;
-    std::vector<Waiting> mWaiting;
+    QSet<QUrl> mAlreadyLoadedURLs;
+    std::deque<Waiting> mWaiting;
     std::optional<QString> mArtist;
     std::optional<QString> mAlternateArtist;
     std::optional<QString> mSongTitle;

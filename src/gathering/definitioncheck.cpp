@@ -1,0 +1,213 @@
+#include "gathering/definitioncheck.h"
+
+#include "gathering/definitionformat.h"
+#include "gathering/definitionschema.h"
+
+#include <QStringDecoder>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace {
+
+/// What is wrong with a value, such as "is no text"; nothing when it is of its kind.
+using Fault = std::optional<QString>;
+
+Fault faultUnless(bool holds, const char *fault)
+{
+    return holds ? Fault() : QString::fromUtf8(fault);
+}
+
+bool isText(const QVariant &value)
+{
+    return value.typeId() == QMetaType::QString;
+}
+
+bool isNumber(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+    case QMetaType::Bool:
+        return true;
+    default:
+        break;
+    }
+    bool isNumeric = false;
+    if (isText(value))
+        value.toString().toDouble(&isNumeric);
+    return isNumeric;
+}
+
+bool isFetchable(const QUrl &url)
+{
+    const QString scheme = url.scheme();
+    return url.isValid() && !url.host().isEmpty()
+        && (scheme == QLatin1String("http") || scheme == QLatin1String("https"));
+}
+
+bool beginsAsAddress(const QString &text)
+{
+    return text.startsWith(QLatin1String("http:"), Qt::CaseInsensitive)
+        || text.startsWith(QLatin1String("https:"), Qt::CaseInsensitive);
+}
+
+Fault faultOfFormat(const QVariant &value, const QStringList &placeholders)
+{
+    if (!isText(value))
+        return QStringLiteral("is no text");
+    const QString format = value.toString();
+    if (format.isEmpty() || placeholdersOf(format) == placeholders)
+        return std::nullopt;
+    return QStringLiteral("must hold %1 and no other placeholder (%% is a percent sign)")
+        .arg(placeholders.join(QLatin1String(", ")));
+}
+
+/// A format whose host depends on what is put in would let a page or a tag choose the host.
+Fault faultOfAddressFormat(const QVariant &value, const QStringList &placeholders)
+{
+    const Fault fault = faultOfFormat(value, placeholders);
+    const QString format = value.toString();
+    if (fault || format.isEmpty())
+        return fault;
+    const QUrl one(filledFormat(format, {QStringLiteral("1"), QStringLiteral("1")}));
+    const QUrl other(filledFormat(format, {QStringLiteral("2"), QStringLiteral("2")}));
+    if (!isFetchable(one) || !isFetchable(other))
+        return QStringLiteral("is no http or https address");
+    return faultUnless(one.authority() == other.authority(), "has a placeholder in its host");
+}
+
+Fault faultOfAddress(const QVariant &value)
+{
+    if (!isText(value))
+        return QStringLiteral("is no text");
+    const QString address = value.toString();
+    return faultUnless(address.isEmpty() || isFetchable(QUrl(address)),
+                       "is no http or https address");
+}
+
+Fault faultOfPrefix(const QVariant &value)
+{
+    if (!isText(value))
+        return QStringLiteral("is no text");
+    const QString prefix = value.toString();
+    return faultUnless(prefix.isEmpty() || beginsAsAddress(prefix),
+                       "does not begin as an http or https address");
+}
+
+Fault faultOfCharset(const QVariant &value)
+{
+    return faultUnless(isText(value)
+                           && QStringDecoder(value.toString().toLatin1().constData()).isValid(),
+                       "is no known character encoding");
+}
+
+Fault faultOfTextList(const QVariant &value)
+{
+    const QVariantList list = value.toList();
+    return faultUnless(value.typeId() == QMetaType::QVariantList
+                           && std::all_of(list.begin(), list.end(), isText),
+                       "is no list of texts");
+}
+
+Fault faultOfTextTable(const QVariant &value)
+{
+    const QVariantMap table = value.toMap();
+    return faultUnless(value.typeId() == QMetaType::QVariantMap && !table.contains(QString())
+                           && std::all_of(table.begin(), table.end(), isText),
+                       "is no table from texts to texts");
+}
+
+Fault faultOfDictionary(const QVariant &value, std::span<const DefinitionKey> schema);
+
+Fault faultOfValue(const QVariant &value, DefinitionKind kind)
+{
+    const QString textPlaceholder = QStringLiteral("%@");
+    switch (kind) {
+    case DefinitionKind::Text:
+        return faultUnless(isText(value), "is no text");
+    case DefinitionKind::TextFormat:
+        return faultOfFormat(value, {textPlaceholder});
+    case DefinitionKind::TrackFormat:
+        return faultOfFormat(value, {QStringLiteral("%d")});
+    case DefinitionKind::Address:
+        return faultOfAddress(value);
+    case DefinitionKind::AddressPrefix:
+        return faultOfPrefix(value);
+    case DefinitionKind::AddressFormat:
+        return faultOfAddressFormat(value, {textPlaceholder});
+    case DefinitionKind::ArtistTitleAddressFormat:
+        return faultOfAddressFormat(value, {textPlaceholder, textPlaceholder});
+    case DefinitionKind::ParseSpecification:
+        return faultOfDictionary(value, parseSpecificationSchema());
+    case DefinitionKind::Integer:
+    case DefinitionKind::Number:
+    case DefinitionKind::Switch:
+        return faultUnless(isNumber(value), "is no number");
+    case DefinitionKind::Charset:
+        return faultOfCharset(value);
+    case DefinitionKind::TextList:
+        return faultOfTextList(value);
+    case DefinitionKind::TextTable:
+        return faultOfTextTable(value);
+    }
+    return std::nullopt;
+}
+
+/// "KEY is no text", or "KEY/INNER is no text" when the fault lies inside the value.
+QString faultBelow(const QString &key, const QString &fault)
+{
+    return fault.startsWith(u'/') ? key + fault : key + u' ' + fault;
+}
+
+/// "KEY FAULT" of the first entry that is not of its kind.
+Fault faultOfEntries(const QVariantMap &values, std::span<const DefinitionKey> schema)
+{
+    for (const auto &[key, kind] : schema) {
+        const auto found = values.constFind(QLatin1String(key));
+        if (found == values.constEnd())
+            continue;
+        if (const Fault fault = faultOfValue(*found, kind))
+            return faultBelow(QLatin1String(key), *fault);
+    }
+    return std::nullopt;
+}
+
+/// "is no dictionary", or "/KEY FAULT" of an entry of it.
+Fault faultOfDictionary(const QVariant &value, std::span<const DefinitionKey> schema)
+{
+    if (value.typeId() != QMetaType::QVariantMap)
+        return QStringLiteral("is no dictionary");
+    const Fault fault = faultOfEntries(value.toMap(), schema);
+    return fault ? u'/' + *fault : fault;
+}
+
+std::span<const DefinitionKey> schemaOf(const QString &className)
+{
+    const auto schemas = sourceSchemas();
+    const auto found = std::find_if(schemas.begin(), schemas.end(), [&](const auto &schema) {
+        return className == QLatin1String(schema.className);
+    });
+    return found == schemas.end() ? std::span<const DefinitionKey>() : found->keys;
+}
+
+} // namespace
+
+std::optional<QString> problemOfDefinitions(const QVariantMap &values)
+{
+    if (const Fault fault = faultOfEntries(values, topLevelSchema()))
+        return fault;
+    const QString resourcePrefix = QStringLiteral("res_");
+    for (auto entry = values.begin(); entry != values.end(); ++entry) {
+        if (!entry.key().startsWith(resourcePrefix))
+            continue;
+        Fault fault = faultOfDictionary(*entry, commonSchema());
+        if (!fault)
+            fault = faultOfDictionary(*entry, schemaOf(entry.key().mid(resourcePrefix.size())));
+        if (fault)
+            return faultBelow(entry.key(), *fault);
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,182 @@
+#include "gathering/definitionschema.h"
+
+#include <array>
+
+namespace {
+
+using enum DefinitionKind;
+
+constexpr std::array topLevel{
+    DefinitionKey{"sourcelist", TextList},
+    DefinitionKey{"simplifiers", TextTable},
+    DefinitionKey{"genres", TextList},
+    DefinitionKey{"lyricsSubstitutions", TextTable},
+    DefinitionKey{"clearCacheAtLaunch", Integer},
+    DefinitionKey{"latestReleaseNumber", Integer},
+    DefinitionKey{"latestVersion", Text},
+    DefinitionKey{"latestDLLocation", Address},
+    DefinitionKey{"latestReleaseNotes", Text},
+};
+
+constexpr std::array common{
+    DefinitionKey{"simulConns", Integer},
+    DefinitionKey{"maxPossibleArtWidth", Integer},
+    DefinitionKey{"charset", Charset},
+    DefinitionKey{"minInterval", Number},
+};
+
+constexpr std::array parseSpecification{
+    DefinitionKey{"listBegin", Text},  DefinitionKey{"listEnd", Text},
+    DefinitionKey{"entryBegin", Text}, DefinitionKey{"textBegin", Text},
+    DefinitionKey{"textEnd", Text},
+};
+
+constexpr std::array freeDB{
+    DefinitionKey{"queryPOST", Address},
+    DefinitionKey{"parseAlbumList", ParseSpecification},
+    DefinitionKey{"firstResultsFragment", Text},
+    DefinitionKey{"moreResultsFragment", Text},
+    DefinitionKey{"discInfoURL", AddressFormat},
+    DefinitionKey{"albumResultDelimiter", Text},
+};
+
+constexpr std::array cdUniverse{
+    DefinitionKey{"queryAlbumTitle", AddressFormat},
+    DefinitionKey{"queryArtistName", AddressFormat},
+    DefinitionKey{"multiMatch", Text},
+    DefinitionKey{"multiURLPrefix", AddressPrefix},
+    DefinitionKey{"multiMatchParse", ParseSpecification},
+    DefinitionKey{"artistBegin", Text},
+    DefinitionKey{"albumBegin", Text},
+    DefinitionKey{"albumEnd", Text},
+    DefinitionKey{"rootURLPrefix", AddressPrefix},
+    DefinitionKey{"albumListParse", ParseSpecification},
+    DefinitionKey{"parseAlbumArtist", Text},
+    DefinitionKey{"parseAlbumTitle", Text},
+    DefinitionKey{"parseAlbumArtURLBegin", Text},
+    DefinitionKey{"parseAlbumArtURLEnd", Text},
+    DefinitionKey{"parseAlbumGenre1", Text},
+    DefinitionKey{"parseAlbumGenre2", Text},
+    DefinitionKey{"parseAlbumTrack", TrackFormat},
+    DefinitionKey{"parseAlbumYear1", Text},
+    DefinitionKey{"parseAlbumYear2", Text},
+};
+
+constexpr std::array tower{
+    DefinitionKey{"queryAlbumName", AddressFormat},
+    DefinitionKey{"querySongName", AddressFormat},
+    DefinitionKey{"baseURLPrefix", Address},
+    DefinitionKey{"albumLinkPrefix", Text},
+    DefinitionKey{"albumTitleAfter", Text},
+    DefinitionKey{"albumArtistAfter", Text},
+    DefinitionKey{"albumPageListIndicator", Text},
+    DefinitionKey{"parseAlbumPageList", ParseSpecification},
+    DefinitionKey{"parseAlbumList", ParseSpecification},
+    DefinitionKey{"parseAlbumArtist", Text},
+    DefinitionKey{"parseAlbumTitle", Text},
+    DefinitionKey{"parseAlbumArtURL", Text},
+    DefinitionKey{"parseAlbumGenre1", Text},
+    DefinitionKey{"parseAlbumGenre2", Text},
+    DefinitionKey{"parseAlbumTrack", TrackFormat},
+    DefinitionKey{"parseAlbumYear1", Text},
+    DefinitionKey{"parseAlbumYear2", Text},
+};
+
+constexpr std::array googleImage{
+    DefinitionKey{"queryArtistAndAlbum", AddressFormat},
+    DefinitionKey{"similarThreshold", Integer},
+    DefinitionKey{"scriptTrim", Text},
+    DefinitionKey{"scriptParse", ParseSpecification},
+    DefinitionKey{"scriptChunkOrder", Text},
+    DefinitionKey{"htmlPrefix", AddressPrefix},
+    DefinitionKey{"htmlDelimiters", Text},
+    DefinitionKey{"htmlParse", ParseSpecification},
+};
+
+constexpr std::array bestCovers{
+    DefinitionKey{"baseURL", Address}, DefinitionKey{"query", TextFormat},
+    DefinitionKey{"linkBegin", Text},  DefinitionKey{"listBegin", Text},
+    DefinitionKey{"listEnd", Text},    DefinitionKey{"entryBegin", Text},
+    DefinitionKey{"textBegin", Text},  DefinitionKey{"textEnd", Text},
+};
+
+constexpr std::array coverKingdom{
+    DefinitionKey{"baseURL", Address},
+    DefinitionKey{"query", TextFormat},
+    DefinitionKey{"coverAudioPrefix", Address},
+    DefinitionKey{"mainListParse", ParseSpecification},
+    DefinitionKey{"resourceListParse", ParseSpecification},
+};
+
+constexpr std::array ckDigest{
+    DefinitionKey{"prefix", AddressPrefix},
+};
+
+constexpr std::array fredoCovers{
+    DefinitionKey{"prefix", AddressPrefix},
+    DefinitionKey{"suffix", Text},
+};
+
+constexpr std::array lyricsAndSongs{
+    DefinitionKey{"queryArtistTitle", ArtistTitleAddressFormat},
+    DefinitionKey{"parseSearchResults", ParseSpecification},
+    DefinitionKey{"linkPrefix", Text},
+    DefinitionKey{"lyricHead", Text},
+    DefinitionKey{"lyricFoot", Text},
+    DefinitionKey{"adBegin", Text},
+    DefinitionKey{"adEnd", Text},
+};
+
+constexpr std::array leosLyrics{
+    DefinitionKey{"queryArtistTitle", ArtistTitleAddressFormat},
+    DefinitionKey{"parseSearchResults", ParseSpecification},
+    DefinitionKey{"baseURL", AddressPrefix},
+    DefinitionKey{"keepLooking", Switch},
+    DefinitionKey{"nextResultsPage", Text},
+    DefinitionKey{"lyricHead", Text},
+    DefinitionKey{"lyricFoot", Text},
+    DefinitionKey{"lineBreak", Text},
+};
+
+constexpr std::array askLyrics{
+    DefinitionKey{"queryArtist", AddressFormat},
+    DefinitionKey{"artistListParse", ParseSpecification},
+    DefinitionKey{"songListParse", ParseSpecification},
+    DefinitionKey{"linkPrefix", Text},
+};
+
+constexpr std::array sources{
+    SourceSchema{"FreeDBInterface", freeDB},
+    SourceSchema{"CDUniverseInterface", cdUniverse},
+    SourceSchema{"TowerInterface", tower},
+    SourceSchema{"GoogleImageInterface", googleImage},
+    SourceSchema{"BestCoversInterface", bestCovers},
+    SourceSchema{"CoverKingdomInterface", coverKingdom},
+    SourceSchema{"CKDigestInterface", ckDigest},
+    SourceSchema{"FredoCoversInterface", fredoCovers},
+    SourceSchema{"LyricsAndSongsInterface", lyricsAndSongs},
+    SourceSchema{"LeosLyricsInterface", leosLyrics},
+    SourceSchema{"AskLyricsInterface", askLyrics},
+};
+
+} // namespace
+
+std::span<const DefinitionKey> topLevelSchema()
+{
+    return topLevel;
+}
+
+std::span<const DefinitionKey> commonSchema()
+{
+    return common;
+}
+
+std::span<const SourceSchema> sourceSchemas()
+{
+    return sources;
+}
+
+std::span<const DefinitionKey> parseSpecificationSchema()
+{
+    return parseSpecification;
+}

@@ -1,0 +1,181 @@
+#include "gathering/webdbinterface.h"
+
+#include "base/nextturn.h"
+#include "base/progress.h"
+#include "gathering/decodedpage.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace {
+
+constexpr int defaultSimultaneousSearches = 8;
+
+/// A bar measures, instead of spinning, from the search after this many.
+constexpr double searchesWhileSpinning = 4;
+
+/// Sites answer "nothing found" and errors this shortly.
+constexpr qsizetype longestUselessPage = 99;
+
+/// A definition cannot stop a search by asking for ages between two fetches.
+constexpr double longestInterval = 60; // seconds
+
+} // namespace
+
+WebDBInterface::WebDBInterface(SiteDefinition resources, HVHTTPQueue &queue)
+    : mResources(std::move(resources))
+    , mQueue(queue)
+{
+}
+
+WebDBInterface::~WebDBInterface() = default;
+
+void WebDBInterface::beginSearch()
+{
+    const int fromDefinition = mResources.integer(QStringLiteral("simulConns"));
+    mMaxSimulSearches = fromDefinition > 0 ? fromDefinition : defaultSimultaneousSearches;
+    keepPace();
+    startSearch();
+    notifyWhenComplete();
+}
+
+void WebDBInterface::keepPace()
+{
+    const double seconds =
+        std::min(mResources.number(QStringLiteral("minInterval")), longestInterval);
+    if (!(seconds > 0))
+        return;
+    const auto interval = std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::duration<double>(seconds));
+    const QStringList hosts = mResources.hosts();
+    for (const QString &host : hosts)
+        mQueue.setMinInterval(host, interval);
+}
+
+void WebDBInterface::cancelSearch()
+{
+    mWasCancelled = true;
+    mWaiting.clear();
+    const QList<QUrl> loading = mLoadingURLs;
+    for (auto url = loading.crbegin(); url != loading.crend(); ++url)
+        mQueue.cancelURL(*url, this);
+    notifyWhenComplete();
+}
+
+void WebDBInterface::addSearchURL(const QUrl &url, Handler returnMethod, QueueEnd at)
+{
+    if (mWasCancelled || !url.isValid() || mAlreadyLoadedURLs.contains(url))
+        return;
+    mAlreadyLoadedURLs.insert(url);
+    Waiting search{url, std::move(returnMethod), at};
+    if (at == QueueEnd::Front)
+        mWaiting.push_front(std::move(search));
+    else
+        mWaiting.push_back(std::move(search));
+    ++mTotalSearches;
+    if (mProgress) {
+        if (mProgress->maximum() > searchesWhileSpinning)
+            mProgress->setIndeterminate(false);
+        mProgress->setMaximum(mProgress->maximum() + 1);
+    }
+    maintainWaitingURLs();
+}
+
+bool WebDBInterface::postSearch(const QUrl &url, const QByteArray &form, Handler returnMethod)
+{
+    const auto gotPage = [this, returnMethod = std::move(returnMethod)](const FetchResult &result) {
+        gotResult(result, returnMethod);
+    };
+    if (mWasCancelled || !mQueue.postURL(url, this, gotPage, form))
+        return false;
+    addPlaceholderSearch(url);
+    return true;
+}
+
+void WebDBInterface::addPlaceholderSearch(const QUrl &placeholder)
+{
+    mLoadingURLs << placeholder;
+    ++mTotalSearches;
+    if (mProgress)
+        mProgress->setMaximum(mProgress->maximum() + 1);
+}
+
+void WebDBInterface::finishedSearch(const QUrl &url)
+{
+    if (!mLoadingURLs.removeOne(url))
+        return;
+    if (mProgress)
+        mProgress->advance(1);
+    maintainWaitingURLs();
+    notifyWhenComplete();
+}
+
+void WebDBInterface::maintainWaitingURLs()
+{
+    while (!mWaiting.empty() && mLoadingURLs.size() < mMaxSimulSearches) {
+        Waiting search = std::move(mWaiting.front());
+        mWaiting.pop_front();
+        mLoadingURLs << search.url;
+        mQueue.addURL(
+            search.url, this,
+            [this, returnMethod = std::move(search.returnMethod)](const FetchResult &result) {
+                gotResult(result, returnMethod);
+            },
+            search.at);
+    }
+}
+
+void WebDBInterface::gotResult(const FetchResult &result, const Handler &returnMethod)
+{
+    finishedSearch(result.url);
+    if (!mWasCancelled)
+        returnMethod(result);
+}
+
+// Whether the search is complete is decided on the next turn: a fetch is counted off before its
+// return method runs, which may queue further ones.
+void WebDBInterface::notifyWhenComplete()
+{
+    if (mLoadingURLs.isEmpty())
+        onNextTurn(this, [this] { notifySearchComplete(); });
+}
+
+void WebDBInterface::notifySearchComplete()
+{
+    if (mHasNotified || !mLoadingURLs.isEmpty())
+        return;
+    mHasNotified = true;
+    Q_EMIT searchComplete();
+}
+
+QString WebDBInterface::pageText(const FetchResult &result) const
+{
+    return decodedPage(result.data, mResources.textOrEmpty(QStringLiteral("charset")));
+}
+
+std::optional<QString> WebDBInterface::usablePage(const FetchResult &result)
+{
+    if (result.data.size() > longestUselessPage)
+        return pageText(result);
+    mQueue.removeURLFromCache(result.url);
+    return std::nullopt;
+}
+
+void WebDBInterface::addAlbum(AlbumInfo album)
+{
+    if (mAlbums.size() >= mMaxAlbums)
+        return;
+    album.setSourceInterfaceName(className());
+    mAlbums << std::move(album);
+    if (mAlbums.size() >= mMaxAlbums)
+        mWaiting.clear();
+}
+
+QString WebDBInterface::description() const
+{
+    const QString none = QStringLiteral("(null)");
+    return QStringLiteral("<%1 0x%2 artist='%3' song='%4' album='%5' gathered=%6>")
+        .arg(className(), QString::number(reinterpret_cast<quintptr>(this), 16),
+             mArtist.value_or(none), mSongTitle.value_or(none), mAlbumTitle.value_or(none),
+             QString::number(mAlbums.size()));
+}
