@@ -1,18 +1,11 @@
 #pragma once
 
 #include "tags/framestore.h"
+#include "tags/id3ranges.h"
 
 #include <QString>
 
 #include <optional>
-
-/// A stretch of a file, in bytes; (0, 0) for none.
-struct ByteRange {
-    qint64 location = 0;
-    qint64 length = 0;
-
-    bool operator==(const ByteRange &) const = default;
-};
 
 /// What reading the ID3 tags of a file gave.
 struct ID3Contents {
