@@ -1,5 +1,6 @@
 #include "text/integervalue.h"
 
+#include <algorithm>
 #include <limits>
 
 int integerValue(QStringView text)
@@ -16,5 +17,5 @@ int integerValue(QStringView text)
         value = value * 10 + (text[at].unicode() - u'0');
     if (negative)
         value = -value;
-    return static_cast<int>(qBound<qint64>(Limits::min(), value, Limits::max()));
+    return static_cast<int>(std::clamp<qint64>(value, Limits::min(), Limits::max()));
 }
