@@ -13,7 +13,10 @@ class Engine {
 public:
     enum class Definitions { Live, Fixed };
 
-    Engine();
+    /// Where fetched pages are kept: on disk for the next run, or as long as the process only.
+    enum class Pages { OnDisk, InMemory };
+
+    explicit Engine(Pages pages = Pages::OnDisk);
     Engine(const Engine &) = delete;
     Engine &operator=(const Engine &) = delete;
 

@@ -1,0 +1,291 @@
+#include "cli/commandline.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QFile>
+
+#include <map>
+#include <sstream>
+
+namespace {
+
+/// The words of --want and --overwrite.
+const std::map<std::string, Asset> assetWords{
+    {"title", AssetSongTitle}, {"album", AssetAlbumName}, {"year", AssetYear},
+    {"track", AssetTrack},     {"genre", AssetGenre},     {"lyrics", AssetLyrics},
+    {"artwork", AssetArtwork},
+};
+
+constexpr std::array fieldNames{
+    "title",  "artist", "album", "year",        "track",
+    "genres", "lyrics", "bpm",   "compilation", "artwork",
+};
+
+Assets allAssets()
+{
+    Assets all;
+    for (const auto &[word, asset] : assetWords)
+        all |= asset;
+    return all;
+}
+
+enum class MayBeNone { No, Yes };
+
+Assets assetsOf(const std::string &list, MayBeNone mayBeNone)
+{
+    if (list == "all")
+        return allAssets();
+    if (list == "none" && mayBeNone == MayBeNone::Yes)
+        return {};
+    Assets assets;
+    std::istringstream words(list);
+    for (std::string word; std::getline(words, word, ',');) {
+        const auto found = assetWords.find(word);
+        if (found == assetWords.end())
+            throw CLI::ValidationError("\"" + word + "\" is no kind of information");
+        assets |= found->second;
+    }
+    if (!assets)
+        throw CLI::ValidationError("the list of kinds of information is empty");
+    return assets;
+}
+
+/// An argument is an assignment when it begins with the name of a field and "=".
+std::optional<FieldAssignment> assignmentIn(const std::string &argument)
+{
+    for (const std::string name : fieldNames)
+        if (argument.starts_with(name + '='))
+            return FieldAssignment{QString::fromStdString(name),
+                                   QString::fromStdString(argument.substr(name.size() + 1))};
+    return std::nullopt;
+}
+
+/// The parser over one Arguments value that its options write into.
+class Parser {
+public:
+    Parser();
+    ParsedCommandLine parse(int argc, const char *const *argv);
+
+private:
+    CLI::App *addCommand(const char *name, const char *summary, Command command);
+    CLI::App *addSongCommand(const char *name, const char *summary, Command command);
+    void addShow();
+    void addSet();
+    void addRegenerate();
+    void addGather();
+    void addGatherChoices(CLI::App &gather);
+    void addGatherArtwork(CLI::App &gather);
+    void addDemo();
+    void addDialect(CLI::App &command);
+    void addKeepTime(CLI::App &command);
+    void addWriteOptions(CLI::App &command);
+    static void addSwitch(CLI::App &command, const char *on, const char *off,
+                          const std::function<void(bool)> &set, const char *help);
+    void sortPositionals();
+
+    CLI::App mApp{"Finds on the web what the tags of your songs lack, and writes it into them.",
+                  "tagwright"};
+    Arguments mArguments;
+    std::vector<std::string> mPositionals;
+};
+
+Parser::Parser()
+{
+    mApp.set_version_flag("--version", "tagwright " TAGWRIGHT_VERSION);
+    mApp.add_flag("--verbose", mArguments.verbose, "Write diagnostics to standard error");
+    mApp.require_subcommand(0, 1);
+    addShow();
+    addSet();
+    addRegenerate();
+    addGather();
+    addDemo();
+}
+
+CLI::App *Parser::addCommand(const char *name, const char *summary, Command command)
+{
+    CLI::App *added = mApp.add_subcommand(name, summary);
+    added->add_flag("--verbose", mArguments.verbose, "Write diagnostics to standard error");
+    added->callback([this, command] { mArguments.command = command; });
+    return added;
+}
+
+CLI::App *Parser::addSongCommand(const char *name, const char *summary, Command command)
+{
+    CLI::App *added = addCommand(name, summary, command);
+    added->add_option("PATH", mPositionals, "Song files, and folders for every song in them")
+        ->required();
+    added->add_flag("--json", mArguments.json, "Print JSON Lines");
+    return added;
+}
+
+void Parser::addDialect(CLI::App &command)
+{
+    command
+        .add_option_function<std::string>(
+            "--id3",
+            [this](const std::string &name) {
+                mArguments.id3 =
+                    name == "standard" ? ID3Dialect::standard() : ID3Dialect::classic();
+            },
+            "How ID3 tags are read and written")
+        ->check(CLI::IsMember({"classic", "standard"}));
+}
+
+void Parser::addKeepTime(CLI::App &command)
+{
+    command.add_flag("--keep-time", mArguments.keepTime, "Keep the files' modification times");
+}
+
+void Parser::addWriteOptions(CLI::App &command)
+{
+    addDialect(command);
+    addKeepTime(command);
+    command
+        .add_option_function<std::string>(
+            "--id3v24-sizes",
+            [this](const std::string &sizes) {
+                mArguments.v24Sizes =
+                    sizes == "accurate" ? FrameSizes::Accurate : FrameSizes::Plain;
+            },
+            "Frame sizes in ID3v2.4 tags")
+        ->check(CLI::IsMember({"accurate", "plain"}));
+    command.add_flag("--dry-run", mArguments.dryRun, "Write no song file");
+}
+
+void Parser::addSwitch(CLI::App &command, const char *on, const char *off,
+                       const std::function<void(bool)> &set, const char *help)
+{
+    auto *switchOn = command.add_flag_callback(
+        on, [set] { set(true); }, help);
+    command.add_flag_callback(off, [set] { set(false); })->excludes(switchOn);
+}
+
+void Parser::addShow()
+{
+    CLI::App *show = addSongCommand("show", "Print the tags of songs", Command::Show);
+    show->add_flag("--frames", mArguments.frames, "Every frame of an MP3's tag too");
+    addDialect(*show);
+}
+
+void Parser::addSet()
+{
+    CLI::App *set =
+        addSongCommand("set", "Change fields of songs: title=TEXT and so on", Command::Set);
+    addWriteOptions(*set);
+    set->footer("Fields: title artist album year track genres lyrics bpm compilation (yes or no)\n"
+                "artwork (an image file). FIELD= removes the field.");
+}
+
+void Parser::addRegenerate()
+{
+    CLI::App *regenerate = addSongCommand(
+        "regenerate", "Write damaged tags anew with what is sound in them", Command::Regenerate);
+    addKeepTime(*regenerate);
+}
+
+void Parser::addGather()
+{
+    CLI::App *gather =
+        addSongCommand("gather", "Find on the web what songs lack, and write it", Command::Gather);
+    addWriteOptions(*gather);
+    addGatherChoices(*gather);
+    addGatherArtwork(*gather);
+}
+
+void Parser::addGatherChoices(CLI::App &gather)
+{
+    gather.add_option_function<std::string>(
+        "--want",
+        [this](const std::string &list) { mArguments.want = assetsOf(list, MayBeNone::No); },
+        "What to gather: title,album,year,track,genre,lyrics,artwork, or all");
+    gather.add_option_function<std::string>(
+        "--overwrite",
+        [this](const std::string &list) { mArguments.overwrite = assetsOf(list, MayBeNone::Yes); },
+        "What may be replaced: the same words, all or none");
+    static const std::map<std::string, AlbumPick> methods{
+        {"none", AlbumPick::None},
+        {"earliest", AlbumPick::EarliestYear},
+        {"agreement", AlbumPick::MostAgreement},
+    };
+    gather
+        .add_option_function<std::string>(
+            "--pick", [this](const std::string &method) { mArguments.pick = methods.at(method); },
+            "How one album is chosen among several")
+        ->check(CLI::IsMember({"none", "earliest", "agreement"}));
+    gather.add_option_function<std::string>(
+        "--definitions",
+        [this](const std::string &file) {
+            mArguments.definitions = QFile::decodeName(file.c_str());
+        },
+        "Use the site definitions in this property list");
+    addSwitch(
+        gather, "--parallel", "--serial", [this](bool on) { mArguments.parallel = on; },
+        "All sources at once, or one after another");
+    addSwitch(
+        gather, "--substrings", "--no-substrings",
+        [this](bool on) { mArguments.substrings = on ? Substrings::Allow : Substrings::Refuse; },
+        "Names may match as parts of each other");
+}
+
+void Parser::addGatherArtwork(CLI::App &gather)
+{
+    const auto addWidth = [&gather](const char *name, std::optional<double> &into,
+                                    const char *help) {
+        gather
+            .add_option_function<double>(
+                name, [&into](double pixels) { into = pixels; }, help)
+            ->check(CLI::Range(0.0, 32767.0));
+    };
+    addWidth("--min-art", mArguments.minArt, "Smallest accepted width of artwork, in pixels");
+    addWidth("--max-art", mArguments.maxArt, "Largest stored side of artwork, in pixels");
+    addWidth("--art-below", mArguments.artBelow, "Replace only artwork narrower than this");
+    addSwitch(
+        gather, "--square-art", "--no-square-art", [this](bool on) { mArguments.squareArt = on; },
+        "Refuse artwork that is far from square");
+}
+
+void Parser::addDemo()
+{
+    CLI::App *demo =
+        addCommand("demo", "Show the main job on sample songs, without a network", Command::Demo);
+    demo->add_flag("--headless", mArguments.headless, "Without a window");
+}
+
+void Parser::sortPositionals()
+{
+    const bool isSet = mArguments.command == Command::Set;
+    for (const std::string &argument : mPositionals) {
+        if (const auto assignment = isSet ? assignmentIn(argument) : std::nullopt)
+            mArguments.fields.append(*assignment);
+        else
+            mArguments.paths.append(QFile::decodeName(argument.c_str()));
+    }
+    if (isSet && mArguments.fields.isEmpty())
+        throw CLI::ValidationError("set: no FIELD=VALUE was given");
+    if (isSet && mArguments.paths.isEmpty())
+        throw CLI::ValidationError("set: no PATH was given");
+}
+
+ParsedCommandLine Parser::parse(int argc, const char *const *argv)
+{
+    ParsedCommandLine parsed;
+    try {
+        mApp.parse(argc, argv);
+        sortPositionals();
+    } catch (const CLI::ParseError &error) {
+        std::ostringstream out;
+        std::ostringstream err;
+        const bool isFault = mApp.exit(error, out, err) != 0;
+        parsed.text = QByteArray::fromStdString(out.str() + err.str());
+        parsed.exitStatus = isFault ? ExitStatus::wrongArguments : ExitStatus::done;
+    }
+    parsed.arguments = mArguments;
+    return parsed;
+}
+
+} // namespace
+
+ParsedCommandLine parseCommandLine(int argc, const char *const *argv)
+{
+    return Parser().parse(argc, argv);
+}

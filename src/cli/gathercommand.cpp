@@ -1,0 +1,103 @@
+#include "cli/gathercommand.h"
+
+#include "cli/chosenoptions.h"
+#include "cli/gatherrun.h"
+#include "cli/outcomereport.h"
+#include "cli/songopening.h"
+
+namespace {
+
+/// The songs of the arguments. What is named and is no song is told of as a failed one.
+class SongCollection {
+public:
+    SongCollection(const ReadOptions &options, const GatherRun::TellOutcome &tell, Report &report)
+    {
+        mAdd = [this, options, tell](const FoundPath &found) {
+            OpenedSong opened = openSong(found, options);
+            if (opened.song)
+                songs.push_back(std::move(opened.song));
+            else if (!opened.error.isEmpty())
+                fail(found.path, opened.error, options, tell);
+        };
+        mProblem = [&report](const QString &path, const QString &reason) {
+            report.error(path, reason);
+        };
+    }
+
+    void collect(const QStringList &paths) { forEachPath(paths, mAdd, mProblem); }
+
+    SongList songs;
+    int failed = 0;
+
+private:
+    void fail(const QString &path, const QString &error, const ReadOptions &options,
+              const GatherRun::TellOutcome &tell)
+    {
+        ++failed;
+        SongOutcome outcome;
+        outcome.song = std::make_shared<SongFile>(path, options);
+        outcome.failed = true;
+        outcome.error = error;
+        tell(outcome);
+    }
+
+    std::function<void(const FoundPath &)> mAdd;
+    std::function<void(const QString &, const QString &)> mProblem;
+};
+
+void tellOutcome(const SongOutcome &outcome, Report &report)
+{
+    if (report.format() == ReportFormat::JsonLines)
+        report.object(outcomeAsJson(outcome));
+    else
+        report.text(outcomeAsText(outcome));
+    report.flush();
+    if (outcome.failed)
+        report.error(outcome.song->path(), outcome.error.value_or(QString()));
+}
+
+void tellSummary(const GatherRun::Summary &summary, Report &report)
+{
+    if (report.format() == ReportFormat::JsonLines)
+        report.object({{u"summary",
+                        QJsonObject{{u"processed", summary.processed},
+                                    {u"modified", summary.modified},
+                                    {u"failed", summary.failed},
+                                    {u"cancelled", summary.cancelled}}}});
+    else
+        report.text(QStringLiteral("%1 songs processed, %2 modified, %3 failed%4")
+                        .arg(summary.processed)
+                        .arg(summary.modified)
+                        .arg(summary.failed)
+                        .arg(summary.cancelled ? QStringLiteral(", cancelled") : QString()));
+    if (summary.cancelled)
+        report.setFailed();
+}
+
+} // namespace
+
+int runGather(const Arguments &arguments, Report &report)
+{
+    Engine engine;
+    if (arguments.definitions) {
+        auto loaded = SiteDefinitionStore::loadFile(*arguments.definitions);
+        if (!loaded.error.isEmpty()) {
+            report.error(*arguments.definitions, loaded.error);
+            return ExitStatus::wrongArguments;
+        }
+        engine.definitions.useDefinitions(std::move(loaded.definitions));
+    }
+    engine.start(arguments.definitions ? Engine::Definitions::Fixed : Engine::Definitions::Live);
+
+    const auto tell = [&report](const SongOutcome &outcome) { tellOutcome(outcome, report); };
+    SongCollection collection(readOptionsOf(arguments, engine.prefs), tell, report);
+    collection.collect(arguments.paths);
+    GatherRun run(engine, collection.songs);
+    GatherRun::Summary summary = run.run(gatheringOptionsOf(arguments, engine.prefs),
+                                         writeOptionsOf(arguments, engine.prefs),
+                                         arguments.dryRun ? WriteSongs::No : WriteSongs::Yes, tell);
+    summary.processed += collection.failed;
+    summary.failed += collection.failed;
+    tellSummary(summary, report);
+    return report.finish();
+}

@@ -1,0 +1,43 @@
+#include "cli/gatherrun.h"
+
+#include "cli/interrupt.h"
+
+#include <QEventLoop>
+
+GatherRun::GatherRun(Engine &engine, const SongList &songs)
+    : mSongs(songs)
+    , mLibrary(songs)
+    , mContext{engine.queue, engine.catalog, engine.definitions.liveResources(), mLibrary}
+    , mWorkList(mContext, engine.itunes, engine.log)
+{
+}
+
+GatherRun::Summary GatherRun::run(const GatheringOptions &options, const WriteOptions &writeOptions,
+                                  WriteSongs write, const TellOutcome &tell)
+{
+    QEventLoop loop;
+    Interrupt interrupt;
+    connect(&interrupt, &Interrupt::interrupted, &mWorkList, &WorkList::stopGathering);
+    connect(&mWorkList, &WorkList::songStarted, this, [this] {
+        mProgress.show(mWorkList.statusLine(), mSummary.processed, static_cast<int>(mSongs.size()));
+    });
+    connect(&mWorkList, &WorkList::songFinished, this,
+            [this, &tell](const SongOutcome &outcome) { songFinished(outcome, tell); });
+    connect(&mWorkList, &WorkList::runFinished, &loop, [this, &loop](bool cancelled) {
+        mSummary.cancelled = cancelled;
+        loop.quit();
+    });
+    mWorkList.beginGathering(mSongs, options, writeOptions, write);
+    loop.exec();
+    mProgress.clear();
+    return mSummary;
+}
+
+void GatherRun::songFinished(const SongOutcome &outcome, const TellOutcome &tell)
+{
+    ++mSummary.processed;
+    mSummary.modified += outcome.changed && !outcome.failed ? 1 : 0;
+    mSummary.failed += outcome.failed ? 1 : 0;
+    mProgress.clear();
+    tell(outcome);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/engine.h"
+#include "app/worklist.h"
+#include "cli/progressline.h"
+#include "gathering/librarylending.h"
+
+#include <QObject>
+
+#include <functional>
+
+/// One run of the work list over songs, from the command line: with a progress line, ended by
+/// an interrupt of the user.
+class GatherRun : public QObject {
+    Q_OBJECT
+
+public:
+    struct Summary {
+        int processed = 0;
+        int modified = 0;
+        int failed = 0;
+        bool cancelled = false;
+    };
+    using TellOutcome = std::function<void(const SongOutcome &)>;
+
+    GatherRun(Engine &engine, const SongList &songs);
+
+    /// Runs an event loop until every song is done. `tell` is called for each, in order.
+    Summary run(const GatheringOptions &options, const WriteOptions &writeOptions, WriteSongs write,
+                const TellOutcome &tell);
+
+private:
+    void songFinished(const SongOutcome &outcome, const TellOutcome &tell);
+
+    SongList mSongs;
+    LibraryLending mLibrary;
+    GatherContext mContext;
+    WorkList mWorkList;
+    ProgressLine mProgress;
+    Summary mSummary;
+};

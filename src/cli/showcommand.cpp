@@ -1,0 +1,72 @@
+#include "cli/showcommand.h"
+
+#include "app/prefscontroller.h"
+#include "cli/songpaths.h"
+#include "cli/tagsummary.h"
+#include "sources/sitedefinitionstore.h"
+#include "tags/filetype.h"
+#include "tags/genretable.h"
+#include "tags/tagfactory.h"
+
+namespace {
+
+class Show {
+public:
+    Show(const Arguments &arguments, const ReadOptions &options, Report &report)
+        : mOptions(options)
+        , mFrames(arguments.frames ? ListFrames::Yes : ListFrames::No)
+        , mReport(report)
+    {
+    }
+
+    void show(const FoundPath &found)
+    {
+        const auto song = SongBytes::open(found.path);
+        if (!song)
+            return noTag(found, qtTrId("ErrorCannotOpenForRead"));
+        if (found.origin == FoundPath::Origin::InFolder && isNoSong(*song))
+            return;
+        const TagOrReason read = readTag(*song, mOptions);
+        if (read.tag)
+            print(found.path, *read.tag);
+        else if (found.origin == FoundPath::Origin::Named || claimsToBeSong(found.path))
+            noTag(found, read.reason);
+    }
+
+private:
+    void print(const QString &path, const AudioInfoTag &tag)
+    {
+        if (mReport.format() == ReportFormat::JsonLines)
+            mReport.object(tagAsJson(path, tag, mFrames, mOptions.dialect));
+        else
+            mReport.text(tagAsText(path, tag, mFrames, mOptions.dialect));
+    }
+
+    void noTag(const FoundPath &found, const QString &reason)
+    {
+        if (mReport.format() == ReportFormat::JsonLines)
+            mReport.object(noTagAsJson(found.path, reason));
+        mReport.error(found.path, reason);
+    }
+
+    ReadOptions mOptions;
+    ListFrames mFrames;
+    Report &mReport;
+};
+
+} // namespace
+
+int runShow(const Arguments &arguments, Report &report)
+{
+    PrefsController prefs;
+    GenreTable::installLater(
+        [&prefs] { return SiteDefinitionStore(prefs.settings()).liveResources().genres(); });
+    ReadOptions options = prefs.readOptions();
+    if (arguments.id3)
+        options.dialect = *arguments.id3;
+    Show show(arguments, options, report);
+    forEachPath(
+        arguments.paths, [&show](const FoundPath &found) { show.show(found); },
+        [&report](const QString &path, const QString &reason) { report.error(path, reason); });
+    return report.finish();
+}

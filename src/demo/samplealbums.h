@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// An album of the sample sites. Artists and titles are made up.
+struct SampleAlbum {
+    QString discID; ///< "genre/number", as the track database names discs
+    QString artist;
+    QString name;
+    QString year;
+    QString genre;
+    QStringList tracks;
+};
+
+const std::vector<SampleAlbum> &sampleAlbums();

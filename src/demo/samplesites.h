@@ -1,0 +1,24 @@
+#pragma once
+
+#include "demo/samplealbums.h"
+#include "gathering/sitedefinition.h"
+
+#include <QHttpServer>
+
+/// The sample sites of the demo, served on a loopback port from inside the process: the track
+/// database, with its search form and its disc records.
+class SampleSites {
+public:
+    /// False when no port could be had.
+    [[nodiscard]] bool listen();
+    [[nodiscard]] QString errorString() const;
+
+    /// The definitions with the sample sites' addresses put in.
+    [[nodiscard]] SiteDefinitions definitions(const SiteDefinitions &defaults) const;
+
+private:
+    void addTrackDatabase();
+
+    QHttpServer mServer;
+    quint16 mPort = 0;
+};
