@@ -5,6 +5,8 @@
 #include "cli/outcomereport.h"
 #include "cli/songopening.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The songs of the arguments. What is named and is no song is told of as a failed one.
@@ -59,11 +61,11 @@ void tellOutcome(const SongOutcome &outcome, Report &report)
 void tellSummary(const GatherRun::Summary &summary, Report &report)
 {
     if (report.format() == ReportFormat::JsonLines)
-        report.object({{u"summary",
-                        QJsonObject{{u"processed", summary.processed},
-                                    {u"modified", summary.modified},
-                                    {u"failed", summary.failed},
-                                    {u"cancelled", summary.cancelled}}}});
+        report.object({{u"summary"_s,
+                        QJsonObject{{u"processed"_s, summary.processed},
+                                    {u"modified"_s, summary.modified},
+                                    {u"failed"_s, summary.failed},
+                                    {u"cancelled"_s, summary.cancelled}}}});
     else
         report.text(QStringLiteral("%1 songs processed, %2 modified, %3 failed%4")
                         .arg(summary.processed)

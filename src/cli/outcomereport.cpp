@@ -2,6 +2,8 @@
 
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QJsonArray assetKeys(Assets assets)
@@ -43,12 +45,12 @@ QJsonObject outcomeAsJson(const SongOutcome &outcome)
         if (outcome.changed.testFlag(name.asset))
             sources.insert(QLatin1String(name.key), outcome.sources.value(name.asset));
     return {
-        {u"path", outcome.song->path()},
-        {u"changed", assetKeys(outcome.changed)},
-        {u"missing", assetKeys(outcome.missing)},
-        {u"sources", sources},
-        {u"written", outcome.written},
-        {u"error", outcome.error ? QJsonValue(*outcome.error) : QJsonValue()},
+        {u"path"_s, outcome.song->path()},
+        {u"changed"_s, assetKeys(outcome.changed)},
+        {u"missing"_s, assetKeys(outcome.missing)},
+        {u"sources"_s, sources},
+        {u"written"_s, outcome.written},
+        {u"error"_s, outcome.error ? QJsonValue(*outcome.error) : QJsonValue()},
     };
 }
 

@@ -3,6 +3,7 @@
 #include "app/prefscontroller.h"
 #include "cli/songpaths.h"
 #include "cli/tagsummary.h"
+#include "songs/songfile.h"
 #include "sources/sitedefinitionstore.h"
 #include "tags/filetype.h"
 #include "tags/genretable.h"
@@ -10,6 +11,12 @@
 
 namespace {
 
+bool claimsToBeSong(const QString &path)
+{
+    return FileType::claimsToBeMP3(path) || FileType::claimsToBeAAC(path);
+}
+
+/// Prints one song after the other. What stands in a folder and is no song is passed over.
 class Show {
 public:
     Show(const Arguments &arguments, const ReadOptions &options, Report &report)
@@ -24,13 +31,15 @@ public:
         const auto song = SongBytes::open(found.path);
         if (!song)
             return noTag(found, qtTrId("ErrorCannotOpenForRead"));
-        if (found.origin == FoundPath::Origin::InFolder && isNoSong(*song))
-            return;
+        if (song->size() <= SongFile::maxBytesOfNoSong)
+            return noSong(found, qtTrId("ErrorNoSong"));
         const TagOrReason read = readTag(*song, mOptions);
         if (read.tag)
             print(found.path, *read.tag);
-        else if (found.origin == FoundPath::Origin::Named || claimsToBeSong(found.path))
+        else if (claimsToBeSong(found.path))
             noTag(found, read.reason);
+        else
+            noSong(found, read.reason);
     }
 
 private:
@@ -40,6 +49,12 @@ private:
             mReport.object(tagAsJson(path, tag, mFrames, mOptions.dialect));
         else
             mReport.text(tagAsText(path, tag, mFrames, mOptions.dialect));
+    }
+
+    void noSong(const FoundPath &found, const QString &reason)
+    {
+        if (found.origin == FoundPath::Origin::Named)
+            noTag(found, reason);
     }
 
     void noTag(const FoundPath &found, const QString &reason)

@@ -5,6 +5,8 @@
 
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QJsonValue textOrNull(const std::optional<QString> &text)
@@ -15,13 +17,13 @@ QJsonValue textOrNull(const std::optional<QString> &text)
 QJsonObject imageAsJson(const ID3Image &image, const ID3Dialect &dialect)
 {
     return {
-        {u"mime", textOrNull(image.mimeFormat(dialect))},
-        {u"suffix", textOrNull(image.filenameSuffix(dialect))},
-        {u"description", textOrNull(image.description)},
-        {u"pictureType", image.pictureType},
-        {u"textEncoding", image.textEncoding},
-        {u"bytes", image.data.size()},
-        {u"sha1", image.data.isEmpty() ? QJsonValue() : QJsonValue(sha1Hex(image.data))},
+        {u"mime"_s, textOrNull(image.mimeFormat(dialect))},
+        {u"suffix"_s, textOrNull(image.filenameSuffix(dialect))},
+        {u"description"_s, textOrNull(image.description)},
+        {u"pictureType"_s, image.pictureType},
+        {u"textEncoding"_s, image.textEncoding},
+        {u"bytes"_s, image.data.size()},
+        {u"sha1"_s, image.data.isEmpty() ? QJsonValue() : QJsonValue(sha1Hex(image.data))},
     };
 }
 
@@ -31,24 +33,24 @@ struct ContentAsJson {
 
     QJsonObject operator()(const QStringList &strings) const
     {
-        return {{u"kind", u"text"_qs}, {u"strings", QJsonArray::fromStringList(strings)}};
+        return {{u"kind"_s, u"text"_s}, {u"strings"_s, QJsonArray::fromStringList(strings)}};
     }
     QJsonObject operator()(const TextBlock &lyrics) const
     {
-        return {{u"kind", u"lyrics"_qs},
-                {u"text", textOrNull(lyrics.text)},
-                {u"desc", textOrNull(lyrics.desc)},
-                {u"lang", textOrNull(lyrics.lang)}};
+        return {{u"kind"_s, u"lyrics"_s},
+                {u"text"_s, textOrNull(lyrics.text)},
+                {u"desc"_s, textOrNull(lyrics.desc)},
+                {u"lang"_s, textOrNull(lyrics.lang)}};
     }
     QJsonObject operator()(const ID3Image &image) const
     {
         QJsonObject object = imageAsJson(image, dialect);
-        object.insert(u"kind", u"image"_qs);
+        object.insert(u"kind", u"image"_s);
         return object;
     }
     QJsonObject operator()(const QByteArray &raw) const
     {
-        return {{u"kind", u"raw"_qs}, {u"hex", QString::fromLatin1(raw.toHex())}};
+        return {{u"kind"_s, u"raw"_s}, {u"hex"_s, QString::fromLatin1(raw.toHex())}};
     }
 };
 
@@ -144,12 +146,12 @@ QJsonObject tagAsJson(const QString &path, const AudioInfoTag &tag, ListFrames f
                       const ID3Dialect &dialect)
 {
     QJsonObject object{
-        {u"path", path},
-        {u"type", typeName(tag)},
-        {u"compilation", tag.isPartOfCompilation()},
-        {u"trackNumber", tag.trackNumber()},
-        {u"numberOfTracks", tag.numberOfTracksOnAlbum()},
-        {u"problem", tag.encounteredProblemDecoding()},
+        {u"path"_s, path},
+        {u"type"_s, typeName(tag)},
+        {u"compilation"_s, tag.isPartOfCompilation()},
+        {u"trackNumber"_s, tag.trackNumber()},
+        {u"numberOfTracks"_s, tag.numberOfTracksOnAlbum()},
+        {u"problem"_s, tag.encounteredProblemDecoding()},
     };
     for (const NamedText &text : texts)
         object.insert(text.key, textOrNull((tag.*text.value)()));
@@ -164,9 +166,10 @@ QJsonObject tagAsJson(const QString &path, const AudioInfoTag &tag, ListFrames f
 
 QJsonObject noTagAsJson(const QString &path, const QString &error)
 {
-    QJsonObject object{{u"path", path},           {u"type", QJsonValue()}, {u"compilation", false},
-                       {u"trackNumber", 0},       {u"numberOfTracks", 0},  {u"problem", false},
-                       {u"images", QJsonArray()}, {u"error", error}};
+    QJsonObject object{{u"path"_s, path},           {u"type"_s, QJsonValue()},
+                       {u"compilation"_s, false},   {u"trackNumber"_s, 0},
+                       {u"numberOfTracks"_s, 0},    {u"problem"_s, false},
+                       {u"images"_s, QJsonArray()}, {u"error"_s, error}};
     for (const NamedText &text : texts)
         object.insert(text.key, QJsonValue());
     return object;

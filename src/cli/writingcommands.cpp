@@ -8,6 +8,8 @@
 #include "sources/sitedefinitionstore.h"
 #include "tags/genretable.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Outcome = InPlaceFile::Outcome;
@@ -19,10 +21,10 @@ void reportWrite(const QString &path, const Outcome &outcome,
     const bool isFailed = outcome.kind == Outcome::Kind::Failed;
     const bool isWritten = outcome.kind == Outcome::Kind::Written;
     if (report.format() == ReportFormat::JsonLines)
-        report.object({{u"path", path},
-                       {u"written", isWritten},
-                       {u"writeVersion", writeVersion ? QJsonValue(*writeVersion) : QJsonValue()},
-                       {u"error", isFailed ? QJsonValue(outcome.error) : QJsonValue()}});
+        report.object({{u"path"_s, path},
+                       {u"written"_s, isWritten},
+                       {u"writeVersion"_s, writeVersion ? QJsonValue(*writeVersion) : QJsonValue()},
+                       {u"error"_s, isFailed ? QJsonValue(outcome.error) : QJsonValue()}});
     else if (!isFailed)
         report.text(isWritten ? QStringLiteral("%1: written").arg(path)
                               : QStringLiteral("%1: unchanged").arg(path));
