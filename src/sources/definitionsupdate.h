@@ -15,8 +15,10 @@ public:
     DefinitionsUpdate(SiteDefinitionStore &store, QSettings &settings, HVHTTPQueue &queue,
                       const Clock &clock = systemClock());
 
-    /// Other addresses than those of the build; "%@" stands for the version.
+    /// Other addresses than those of the build; "%@" stands for the version. Only https is used,
+    /// or http to this machine.
     void setAddresses(const QString &address, const QString &fallbackAddress);
+    /// Asks when there is an address and the last check is not of the last 24 hours.
     void checkDaily();
 
 Q_SIGNALS:
@@ -24,8 +26,10 @@ Q_SIGNALS:
     void merged();
 
 private:
+    [[nodiscard]] bool wasCheckedWithinADay() const;
     void fetch(const QString &address);
     void gotNewResources(const FetchResult &result, const QString &address);
+    void fetchFailed(const QString &address);
 
     SiteDefinitionStore &mStore;
     QSettings &mSettings;

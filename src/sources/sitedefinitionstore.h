@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/setting.h"
 #include "gathering/sitedefinition.h"
 
 #include <QSettings>
@@ -12,6 +13,11 @@ class SiteDefinitionStore {
 public:
     /// The release that these definitions were written for.
     static constexpr int thisReleaseNumber = 116;
+    /// Larger sets are refused.
+    static constexpr qsizetype maxSize = 2 * 1024 * 1024; // bytes
+    /// When newer definitions were last asked for, in seconds since 1970. Unset when the built-in
+    /// ones come into use, so that newer ones are asked for at once.
+    static constexpr Setting<qint64> lastCheck{"lastDefinitionsCheck", 0};
 
     explicit SiteDefinitionStore(QSettings &settings);
 
@@ -35,6 +41,9 @@ public:
     bool mergeAndStore(const QByteArray &propertyList);
 
 private:
+    [[nodiscard]] SiteDefinitions storedDefinitions() const;
+    SiteDefinitions builtInDefinitions();
+
     QSettings &mSettings;
     SiteDefinitions mLive;
 };

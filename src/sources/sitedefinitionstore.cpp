@@ -1,0 +1,122 @@
+#include "sources/sitedefinitionstore.h"
+
+#include "base/log.h"
+#include "base/propertylist.h"
+#include "base/resources.h"
+#include "gathering/definitioncheck.h"
+
+#include <QFile>
+
+namespace {
+
+/// Definitions that one version of the program stored are never used by another.
+QString storedKey()
+{
+    return QStringLiteral("siteDefinitions_" TAGWRIGHT_VERSION);
+}
+
+bool isForThisRelease(const SiteDefinitions &definitions)
+{
+    const QString key = QStringLiteral("latestReleaseNumber");
+    return definitions.values().contains(key)
+        && SiteDefinition(definitions.values()).integer(key)
+        >= SiteDefinitionStore::thisReleaseNumber;
+}
+
+using Loaded = SiteDefinitionStore::Loaded;
+
+/// A set as it was written; not checked yet.
+Loaded parsedSet(const QByteArray &data)
+{
+    if (data.size() > SiteDefinitionStore::maxSize)
+        return {{}, QStringLiteral("is larger than 2 MB")};
+    const PropertyList::Parsed parsed = PropertyList::parse(data);
+    if (!parsed.error.isEmpty())
+        return {{}, parsed.error};
+    if (parsed.value.typeId() != QMetaType::QVariantMap)
+        return {{}, QStringLiteral("is no dictionary")};
+    return {SiteDefinitions(parsed.value.toMap()), {}};
+}
+
+/// The set, or nothing and a log line that names the key at fault.
+SiteDefinitions setThatHolds(const SiteDefinitions &definitions, const char *which)
+{
+    const std::optional<QString> problem = problemOfDefinitions(definitions.values());
+    if (!problem)
+        return definitions;
+    qCWarning(logSources).noquote() << which << "definitions refused:" << *problem;
+    return {};
+}
+
+} // namespace
+
+SiteDefinitionStore::SiteDefinitionStore(QSettings &settings)
+    : mSettings(settings)
+{
+}
+
+const SiteDefinitions &SiteDefinitionStore::liveResources()
+{
+    if (mLive.isEmpty())
+        mLive = storedDefinitions();
+    if (mLive.isEmpty())
+        mLive = builtInDefinitions();
+    return mLive;
+}
+
+SiteDefinitions SiteDefinitionStore::storedDefinitions() const
+{
+    const QByteArray stored = mSettings.value(storedKey()).toByteArray();
+    if (stored.isEmpty())
+        return {};
+    const SiteDefinitions definitions = parsedSet(stored).definitions;
+    return isForThisRelease(definitions) ? setThatHolds(definitions, "stored") : SiteDefinitions();
+}
+
+SiteDefinitions SiteDefinitionStore::builtInDefinitions()
+{
+    if (lastCheck.isSet(mSettings))
+        lastCheck.unset(mSettings);
+    const std::optional<QByteArray> data = resourceData(QStringLiteral("defaultres.xml"));
+    if (!data)
+        return {};
+    const Loaded loaded = parsedSet(*data);
+    if (loaded.error.isEmpty())
+        return setThatHolds(loaded.definitions, "built-in");
+    qCWarning(logSources, "decode defres: %s", qUtf8Printable(loaded.error));
+    return {};
+}
+
+SiteDefinitionStore::Loaded SiteDefinitionStore::loadFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {{}, path + QStringLiteral(": ") + file.errorString()};
+    Loaded loaded = parsedSet(file.read(maxSize + 1));
+    if (loaded.error.isEmpty())
+        loaded.error = problemOfDefinitions(loaded.definitions.values()).value_or(QString());
+    if (loaded.error.isEmpty())
+        return loaded;
+    return {{}, path + QStringLiteral(": ") + loaded.error};
+}
+
+void SiteDefinitionStore::useDefinitions(SiteDefinitions definitions)
+{
+    mLive = std::move(definitions);
+}
+
+bool SiteDefinitionStore::mergeAndStore(const QByteArray &propertyList)
+{
+    const SiteDefinitions parsed = parsedSet(propertyList).definitions;
+    if (!isForThisRelease(parsed))
+        return false;
+    const SiteDefinitions newer = setThatHolds(parsed, "newer");
+    if (newer.isEmpty())
+        return false;
+    QVariantMap merged = liveResources().values();
+    merged.insert(newer.values());
+    mLive = SiteDefinitions(merged);
+    mSettings.setValue(storedKey(), PropertyList::toXml(merged));
+    mSettings.sync();
+    return true;
+}
