@@ -1,0 +1,71 @@
+#include "text/characterreferences.h"
+
+#include <QTest>
+
+using namespace HVStringExtensions;
+using namespace Qt::StringLiterals;
+
+class TestCharacterReferences : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void replacing_data();
+    void replacing();
+    void lengths();
+    void digits();
+};
+
+void TestCharacterReferences::replacing_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("replaced");
+
+    QTest::newRow("empty") << u""_s << u""_s;
+    QTest::newRow("names") << u"R&amp;B &eacute;&Eacute; &thetasym;"_s << u"R&B éÉ ϑ"_s;
+    QTest::newRow("the seven more")
+        << u"&LT;&GT;&AMP;&QUOT;&apos;&percnt;&supl;"_s << u"<>&\"'%¹"_s;
+    QTest::newRow("the semicolon is optional") << u"a &amp b &amp"_s << u"a & b &"_s;
+    QTest::newRow("the longest name counts") << u"&ampx;"_s << u"&ampx;"_s;
+    QTest::newRow("names know case") << u"&Amp;"_s << u"&Amp;"_s;
+    QTest::newRow("unknown name") << u"&foo; & &"_s << u"&foo; & &"_s;
+    QTest::newRow("decimal") << u"&#65;&#65B"_s << u"AAB"_s;
+    QTest::newRow("hexadecimal") << u"&#x41;&#X4a"_s << u"AJ"_s;
+    QTest::newRow("Windows-1252") << u"&#150;&#x80;&#129;"_s << u"–€\u0081"_s;
+    QTest::newRow("zero, too large, no digits")
+        << u"&#0;&#70000;&#;&#x;&#x10000;"_s << u"&#0;&#70000;&#;&#x;&#x10000;"_s;
+    QTest::newRow("digits beyond the eighth stay") << u"&#000000650;"_s << u"A0;"_s;
+    QTest::newRow("not replaced twice") << u"&amp;lt;"_s << u"&lt;"_s;
+}
+
+void TestCharacterReferences::replacing()
+{
+    QFETCH(QString, text);
+    QTEST(stringByReplacingAmpersandCodes(text), "replaced");
+}
+
+void TestCharacterReferences::lengths()
+{
+    const auto lengthAt = [](const QString &text, qsizetype index) {
+        return ampersandCodeEquivalentAtIndex(text, index).codeLength;
+    };
+    QCOMPARE(lengthAt(u"x&lt;y"_s, 1), 4);
+    QCOMPARE(lengthAt(u"x&lt y"_s, 1), 3);
+    QCOMPARE(lengthAt(u"x&#x3c;y"_s, 1), 6);
+    QCOMPARE(lengthAt(u"x&lt;y"_s, 0), 0);
+    QCOMPARE(lengthAt(u"x&"_s, 1), 0);
+    QCOMPARE(lengthAt(u"x"_s, 7), 0);
+    QCOMPARE(lengthAt(u"&none;"_s, 0), 0);
+}
+
+void TestCharacterReferences::digits()
+{
+    QCOMPARE(CharacterToNumber(u'7', HexAllowed::No), 7);
+    QCOMPARE(CharacterToNumber(u'b', HexAllowed::No), -1);
+    QCOMPARE(CharacterToNumber(u'b', HexAllowed::Yes), 11);
+    QCOMPARE(CharacterToNumber(u'F', HexAllowed::Yes), 15);
+    QCOMPARE(CharacterToNumber(u'g', HexAllowed::Yes), -1);
+    QCOMPARE(CharacterToNumber(u'\u0661', HexAllowed::Yes), -1);
+}
+
+QTEST_GUILESS_MAIN(TestCharacterReferences)
+#include "tst_characterreferences.moc"

@@ -1,0 +1,53 @@
+#include "text/queryterms.h"
+
+#include <QTest>
+
+using namespace HVUtility;
+using namespace Qt::StringLiterals;
+
+class TestQueryTerms : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void terms_data();
+    void terms();
+    void forms();
+};
+
+void TestQueryTerms::terms_data()
+{
+    QTest::addColumn<AlphaNumericOnly>("only");
+    QTest::addColumn<QString>("space");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("term");
+
+    using enum AlphaNumericOnly;
+    QTest::newRow("letters and digits")
+        << Yes << u"+"_s << u"Señor & Co., 2!"_s << u"Senor++Co+2"_s;
+    QTest::newRow("signs stay, ampersands collapse")
+        << No << u"+"_s << u"You & Me?"_s << u"You+Me?"_s;
+    QTest::newRow("blanks as asked") << Yes << u"%20"_s << u"a b+c"_s << u"a%20b%20c"_s;
+    QTest::newRow("what is unsafe is escaped")
+        << No << u"+"_s << u"\"x\" #1"_s << u"%22x%22+%231"_s;
+    QTest::newRow("nothing in ASCII") << No << u"+"_s << u"日本"_s << u""_s;
+}
+
+void TestQueryTerms::terms()
+{
+    QFETCH(AlphaNumericOnly, only);
+    QFETCH(QString, space);
+    QFETCH(QString, text);
+    QTEST(stringForPost(text, only, space), "term");
+}
+
+void TestQueryTerms::forms()
+{
+    const QMap<QString, QString> fields{{u"b"_s, u"x y"_s}, {u"a"_s, u"é&=1"_s}, {u"c d"_s, u""_s}};
+    QCOMPARE(HTTPFromDictionary(fields), QByteArray("a=%C3%A9&=1&b=x+y&c%20d="));
+    QCOMPARE(HTTPFromDictionary(fields, QStringList{u"b"_s, u"none"_s, u"a"_s}),
+             QByteArray("b=x+y&a=%C3%A9&=1"));
+    QCOMPARE(HTTPFromDictionary({}), QByteArray());
+}
+
+QTEST_GUILESS_MAIN(TestQueryTerms)
+#include "tst_queryterms.moc"
