@@ -1,5 +1,7 @@
 #include "text/plainascii.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <array>
 
