@@ -83,6 +83,34 @@
         <source>%1 (%2 remaining)</source>
         <translation>%1 (%2 remaining)</translation>
     </message>
+    <message id="ReasonFileBusy">
+        <source>Another write to the file is under way</source>
+        <translation>Another write to the file is under way</translation>
+    </message>
+    <message id="ReasonFileChanged">
+        <source>Another program changed the file meanwhile</source>
+        <translation>Another program changed the file meanwhile</translation>
+    </message>
+    <message id="ReasonFileReplaced">
+        <source>Another program moved or replaced the file meanwhile</source>
+        <translation>Another program moved or replaced the file meanwhile</translation>
+    </message>
+    <message id="ReasonFileShortened">
+        <source>The file became shorter meanwhile</source>
+        <translation>The file became shorter meanwhile</translation>
+    </message>
+    <message id="ReasonNoJournal">
+        <source>The bytes to be overwritten cannot be kept in %1: %2</source>
+        <translation>The bytes to be overwritten cannot be kept in %1: %2</translation>
+    </message>
+    <message id="ReasonNotRegular">
+        <source>This is no regular file</source>
+        <translation>This is no regular file</translation>
+    </message>
+    <message id="ReasonNotRolledBack">
+        <source>%1; what the file held is kept, and is put back at the next start</source>
+        <translation>%1; what the file held is kept, and is put back at the next start</translation>
+    </message>
     <message id="SongTitle">
         <source>Title</source>
         <translation>Title</translation>

@@ -1,35 +1,13 @@
 #pragma once
 
+#include "base/fileattributes.h"
+#include "base/filecontents.h"
+
 #include <QByteArray>
 #include <QString>
 
 #include <memory>
 #include <optional>
-#include <vector>
-
-/// What a file shall hold: new bytes and ranges kept from the old file, in order.
-class FileContents {
-public:
-    struct Piece {
-        QByteArray bytes; ///< new bytes; a kept range when `keptLength` is not 0
-        qint64 keptOffset = 0; ///< in the old file
-        qint64 keptLength = 0;
-
-        [[nodiscard]] qint64 length() const { return keptLength ? keptLength : bytes.size(); }
-    };
-
-    void append(QByteArray bytes);
-    void keep(qint64 offset, qint64 length);
-
-    [[nodiscard]] const std::vector<Piece> &pieces() const { return mPieces; }
-    [[nodiscard]] qint64 length() const { return mLength; }
-
-private:
-    std::vector<Piece> mPieces;
-    qint64 mLength = 0;
-};
-
-enum class KeepTime { No, Yes };
 
 /// A file whose contents are changed in place (same inode, hard links, owner, birth time) so
 /// that kill, crash, full disk or power failure leave either the old bytes or the new ones.
@@ -41,7 +19,8 @@ class InPlaceFile {
 public:
     struct Opened;
 
-    /// Opens for reading and writing; links are followed, and only regular files are opened.
+    /// Opens for reading and writing; links are followed, and only regular files are opened. Other
+    /// writers of ours wait for it meanwhile, and are refused after a while.
     [[nodiscard]] static Opened open(const QString &path);
 
     InPlaceFile(const InPlaceFile &) = delete;
@@ -57,11 +36,12 @@ public:
 
     struct Outcome {
         enum class Kind { Unchanged, Written, Failed };
-        Kind kind;
+        Kind kind = Kind::Unchanged;
         QString error; ///< why it failed, one line for the user: the file is as it was
     };
 
-    /// Makes the file hold `contents`. Nothing is touched when it holds them already.
+    /// Makes the file hold `contents`. Nothing is touched when it holds them already. The file is
+    /// refused when it was written or replaced since it was opened.
     [[nodiscard]] Outcome replaceContents(const FileContents &contents, KeepTime keepTime);
 
 private:

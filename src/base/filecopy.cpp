@@ -1,0 +1,70 @@
+#include "base/filecopy.h"
+
+#include "base/descriptor.h"
+
+#include <algorithm>
+#include <memory>
+#include <sys/ioctl.h>
+
+#ifdef __linux__
+#include <linux/fs.h>
+#endif
+
+namespace {
+/// Larger buffers copy no faster, and copying within the kernel (copy_file_range, sendfile) costs
+/// more processor time than this where blocks cannot be shared.
+constexpr qint64 bufferSize = 262144;
+
+std::error_code copyThroughBuffer(int from, qint64 fromOffset, int to, qint64 toOffset,
+                                  qint64 length)
+{
+    if (length <= 0)
+        return {};
+    const auto size = std::min(length, bufferSize);
+    const auto buffer = std::make_unique_for_overwrite<char[]>(static_cast<size_t>(size));
+    for (qint64 done = 0; done < length;) {
+        const qint64 count = std::min(size, length - done);
+        if (const auto error = readAt(from, fromOffset + done, buffer.get(), count))
+            return error;
+        if (const auto error = writeAt(to, toOffset + done, {buffer.get(), count}))
+            return error;
+        done += count;
+    }
+    return {};
+}
+
+bool shareBlocks([[maybe_unused]] int from, [[maybe_unused]] qint64 fromOffset,
+                 [[maybe_unused]] int to, [[maybe_unused]] qint64 toOffset,
+                 [[maybe_unused]] qint64 length)
+{
+#ifdef FICLONERANGE
+    file_clone_range range = {.src_fd = from,
+                              .src_offset = static_cast<quint64>(fromOffset),
+                              .src_length = static_cast<quint64>(length),
+                              .dest_offset = static_cast<quint64>(toOffset)};
+    return ::ioctl(to, FICLONERANGE, &range) == 0;
+#else
+    return false;
+#endif
+}
+
+qint64 alignedUp(qint64 offset)
+{
+    return (offset + shareableAlignment - 1) / shareableAlignment * shareableAlignment;
+}
+} // namespace
+
+std::error_code copyRange(int from, qint64 fromOffset, int to, qint64 toOffset, qint64 length)
+{
+    const qint64 head = alignedUp(fromOffset) - fromOffset;
+    const qint64 shared = (length - head) / shareableAlignment * shareableAlignment;
+    const bool aligned = (fromOffset - toOffset) % shareableAlignment == 0;
+    if (!aligned || shared <= 0
+        || !shareBlocks(from, fromOffset + head, to, toOffset + head, shared))
+        return copyThroughBuffer(from, fromOffset, to, toOffset, length);
+
+    if (const auto error = copyThroughBuffer(from, fromOffset, to, toOffset, head))
+        return error;
+    const qint64 done = head + shared;
+    return copyThroughBuffer(from, fromOffset + done, to, toOffset + done, length - done);
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <system_error>
+
+/// Copies `length` bytes from one open file into another. Blocks are shared instead where both
+/// files lie in a file system that can and the offsets are equal up to a multiple of
+/// `shareableAlignment`: that costs neither time nor room.
+std::error_code copyRange(int from, qint64 fromOffset, int to, qint64 toOffset, qint64 length);
+
+/// A multiple of every block size in use.
+constexpr qint64 shareableAlignment = 65536;

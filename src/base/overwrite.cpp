@@ -1,0 +1,203 @@
+#include "base/overwrite.h"
+
+#include "base/filecopy.h"
+
+#include <algorithm>
+#include <array>
+#include <fcntl.h>
+#include <memory>
+
+namespace {
+/// The bytes of a song as they were: those about to be lost are in its journal, the others are
+/// still where they were.
+class OldBytes {
+public:
+    OldBytes(int song, int savedBytes, const WritePlan &plan)
+        : mSong(song)
+        , mSavedBytes(savedBytes)
+        , mSaved(plan.lostRanges())
+    {
+    }
+
+    /// Copies a range of the old bytes to where it shall be in the song.
+    [[nodiscard]] std::error_code copyTo(qint64 newOffset, FileRange range) const
+    {
+        return forEachPart(range, [&](int file, qint64 shift, FileRange part) {
+            return copyRange(file, part.offset + shift, mSong,
+                             newOffset + part.offset - range.offset, part.length);
+        });
+    }
+
+    [[nodiscard]] std::error_code read(FileRange range, char *into) const
+    {
+        return forEachPart(range, [&](int file, qint64 shift, FileRange part) {
+            return readAt(file, part.offset + shift, into + part.offset - range.offset,
+                          part.length);
+        });
+    }
+
+    [[nodiscard]] std::error_code restore() const
+    {
+        for (const FileRange &range : mSaved)
+            if (const auto error = copyTo(range.offset, range))
+                return error;
+        return {};
+    }
+
+private:
+    /// Calls with the file that holds a part, how much further on it stands there, and the part.
+    template<typename Call>
+    std::error_code forEachPart(FileRange range, Call call) const
+    {
+        qint64 done = range.offset;
+        for (const FileRange &saved : mSaved) {
+            const FileRange part = range.intersected(saved);
+            if (part.length == 0)
+                continue;
+            if (const auto error = call(mSong, 0, {done, part.offset - done}))
+                return error;
+            if (const auto error = call(mSavedBytes, WriteJournal::savedBytesOffset, part))
+                return error;
+            done = part.end();
+        }
+        return call(mSong, 0, {done, range.end() - done});
+    }
+
+    int mSong;
+    int mSavedBytes;
+    std::vector<FileRange> mSaved;
+};
+
+/// Takes the room that the song needs to grow, so that a full disk shows up while all its bytes
+/// are there.
+std::error_code reserve(int song, const WritePlan &plan)
+{
+    if (plan.newSize <= plan.oldSize)
+        return {};
+    return {::posix_fallocate(song, plan.oldSize, plan.newSize - plan.oldSize),
+            std::generic_category()};
+}
+
+/// Compares a song chunk by chunk with its old and its new bytes.
+class Examination {
+public:
+    Examination(int song, const OldBytes &old, const WritePlan &plan, qint64 size)
+        : mSong(song)
+        , mOld(old)
+        , mPlan(plan)
+        , mSize(size)
+    {
+        state.isOld = size == plan.oldSize;
+        state.isNew = size == plan.newSize;
+        state.isForeign = size < std::min(plan.oldSize, plan.newSize)
+            || size > std::max(plan.oldSize, plan.newSize);
+    }
+
+    /// What of the range lies in the song is compared; beyond its end there is nothing to tell.
+    std::error_code look(const PlannedWrite &write)
+    {
+        const FileRange range = write.range.intersected({0, mSize});
+        for (qint64 done = 0; done < range.length && !state.isForeign; done += bufferSize) {
+            const qint64 count = std::min(bufferSize, range.length - done);
+            const FileRange chunk = {range.offset + done, count};
+            if (const auto error = readChunk(write, chunk))
+                return error;
+            compare(count);
+        }
+        return {};
+    }
+
+    SongState state;
+
+private:
+    static constexpr qint64 bufferSize = 65536;
+    using Buffer = std::array<char, bufferSize>;
+
+    std::error_code readChunk(const PlannedWrite &write, FileRange chunk)
+    {
+        if (const auto error = readAt(mSong, chunk.offset, mNow->data(), chunk.length))
+            return error;
+        // Where the old song had ended there are zeros until the new bytes are written.
+        mBefore->fill('\0');
+        const FileRange before = chunk.intersected({0, mPlan.oldSize});
+        if (const auto error = mOld.read(before, mBefore->data()))
+            return error;
+        const qint64 from = chunk.offset - write.range.offset;
+        if (write.bytes.isEmpty())
+            return mOld.read({write.keptOffset + from, chunk.length}, mAfter->data());
+        std::copy_n(write.bytes.constData() + from, chunk.length, mAfter->data());
+        return {};
+    }
+
+    void compare(qint64 length)
+    {
+        for (size_t i = 0; i < static_cast<size_t>(length); ++i) {
+            const bool old = (*mNow)[i] == (*mBefore)[i];
+            const bool changed = (*mNow)[i] == (*mAfter)[i];
+            state.isOld = state.isOld && old;
+            state.isNew = state.isNew && changed;
+            state.isForeign = state.isForeign || (!old && !changed);
+            state.evidence += old != changed ? 1 : 0;
+        }
+    }
+
+    int mSong;
+    const OldBytes &mOld;
+    const WritePlan &mPlan;
+    qint64 mSize;
+    std::unique_ptr<Buffer> mNow = std::make_unique<Buffer>();
+    std::unique_ptr<Buffer> mBefore = std::make_unique<Buffer>();
+    std::unique_ptr<Buffer> mAfter = std::make_unique<Buffer>();
+};
+
+/// The end that a shorter song loses, as if it were written with its own bytes.
+PlannedWrite cutEnd(const WritePlan &plan)
+{
+    const qint64 length = std::max<qint64>(plan.oldSize - plan.newSize, 0);
+    return {.range = {plan.newSize, length}, .bytes = {}, .keptOffset = plan.newSize};
+}
+} // namespace
+
+std::error_code overwrite(int song, int savedBytes, const WritePlan &plan)
+{
+    if (const auto error = reserve(song, plan))
+        return error;
+    const OldBytes old(song, savedBytes, plan);
+    for (const PlannedWrite &write : plan.writes) {
+        const auto error = write.bytes.isEmpty()
+            ? old.copyTo(write.range.offset, {write.keptOffset, write.range.length})
+            : writeAt(song, write.range.offset, write.bytes);
+        if (error)
+            return error;
+    }
+    if (plan.newSize < plan.oldSize)
+        if (const auto error = setSize(song, plan.newSize))
+            return error;
+    return syncData(song);
+}
+
+std::error_code rollBack(int song, int savedBytes, const WritePlan &plan)
+{
+    // The size first: it gives back the room that the growth took, which the bytes may need.
+    if (const auto error = setSize(song, plan.oldSize))
+        return error;
+    if (const auto error = OldBytes(song, savedBytes, plan).restore())
+        return error;
+    return syncAll(song);
+}
+
+std::error_code examine(int song, int savedBytes, const WritePlan &plan, SongState &state)
+{
+    const auto attributes = FileAttributes::of(song);
+    if (!attributes)
+        return lastError();
+    const OldBytes old(song, savedBytes, plan);
+    Examination examination(song, old, plan, attributes->size);
+    for (const PlannedWrite &write : plan.writes)
+        if (const auto error = examination.look(write))
+            return error;
+    if (const auto error = examination.look(cutEnd(plan)))
+        return error;
+    state = examination.state;
+    return {};
+}
