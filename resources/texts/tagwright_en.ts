@@ -55,6 +55,10 @@
         <source>The file is not writable</source>
         <translation>The file is not writable</translation>
     </message>
+    <message id="ErrorSongVanished">
+        <source>The file is gone</source>
+        <translation>The file is gone</translation>
+    </message>
     <message id="GeneralErrorPrefix">
         <source>Network: </source>
         <translation>Network: </translation>
