@@ -1,0 +1,192 @@
+#include "support/httpserver.h"
+
+#include <QTcpSocket>
+#include <QTimer>
+
+#include <sys/socket.h>
+
+#include <utility>
+
+namespace {
+const QByteArray lineEnd = "\r\n";
+const QByteArray headEnd = "\r\n\r\n";
+
+SeenRequest requestFrom(const QByteArray &head)
+{
+    QList<QByteArray> lines = head.split('\n');
+    const QList<QByteArray> words = lines.takeFirst().split(' ');
+    SeenRequest request{words.value(0), QString::fromLatin1(words.value(1)), {}, {}};
+    for (const QByteArray &line : std::as_const(lines)) {
+        const qsizetype colon = line.indexOf(':');
+        request.headers.insert(line.left(colon).toLower(), line.mid(colon + 1).trimmed());
+    }
+    return request;
+}
+
+/// Takes one whole request from the front of what was received.
+std::optional<SeenRequest> takeRequest(QByteArray &received)
+{
+    const qsizetype end = received.indexOf(headEnd);
+    if (end < 0)
+        return std::nullopt;
+    SeenRequest request = requestFrom(received.left(end));
+    const qsizetype bodyBegin = end + headEnd.size();
+    const qsizetype bodyLength = request.headers.value("content-length").toLongLong();
+    if (received.size() < bodyBegin + bodyLength)
+        return std::nullopt;
+    request.body = received.mid(bodyBegin, bodyLength);
+    received.remove(0, bodyBegin + bodyLength);
+    return request;
+}
+
+QByteArray bytesOf(const HttpAnswer &answer)
+{
+    if (!answer.raw.isEmpty())
+        return answer.raw;
+    QByteArray bytes = "HTTP/1.1 " + QByteArray::number(answer.status) + " Said" + lineEnd;
+    if (!answer.type.isEmpty())
+        bytes += "Content-Type: " + answer.type + lineEnd;
+    const qint64 length = answer.claimedLength.value_or(answer.body.size());
+    if (length >= 0)
+        bytes += "Content-Length: " + QByteArray::number(length) + lineEnd;
+    for (const QByteArray &header : answer.headers)
+        bytes += header + lineEnd;
+    return bytes + lineEnd + answer.body;
+}
+
+void reset(QTcpSocket *socket)
+{
+    const linger atOnce{1, 0};
+    setsockopt(static_cast<int>(socket->socketDescriptor()), SOL_SOCKET, SO_LINGER, &atOnce,
+               sizeof atOnce);
+    socket->abort();
+}
+
+void repeat(QTcpSocket *socket, const QByteArray &body)
+{
+    QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [socket, body] {
+        if (socket->bytesToWrite() < body.size())
+            socket->write(body);
+    });
+}
+
+void drip(QTcpSocket *socket, const HttpAnswer &answer)
+{
+    auto *timer = new QTimer(socket);
+    QObject::connect(timer, &QTimer::timeout, socket,
+                     [socket, body = answer.body, next = qsizetype(0)]() mutable {
+                         socket->write(body.mid(next++ % body.size(), 1));
+                     });
+    timer->start(answer.interval);
+}
+} // namespace
+
+HttpServer::HttpServer()
+{
+    connect(this, &QTcpServer::newConnection, this, &HttpServer::takeConnection);
+    if (!listen(QHostAddress::LocalHost))
+        qFatal("cannot listen on loopback: %s", qPrintable(errorString()));
+}
+
+QUrl HttpServer::url(const QString &path) const
+{
+    return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path));
+}
+
+void HttpServer::serveInTurn(const QString &path, const QList<HttpAnswer> &answers)
+{
+    mAnswers.insert(path, answers);
+}
+
+void HttpServer::serve(const QString &path, const HttpAnswer &answer)
+{
+    serveInTurn(path, QList<HttpAnswer>{answer});
+}
+
+void HttpServer::release()
+{
+    mIsHolding = false;
+    for (const Held &held : std::exchange(mHeld, {}))
+        if (held.socket)
+            answer(held.socket, held.path);
+}
+
+QStringList HttpServer::paths() const
+{
+    QStringList paths;
+    for (const SeenRequest &request : mRequests)
+        paths.append(request.path);
+    return paths;
+}
+
+void HttpServer::takeConnection()
+{
+    while (QTcpSocket *socket = nextPendingConnection()) {
+        connect(socket, &QTcpSocket::readyRead, this, [this, socket] { read(socket); });
+        connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    }
+}
+
+void HttpServer::read(QTcpSocket *socket)
+{
+    QByteArray received = socket->property("received").toByteArray() + socket->readAll();
+    while (const auto request = takeRequest(received))
+        take(socket, *request);
+    socket->setProperty("received", received);
+}
+
+void HttpServer::take(QTcpSocket *socket, const SeenRequest &request)
+{
+    mRequests.append(request);
+    mMostAtOnce = std::max(mMostAtOnce, ++mUnanswered);
+    if (mIsHolding)
+        mHeld.append({socket, request.path});
+    else
+        answer(socket, request.path);
+}
+
+void HttpServer::answer(QTcpSocket *socket, const QString &path)
+{
+    HttpAnswer chosen{.status = 404, .body = "nothing here"};
+    const auto answers = mAnswers.find(path);
+    if (answers != mAnswers.end())
+        chosen = answers->size() > 1 ? answers->takeFirst() : answers->constFirst();
+    if (chosen.delay.count() == 0) {
+        send(socket, chosen);
+        return;
+    }
+    const QPointer<QTcpSocket> kept(socket);
+    QTimer::singleShot(chosen.delay, Qt::PreciseTimer, this, [this, kept, chosen] {
+        if (kept)
+            send(kept, chosen);
+    });
+}
+
+void HttpServer::send(QTcpSocket *socket, const HttpAnswer &answer)
+{
+    --mUnanswered;
+    socket->write(bytesOf(answer));
+    socket->flush();
+    behave(socket, answer);
+}
+
+void HttpServer::behave(QTcpSocket *socket, const HttpAnswer &answer)
+{
+    switch (answer.then) {
+    case HttpAnswer::Then::Close:
+        socket->disconnectFromHost();
+        break;
+    case HttpAnswer::Then::Reset:
+        reset(socket);
+        break;
+    case HttpAnswer::Then::RepeatBody:
+        repeat(socket, answer.body);
+        break;
+    case HttpAnswer::Then::DripBody:
+        drip(socket, answer);
+        break;
+    case HttpAnswer::Then::KeepAlive:
+    case HttpAnswer::Then::Stall:
+        break;
+    }
+}
