@@ -15,6 +15,10 @@
         <source>Artwork</source>
         <translation>Artwork</translation>
     </message>
+    <message id="ErrorAddressNotFetched">
+        <source>“%1” is no address that can be fetched: only http and https are</source>
+        <translation>“%1” is no address that can be fetched: only http and https are</translation>
+    </message>
     <message id="ErrorCannotMakeID3">
         <source>The ID3 tag cannot be made</source>
         <translation>The ID3 tag cannot be made</translation>
@@ -30,6 +34,10 @@
     <message id="ErrorCannotOpenForWrite">
         <source>The file cannot be opened for writing</source>
         <translation>The file cannot be opened for writing</translation>
+    </message>
+    <message id="ErrorHostFailedLately">
+        <source>%1 could not be reached within the last five minutes and is left alone for now</source>
+        <translation>%1 could not be reached within the last five minutes and is left alone for now</translation>
     </message>
     <message id="ErrorMP4NotYet">
         <source>AAC/MP4 songs cannot be read yet</source>
@@ -47,6 +55,10 @@
         <source>“%1” is not on the album “%2” (%3)</source>
         <translation>“%1” is not on the album “%2” (%3)</translation>
     </message>
+    <message id="ErrorResponseTooLong">
+        <source>The answer is longer than %1 MB</source>
+        <translation>The answer is longer than %1 MB</translation>
+    </message>
     <message id="ErrorSongHasProblem">
         <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
         <translation>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</translation>
@@ -55,9 +67,9 @@
         <source>The file is not writable</source>
         <translation>The file is not writable</translation>
     </message>
-    <message id="ErrorSongVanished">
-        <source>The file is gone</source>
-        <translation>The file is gone</translation>
+    <message id="ErrorTimedOut">
+        <source>The server took too long to answer</source>
+        <translation>The server took too long to answer</translation>
     </message>
     <message id="GeneralErrorPrefix">
         <source>Network: </source>

@@ -11,10 +11,7 @@
 /// What lives as long as the process, built once and handed down.
 class Engine {
 public:
-    enum class Definitions {
-        Live, ///< newer ones are asked for once a day
-        Fixed, ///< those that are in use stay in use
-    };
+    enum class Definitions { Live, Fixed };
 
     /// Where fetched pages are kept: on disk for the next run, or as long as the process only.
     enum class Pages { OnDisk, InMemory };
@@ -23,9 +20,9 @@ public:
     Engine(const Engine &) = delete;
     Engine &operator=(const Engine &) = delete;
 
-    /// Sets the fetch queue up and installs the tables. Called once, when it is settled which
-    /// definitions are in use.
-    void start(Definitions which);
+    /// Installs the tables, sets the fetch queue up and, with live definitions, asks for newer
+    /// ones when a day has gone by.
+    void start(Definitions definitions);
 
     PrefsController prefs;
     SiteDefinitionStore definitions;
@@ -34,8 +31,4 @@ public:
     iTunesInterface itunes;
     UserLog log;
     DefinitionsUpdate update;
-
-private:
-    void setUpQueue();
-    void adoptDefinitions();
 };

@@ -22,10 +22,10 @@ struct FetchError {
 
 /// The one answer to a request. A cancelled request gives the URL alone.
 struct FetchResult {
-    QUrl url; ///< as it was queued, whatever redirects there were
-    QByteArray data; ///< empty when the load gave none
-    std::optional<QString> MIMEType; ///< there when a response arrived
-    std::optional<FetchError> error;
+    QUrl url{}; ///< as it was queued, whatever redirects there were
+    QByteArray data{}; ///< empty when the load gave none
+    std::optional<QString> MIMEType{}; ///< there when a response arrived
+    std::optional<FetchError> error{};
     int status = 0; ///< the HTTP status of the last response; 0 without one
 };
 

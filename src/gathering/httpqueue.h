@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/clock.h"
+#include "gathering/fetchlimits.h"
 #include "gathering/fetchresult.h"
 
 #include <QObject>
@@ -23,7 +24,7 @@ class HVHTTPQueue : public QObject {
 public:
     /// `cacheFolder` empty: responses are kept in memory only.
     explicit HVHTTPQueue(const QString &cacheFolder, const Clock &clock = systemClock(),
-                         QObject *parent = nullptr);
+                         QObject *parent = nullptr, const FetchLimits &limits = {});
     ~HVHTTPQueue() override;
 
     void setAgentString(const QString &agent);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <chrono>
+
+/// What one request may take at most. The defaults are the program's; tests have less patience.
+struct FetchLimits {
+    /// From one sign of life to the next.
+    std::chrono::milliseconds silence{10'000};
+    /// The same for HEAD.
+    std::chrono::milliseconds headSilence{6'000};
+    /// From the first byte sent to the last one read, however steadily it drips.
+    std::chrono::milliseconds total{60'000};
+    /// A longer Retry-After is cut to this.
+    std::chrono::milliseconds retryWait{60'000};
+    int retries = 3;
+    int redirects = 10;
+    /// Of the body after decompression. More than any page or picture of use.
+    qint64 bodyBytes = 32 * 1024 * 1024;
+};
