@@ -80,10 +80,12 @@ GatheringOptions demoOptions()
 int runDemo(Report &report)
 {
     const QTemporaryDir folder;
-    const QString error = folder.isValid() ? makeSampleSongs(folder.path()) : folder.errorString();
+    QString error = folder.isValid() ? makeSampleSongs(folder.path()) : folder.errorString();
     SampleSites sites;
-    if (!error.isEmpty() || !sites.listen()) {
-        report.error(QStringLiteral("demo"), error.isEmpty() ? sites.errorString() : error);
+    if (error.isEmpty() && !sites.listen())
+        error = QStringLiteral("no port of this machine can be listened on");
+    if (!error.isEmpty()) {
+        report.error(QStringLiteral("demo"), error);
         return report.finish();
     }
     // Pages of sites that live as long as this process are of no use to the next one.

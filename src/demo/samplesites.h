@@ -1,6 +1,5 @@
 #pragma once
 
-#include "demo/samplealbums.h"
 #include "gathering/sitedefinition.h"
 
 #include <QHttpServer>
@@ -11,14 +10,11 @@ class SampleSites {
 public:
     /// False when no port could be had.
     [[nodiscard]] bool listen();
-    [[nodiscard]] QString errorString() const;
 
     /// The definitions with the sample sites' addresses put in.
     [[nodiscard]] SiteDefinitions definitions(const SiteDefinitions &defaults) const;
 
 private:
-    void addTrackDatabase();
-
     QHttpServer mServer;
     quint16 mPort = 0;
 };
