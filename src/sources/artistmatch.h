@@ -1,0 +1,28 @@
+#pragma once
+
+#include "gathering/albumlist.h"
+
+#include <QString>
+
+#include <optional>
+
+// The tests of an artist's name that sources share. All names are simplified strings; an empty
+// one matches nothing.
+
+/// The artist that is searched, in both forms of the name.
+struct SearchedArtist {
+    SearchedArtist(const std::optional<QString> &artist, const std::optional<QString> &alternate);
+
+    QString name; ///< simplified; empty without an artist
+    QString alternateName; ///< the same of the alternate artist
+};
+
+/// The test of a row on a list: one name begins with the other, or contains it where substrings
+/// are allowed.
+[[nodiscard]] bool matchesListedArtist(const SearchedArtist &searched, const QString &listed,
+                                       Substrings substrings);
+
+/// The test of an album's own page: equal names, or one containing the other where substrings
+/// are allowed. Without an alternate artist the artist stands for it.
+[[nodiscard]] bool matchesAlbumArtist(const SearchedArtist &searched, const QString &ofAlbum,
+                                      Substrings substrings);
