@@ -35,6 +35,18 @@
         <source>The file cannot be opened for writing</source>
         <translation>The file cannot be opened for writing</translation>
     </message>
+    <message id="ErrorCannotReadFile">
+        <source>The file cannot be read</source>
+        <translation>The file cannot be read</translation>
+    </message>
+    <message id="ErrorFileChanged">
+        <source>The file is not the song that it was</source>
+        <translation>The file is not the song that it was</translation>
+    </message>
+    <message id="ErrorFrameTooLarge">
+        <source>“%1” is larger than this kind of tag can hold (16 MB)</source>
+        <translation>“%1” is larger than this kind of tag can hold (16 MB)</translation>
+    </message>
     <message id="ErrorHostFailedLately">
         <source>%1 could not be reached within the last five minutes and is left alone for now</source>
         <translation>%1 could not be reached within the last five minutes and is left alone for now</translation>
@@ -66,6 +78,10 @@
     <message id="ErrorSongLocked">
         <source>The file is not writable</source>
         <translation>The file is not writable</translation>
+    </message>
+    <message id="ErrorTagTooLarge">
+        <source>It would be larger than 256 MB</source>
+        <translation>It would be larger than 256 MB</translation>
     </message>
     <message id="ErrorTimedOut">
         <source>The server took too long to answer</source>

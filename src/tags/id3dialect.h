@@ -20,12 +20,15 @@ struct ID3Dialect {
     bool dropsTagWithoutFrames; ///< else: a header of size 0 is written
     bool writesID3v1TrackAlways; ///< else: only when there is a year
     bool leavesOutUnknownContent; ///< else: the ID stands without size or body
+    bool endsTextOf22AtZero; ///< UTF-16 of v2.2; else: the terminator becomes part of the text
+    bool losesNothing; ///< what could not be understood is kept raw; else: it is dropped
 
     bool operator==(const ID3Dialect &) const = default;
 
     static constexpr ID3Dialect classic() { return {}; }
     static constexpr ID3Dialect standard()
     {
-        return {true, true, true, true, true, true, true, true, true, true, true, true, true, true};
+        return {true, true, true, true, true, true, true, true,
+                true, true, true, true, true, true, true, true};
     }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tags/audioinfotag.h"
+#include "tags/fieldframes.h"
 #include "tags/framestore.h"
 #include "tags/id3contents.h"
 
@@ -55,11 +56,14 @@ public:
     [[nodiscard]] ByteRange id3v2Range() const { return mID3v2Range; }
 
 private:
-    void setString(const QString &string, const QString &forV22, const QString &orForV24);
-    [[nodiscard]] bool isVersion22() const;
+    [[nodiscard]] std::optional<QString> text(FieldFrames field) const;
+    void setString(const QString &string, FieldFrames field);
+    /// The ID under which the field stands in a tag of the version that was read.
+    [[nodiscard]] QString frameID(FieldFrames field) const;
 
     FrameStore mFrames;
     std::optional<QString> mReadVersion;
+    ID3Dialect mDialect; ///< what the tag was read with
     ByteRange mID3v1Range;
     ByteRange mID3v2Range;
 };

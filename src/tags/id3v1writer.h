@@ -1,0 +1,21 @@
+#pragma once
+
+#include "tags/framestore.h"
+#include "tags/id3dialect.h"
+
+#include <QByteArray>
+
+/// The 128 bytes at the end of a song file.
+namespace ID3Writer {
+
+/// Whether nothing of title, artist, album, year, track, genre, comment and pictures would be
+/// lost in an ID3v1.1 tag. Lyrics, BPM and the compilation flag are lost in silence, unless the
+/// dialect loses nothing: then every frame must fit.
+[[nodiscard]] bool canWriteID3v11WithoutLoss(const FrameStore &frames, const ID3Dialect &dialect);
+
+/// An ID3v1.1 tag. `previous`: the tag that it replaces, or nothing; a dialect that loses
+/// nothing takes the comment from there, as only files without ID3v2 have it in their frames.
+[[nodiscard]] QByteArray dataForID3v11(const FrameStore &frames, const ID3Dialect &dialect,
+                                       const QByteArray &previous);
+
+} // namespace ID3Writer
