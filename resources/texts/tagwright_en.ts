@@ -79,6 +79,10 @@
         <source>The file is not writable</source>
         <translation>The file is not writable</translation>
     </message>
+    <message id="ErrorSongVanished">
+        <source>The file is gone</source>
+        <translation>The file is gone</translation>
+    </message>
     <message id="ErrorTagTooLarge">
         <source>It would be larger than 256 MB</source>
         <translation>It would be larger than 256 MB</translation>

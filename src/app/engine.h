@@ -11,7 +11,10 @@
 /// What lives as long as the process, built once and handed down.
 class Engine {
 public:
-    enum class Definitions { Live, Fixed };
+    enum class Definitions {
+        Live, ///< newer ones are asked for once a day
+        Fixed, ///< those that are in use stay in use
+    };
 
     /// Where fetched pages are kept: on disk for the next run, or as long as the process only.
     enum class Pages { OnDisk, InMemory };
@@ -20,9 +23,9 @@ public:
     Engine(const Engine &) = delete;
     Engine &operator=(const Engine &) = delete;
 
-    /// Installs the tables, sets the fetch queue up and, with live definitions, asks for newer
-    /// ones when a day has gone by.
-    void start(Definitions definitions);
+    /// Sets the fetch queue up and installs the tables. Called once, when it is settled which
+    /// definitions are in use.
+    void start(Definitions which);
 
     PrefsController prefs;
     SiteDefinitionStore definitions;
@@ -31,4 +34,8 @@ public:
     iTunesInterface itunes;
     UserLog log;
     DefinitionsUpdate update;
+
+private:
+    void setUpQueue();
+    void adoptDefinitions();
 };

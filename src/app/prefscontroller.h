@@ -27,16 +27,21 @@ inline constexpr Setting<bool> filterLyrics{"filterLyrics", false};
 
 } // namespace preferences
 
+/// The kinds of information that the user may ask for.
+inline constexpr Assets gatherableAssets = AssetSongTitle | AssetAlbumName | AssetArtwork
+    | AssetGenre | AssetTrack | AssetYear | AssetLyrics;
+
 /// What to gather and how, as the user left it.
 struct GatheringOptions {
-    Assets gather;
+    Assets gather = gatherableAssets;
     Assets overwrite;
     AlbumPick albumPickingMethod = AlbumPick::None;
     Substrings allowSubstrings = Substrings::Refuse;
     bool parallelSearch = false;
-    double minimumImageSize = 100; ///< pixels
-    double maximumImageSize = 450; ///< pixels
-    double overwriteImageThreshold = preferences::overwriteSliderMaximum; ///< pixels
+    double minimumImageSize = preferences::minimumImageSize.whenUnset; ///< pixels
+    double maximumImageSize = preferences::maximumImageSize.whenUnset; ///< pixels
+    /// Pixels: only narrower artwork is replaced.
+    double overwriteImageThreshold = preferences::overwriteImageThreshold.whenUnset;
     bool ignoreNonSquareArtwork = false;
 };
 
@@ -48,8 +53,10 @@ public:
 
     [[nodiscard]] QSettings &settings() { return mSettings; }
 
-    /// The saved options; the defaults when they are of another version ("prefsVersion" 3).
+    /// The saved options; where they are of another version than ours ("prefsVersion"), what to
+    /// gather and how to choose are the defaults.
     [[nodiscard]] GatheringOptions gatheringOptions() const;
+    /// Saves what to gather and how to choose. The limits of artwork have settings of their own.
     void setGatheringOptions(const GatheringOptions &options);
 
     /// "id3Dialect": "standard", or anything else for classic.

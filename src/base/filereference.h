@@ -5,7 +5,8 @@
 #include <memory>
 #include <optional>
 
-/// Follows a file when it is moved or renamed within its file system.
+/// Follows a file when it is moved or renamed within its file system (on Linux; elsewhere, and
+/// for very many files at once, only the recorded path is known).
 class FileReference {
 public:
     /// Null when there is no file at `path`.
@@ -15,8 +16,8 @@ public:
     FileReference &operator=(const FileReference &) = delete;
     ~FileReference();
 
-    /// Where the file is now; the recorded path when another file was put in its place; nothing
-    /// when it is gone.
+    /// The recorded path when there is a file, be it this one or another one put in its place;
+    /// else where the file was moved to; nothing when it is gone.
     [[nodiscard]] std::optional<QString> path() const;
 
 private:

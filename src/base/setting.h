@@ -3,8 +3,8 @@
 #include <QSettings>
 #include <QVariant>
 
-/// One value of the settings file: its key and what it reads as when it is unset. Reading asks
-/// the settings each time, so that a change takes effect at once.
+/// One value of the settings file: its key and what it reads as when it is unset or no such value
+/// at all. Reading asks the settings each time, so that a change takes effect at once.
 template<typename Value>
 struct Setting {
     const char *key;
@@ -17,8 +17,9 @@ struct Setting {
 
     [[nodiscard]] Value value(const QSettings &settings) const
     {
-        const QVariant stored = settings.value(QLatin1String(key));
-        return stored.canConvert<Value>() ? stored.value<Value>() : whenUnset;
+        QVariant stored = settings.value(QLatin1String(key));
+        const bool isOne = stored.convert(QMetaType::fromType<Value>());
+        return isOne ? stored.value<Value>() : whenUnset;
     }
 
     void set(QSettings &settings, const Value &value) const

@@ -13,5 +13,5 @@ public:
 
 private:
     iTunesInterface &mItunes;
-    bool mPaused = false;
+    bool mPaused;
 };

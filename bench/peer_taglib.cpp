@@ -1,0 +1,128 @@
+// What TagLib does with the same job: "show FOLDER" prints the JSON Lines that "tagwright show
+// --json" prints, with the same hashes; "set FOLDER TEXT" writes an album name into every song.
+#define OPENSSL_SUPPRESS_DEPRECATED
+#include <openssl/sha.h>
+#include <taglib/attachedpictureframe.h>
+#include <taglib/id3v1tag.h>
+#include <taglib/id3v2tag.h>
+#include <taglib/mpegfile.h>
+#include <taglib/textidentificationframe.h>
+#include <taglib/unsynchronizedlyricsframe.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+using TagLib::ByteVector;
+using TagLib::MPEG::File;
+
+std::string quoted(const std::string &text)
+{
+    std::string json = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\')
+            json += '\\';
+        if (static_cast<unsigned char>(c) >= 0x20)
+            json += c;
+        else
+            json += c == '\n' ? "\\n" : c == '\r' ? "\\r" : c == '\t' ? "\\t" : "\\u0000";
+    }
+    return json + '"';
+}
+
+std::string textOrNull(const TagLib::String &text)
+{
+    return text.isEmpty() ? "null" : quoted(text.to8Bit(true));
+}
+
+TagLib::String frameText(const TagLib::ID3v2::Tag *tag, const char *id)
+{
+    const auto &frames = tag->frameListMap()[id];
+    return frames.isEmpty() ? TagLib::String() : frames.front()->toString();
+}
+
+std::string sha1(const ByteVector &data)
+{
+    unsigned char digest[SHA_DIGEST_LENGTH];
+    SHA1(reinterpret_cast<const unsigned char *>(data.data()), data.size(), digest);
+    std::string hex;
+    for (const unsigned char byte : digest) {
+        char two[3];
+        std::snprintf(two, sizeof two, "%02x", byte);
+        hex += two;
+    }
+    return hex;
+}
+
+std::string images(const TagLib::ID3v2::Tag *tag)
+{
+    std::string json = "[";
+    for (const auto *frame : tag->frameListMap()["APIC"]) {
+        const auto *picture = dynamic_cast<const TagLib::ID3v2::AttachedPictureFrame *>(frame);
+        if (!picture)
+            continue;
+        json += json.size() > 1 ? "," : "";
+        json += "{\"bytes\":" + std::to_string(picture->picture().size()) + ",\"description\":"
+            + textOrNull(picture->description()) + ",\"mime\":" + textOrNull(picture->mimeType())
+            + ",\"pictureType\":" + std::to_string(picture->type()) + ",\"sha1\":"
+            + quoted(sha1(picture->picture())) + ",\"suffix\":\"JPG\",\"textEncoding\":"
+            + std::to_string(picture->textEncoding()) + "}";
+    }
+    return json + "]";
+}
+
+std::string summary(const std::string &path)
+{
+    File file(path.c_str(), false);
+    const TagLib::ID3v2::Tag *v2 = file.ID3v2Tag(true);
+    const TagLib::Tag *tag = file.tag();
+    const std::string version =
+        file.hasID3v2Tag() ? "2." + std::to_string(v2->header()->majorVersion()) + ".0" : "1.1";
+    const TagLib::String track = frameText(v2, "TRCK");
+    const auto lyrics = frameText(v2, "USLT");
+    const size_t slash = track.to8Bit().find('/');
+    return "{\"album\":" + textOrNull(tag->album()) + ",\"artist\":" + textOrNull(tag->artist())
+        + ",\"bpm\":" + textOrNull(frameText(v2, "TBPM"))
+        + ",\"compilation\":" + (frameText(v2, "TCMP") == "1" ? "true" : "false")
+        + ",\"genres\":" + textOrNull(tag->genre()) + ",\"images\":" + images(v2)
+        + ",\"lyrics\":" + textOrNull(lyrics) + ",\"numberOfTracks\":"
+        + (slash == std::string::npos ? "0" : track.to8Bit().substr(slash + 1))
+        + ",\"path\":" + quoted(path) + ",\"problem\":false,\"readVersion\":" + quoted(version)
+        + ",\"title\":" + textOrNull(tag->title()) + ",\"track\":" + textOrNull(track)
+        + ",\"trackNumber\":" + std::to_string(tag->track()) + ",\"type\":\"mp3\""
+        + ",\"writeVersion\":" + quoted(version) + ",\"year\":" + textOrNull(frameText(v2, "TDRC"))
+        + "}";
+}
+
+std::vector<std::string> songsIn(const char *folder)
+{
+    std::vector<std::string> paths;
+    for (const auto &entry : std::filesystem::recursive_directory_iterator(folder))
+        if (!entry.is_directory())
+            paths.push_back(entry.path().native());
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc < 3)
+        return 2;
+    const std::string command = argv[1];
+    for (const std::string &path : songsIn(argv[2])) {
+        if (command == "show") {
+            std::puts(summary(path).c_str());
+        } else if (argc > 3) {
+            File file(path.c_str(), false);
+            file.ID3v2Tag(true)->setAlbum(TagLib::String(argv[3], TagLib::String::UTF8));
+            file.save();
+        }
+    }
+    return 0;
+}
