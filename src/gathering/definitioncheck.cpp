@@ -2,6 +2,7 @@
 
 #include "gathering/definitionformat.h"
 #include "gathering/definitionschema.h"
+#include "gathering/fetchable.h"
 
 #include <QStringDecoder>
 #include <QUrl>
@@ -39,13 +40,6 @@ bool isNumber(const QVariant &value)
     if (isText(value))
         value.toString().toDouble(&isNumeric);
     return isNumeric;
-}
-
-bool isFetchable(const QUrl &url)
-{
-    const QString scheme = url.scheme();
-    return url.isValid() && !url.host().isEmpty()
-        && (scheme == QLatin1String("http") || scheme == QLatin1String("https"));
 }
 
 bool beginsAsAddress(const QString &text)

@@ -27,6 +27,7 @@ struct FetchResult {
     std::optional<QString> MIMEType{}; ///< there when a response arrived
     std::optional<FetchError> error{};
     int status = 0; ///< the HTTP status of the last response; 0 without one
+    bool cameInTheClear = false; ///< some step of the way, redirects included, was no https
 };
 
 using FetchCallback = std::function<void(const FetchResult &)>;

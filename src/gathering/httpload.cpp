@@ -1,5 +1,6 @@
 #include "gathering/httpload.h"
 
+#include "gathering/fetchable.h"
 #include "gathering/fetcherrors.h"
 
 namespace {
@@ -25,14 +26,12 @@ bool forbidsStoring(const QNetworkReply &reply)
 {
     return reply.rawHeader("Cache-Control").toLower().contains("no-store");
 }
-} // namespace
 
-bool isFetchable(const QUrl &url)
+bool isInTheClear(const QUrl &url)
 {
-    const QString scheme = url.scheme();
-    return url.isValid() && !url.host().isEmpty()
-        && (scheme == QLatin1String("http") || scheme == QLatin1String("https"));
+    return url.scheme() != QLatin1String("https");
 }
+} // namespace
 
 FetchError notFetchableError(const QUrl &url)
 {
@@ -42,6 +41,7 @@ FetchError notFetchableError(const QUrl &url)
 HttpLoad::HttpLoad(QNetworkReply *reply, const Bounds &bounds)
     : mReply(reply)
     , mBounds(bounds)
+    , mCameInTheClear(isInTheClear(reply->url()))
 {
     reply->setReadBufferSize(readAheadBytes);
     connect(reply, &QNetworkReply::redirected, this, &HttpLoad::takeRedirect);
@@ -80,6 +80,7 @@ void HttpLoad::takeRedirect(const QUrl &target)
 {
     mSilence.start();
     mData.clear();
+    mCameInTheClear = mCameInTheClear || isInTheClear(target);
     if (isFetchable(target))
         Q_EMIT mReply->redirectAllowed();
     else
@@ -149,6 +150,7 @@ void HttpLoad::finish(bool isWhole)
     LoadOutcome success;
     success.status = statusOf(*mReply);
     success.MIMEType = mMIMEType;
+    success.cameInTheClear = mCameInTheClear;
     success.retryAfter = mReply->rawHeader("Retry-After");
     success.mayBeStored = isWhole && success.status == 200 && !forbidsStoring(*mReply);
     success.data = std::move(mData);

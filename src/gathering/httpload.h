@@ -7,9 +7,7 @@
 #include <QPointer>
 #include <QTimer>
 
-/// Whether an address may be fetched at all: http or https, with a host.
-bool isFetchable(const QUrl &url);
-/// The error for one that may not.
+/// The error for an address that may not be fetched.
 FetchError notFetchableError(const QUrl &url);
 
 /// How one load ended.
@@ -18,6 +16,7 @@ struct LoadOutcome {
     std::optional<QString> MIMEType; ///< absent after a failure
     std::optional<FetchError> error;
     int status = 0; ///< 0 without a response
+    bool cameInTheClear = false; ///< some step of the way, redirects included, was no https
     QByteArray retryAfter; ///< the header of that name, as it stands
     bool mayBeStored = false; ///< a whole answer of status 200 that does not forbid it
 };
@@ -67,4 +66,5 @@ private:
     QByteArray mData;
     QString mMIMEType;
     bool mHasResponse = false;
+    bool mCameInTheClear;
 };

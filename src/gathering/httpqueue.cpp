@@ -4,6 +4,7 @@
 #include "base/nextturn.h"
 #include "base/progress.h"
 #include "gathering/failedhosts.h"
+#include "gathering/fetchable.h"
 #include "gathering/fetcherrors.h"
 #include "gathering/fetchline.h"
 #include "gathering/hostpace.h"
@@ -294,7 +295,8 @@ void HVHTTPQueue::Private::loadEnded(const FetchPointer &fetch, const LoadOutcom
            {.data = outcome.data,
             .MIMEType = outcome.MIMEType,
             .error = outcome.error,
-            .status = outcome.status});
+            .status = outcome.status,
+            .cameInTheClear = outcome.cameInTheClear});
 }
 
 /// Whether the server asked to come back later, and so it will be.

@@ -80,6 +80,8 @@ void DefinitionsUpdate::gotNewResources(const FetchResult &result, const QString
 {
     if (result.error || result.data.isEmpty())
         fetchFailed(address);
+    else if (result.cameInTheClear && !isLoopback(result.url.host()))
+        qCWarning(logSources, "newer definitions were redirected away from https and are refused");
     else if (mStore.mergeAndStore(result.data))
         Q_EMIT merged();
 }
