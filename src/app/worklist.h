@@ -5,7 +5,10 @@
 #include "gathering/songinfotask.h"
 
 #include <QObject>
+#include <QTimer>
 
+#include <chrono>
+#include <deque>
 #include <memory>
 
 class iTunesInterface;
@@ -24,28 +27,41 @@ struct SongOutcome {
 
 enum class WriteSongs { Yes, No };
 
+/// What may be overwritten in a song whose widest picture is so many pixels wide (0 without
+/// any): wider artwork than the threshold stays.
+[[nodiscard]] Assets overwritableAssets(const GatheringOptions &options, int existingWidth);
+
 /// The main loop: gathers the songs given to it one after the other, writes back what changed,
 /// and tells of each. It never has more than one task running.
 class WorkList : public QObject {
     Q_OBJECT
 
 public:
-    /// `library`: every song of the list, which lend to each other. `context` and `itunes` must
-    /// outlive the work list.
+    /// All three must outlive the work list.
     WorkList(GatherContext &context, iTunesInterface &itunes, UserLog &log);
     ~WorkList() override;
 
-    /// Starts a run, or adds to the one under way. Songs that are not ready are told of as
-    /// failed when they are locked or have problems, else passed over.
+    /// Starts a run, or adds to the one under way; nothing is told before a later turn of the
+    /// event loop. Songs that are locked or have problems are told of as failed in their turn,
+    /// songs that are pending or being processed are passed over. Of a run under way, the
+    /// options count for what is still to come, and whether it writes stays as it is.
     void beginGathering(const SongList &songs, const GatheringOptions &options,
                         const WriteOptions &writeOptions, WriteSongs write = WriteSongs::Yes);
-    /// Cancels the run. The song in hand is left as it is; after 4 seconds it is given up on.
+    /// Cancels the run. The song in hand is left as it is and not told of. A task that does not
+    /// end is given up on.
     void stopGathering();
+    /// How long a cancelled task has to end; 4 seconds when not set.
+    void setCancelTimeout(std::chrono::milliseconds timeout)
+    {
+        mCancelTimeout.setInterval(timeout);
+    }
 
-    [[nodiscard]] bool isRunning() const;
-    [[nodiscard]] int songsProcessed() const;
-    [[nodiscard]] int songsModified() const;
-    [[nodiscard]] int songsRemaining() const;
+    [[nodiscard]] bool isRunning() const { return mIsRunning; }
+    /// Songs of this run, or the last one, that were told of.
+    [[nodiscard]] int songsProcessed() const { return mSongsProcessed; }
+    /// Those whose tag changed, written or not.
+    [[nodiscard]] int songsModified() const { return mSongsModified; }
+    [[nodiscard]] int songsRemaining() const { return static_cast<int>(mSongWorkList.size()); }
     /// "%@ - %@" of the song in hand, with what remains; empty without one.
     [[nodiscard]] QString statusLine() const;
 
@@ -56,6 +72,34 @@ Q_SIGNALS:
     void runFinished(bool cancelled);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    void append(const SongList &songs);
+    void processNextSongOnWorkList();
+    void processSong(const std::shared_ptr<SongFile> &song);
+    [[nodiscard]] std::optional<QString> reasonNotToGather(SongFile &song);
+    void makeTask(const std::shared_ptr<SongFile> &song);
+    void startTask();
+    void finishTask();
+    void logGathered(const SongOutcome &outcome, const AudioInfoTag &tag);
+    void writeSong(SongOutcome &outcome);
+    void abandonTask();
+    void forgetTag(const std::shared_ptr<SongFile> &song, bool isAsOnDisk);
+    void tell(const SongOutcome &outcome);
+    void endRun();
+    void giveUpOnTask();
+
+    GatherContext &mContext;
+    iTunesInterface &mItunes;
+    UserLog &mLog;
+    std::deque<std::shared_ptr<SongFile>> mSongWorkList;
+    std::unique_ptr<SongInfoTask> mCurrentInfoTask;
+    GatheringOptions mOptions;
+    WriteOptions mWriteOptions;
+    WriteSongs mWrite = WriteSongs::Yes;
+    Assets mAllSourceAssetsAvailable;
+    QTimer mNextStep; ///< the loop's next step, on a later turn
+    QTimer mCancelTimeout;
+    int mSongsProcessed = 0;
+    int mSongsModified = 0;
+    bool mIsRunning = false;
+    bool mIsCancelled = false;
 };

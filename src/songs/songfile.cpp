@@ -6,7 +6,7 @@
 #include "tags/filetype.h"
 #include "tags/tagfactory.h"
 
-#include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <fcntl.h>
@@ -57,16 +57,17 @@ std::shared_ptr<SongFile> SongFile::songWithPath(const QString &path, const Read
     const auto attributes = attributesOfFile(path);
     if (!attributes || isTooSmallForASong(attributes->size))
         return nullptr;
-    return std::make_shared<SongFile>(path, *attributes, options);
+    auto song = std::make_shared<SongFile>(path, options);
+    song->mModDate = attributes->modified;
+    song->mIsWritableFile = isWritableFile(path);
+    song->setDefaultActivityStatus();
+    return song;
 }
 
-SongFile::SongFile(QString path, const FileAttributes &attributes, const ReadOptions &options)
+SongFile::SongFile(QString path, const ReadOptions &options)
     : mPath(std::move(path))
-    , mModDate(attributes.modified)
     , mReadOptions(options)
-    , mIsWritableFile(isWritableFile(mPath))
 {
-    setDefaultActivityStatus();
 }
 
 SongFile::~SongFile() = default;
@@ -155,10 +156,11 @@ void SongFile::updatePathFromAlias()
 {
     if (!mAlias)
         return;
-    if (const auto path = mAlias->path())
-        mPath = *path; // not setPath(): the reference still holds
-    else
+    const auto path = mAlias->path();
+    if (!path)
         mStatus = SongStatus::Problem;
+    else if (*path != QFileInfo(mPath).absoluteFilePath()) // a relative path stays as it was given
+        mPath = *path; // not setPath(): the reference still holds
 }
 
 void SongFile::adoptCurrentModificationDate()

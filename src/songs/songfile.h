@@ -11,7 +11,6 @@
 
 class FileReference;
 class iTunesInterface;
-struct FileAttributes;
 
 /// What a song of the list is doing. The numbers order the list.
 enum class SongStatus {
@@ -32,7 +31,8 @@ public:
     [[nodiscard]] static std::shared_ptr<SongFile> songWithPath(const QString &path,
                                                                 const ReadOptions &options = {});
 
-    SongFile(QString path, const FileAttributes &attributes, const ReadOptions &options);
+    /// A record that knows nothing of the file yet, such as of a path where there is none.
+    SongFile(QString path, const ReadOptions &options);
     SongFile(const SongFile &) = delete;
     SongFile &operator=(const SongFile &) = delete;
     ~SongFile();
@@ -104,7 +104,7 @@ private:
 
     QString mPath;
     std::unique_ptr<FileReference> mAlias;
-    timespec mModDate;
+    timespec mModDate = {};
     std::unique_ptr<AudioInfoTag> mInfotag;
     QString mReasonOfNoTag;
     std::unique_ptr<OriginalProperties> mOriginalProperties; ///< few songs of a list have them
