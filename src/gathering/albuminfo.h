@@ -10,6 +10,9 @@
 
 enum class Substrings { Refuse, Allow };
 
+/// Whether one of two simplified names is part of the other. Nothing is part of an empty one.
+[[nodiscard]] bool simplifiedNamesOverlap(const QString &one, const QString &other);
+
 /// One album as a web source found it.
 class AlbumInfo {
 public:
@@ -45,8 +48,13 @@ public:
     /// A copy that counts no duplicates.
     [[nodiscard]] AlbumInfo copy() const;
 
-    /// The 1-based number of the title on this album, or 0.
+    /// The loose key of the name, by which albums are compared; empty without a name.
+    [[nodiscard]] QString simplifiedName() const;
+    /// The 1-based number of the title on this album, or 0. Of equal titles the last counts.
     [[nodiscard]] int numberOfTrackNamed(const QString &title, Substrings allowSubstrings) const;
+    /// The same for a title that was simplified before, as when many albums are asked.
+    [[nodiscard]] int numberOfTrackSimplified(const QString &simplifiedTitle,
+                                              Substrings allowSubstrings) const;
     [[nodiscard]] Assets assets() const;
     /// The share of the wanted assets that the album holds, 0 to 1; -1 when none is wanted.
     [[nodiscard]] float matchToDesiredAssets(Assets wanted) const;

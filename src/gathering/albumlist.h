@@ -11,7 +11,7 @@ using AlbumList = QList<AlbumInfo>;
 enum class AlbumPick { None = 0, EarliestYear = 1, MostAgreement = 2 };
 
 /// Merges albums of the same simplified name and, if any album holds the title, drops those that
-/// do not.
+/// do not. Albums without a name count as of one name.
 void simplifyAlbumArray(AlbumList &albums, const std::optional<QString> &forTrackName);
 
 /// Keeps the albums of exactly that many tracks, if there are any.
@@ -20,6 +20,17 @@ void eliminateAlbumsWithDifferentNumberOfTracks(AlbumList &albums, int than);
 /// Keeps the albums called as the song's tag says, if there are any.
 void eliminateAlbumsWithoutDesiredName(AlbumList &albums, const std::optional<QString> &tagAlbum,
                                        Substrings allowSubstrings);
+
+/// What a song's tag says that its album must fit.
+struct SongFacts {
+    bool trustsTitle = true; ///< false: the title is itself looked for
+    std::optional<QString> title;
+    std::optional<QString> album; ///< absent also when it is to be replaced
+    int tracksOnAlbum = 0; ///< 0: not known
+};
+
+/// Merges the albums and drops those that do not fit the song, as long as one fits.
+void filterAlbums(AlbumList &albums, const SongFacts &song, Substrings allowSubstrings);
 
 /// The words of a song that explanations mention.
 struct SongWords {
@@ -34,3 +45,10 @@ struct AlbumChoice {
 
 [[nodiscard]] AlbumChoice chooseAlbum(const AlbumList &candidates, AlbumPick method,
                                       const SongWords &song);
+
+/// The albums with artwork, in the order of `sources` and from the last of a source to its first.
+[[nodiscard]] AlbumList artworkCandidates(const AlbumList &albums, const QStringList &sources);
+
+/// Takes the albums that carry nothing but lyrics out of the list, and returns them in the order
+/// of `sources`. Beside albums with tracks they would be dropped, and their lyrics with them.
+[[nodiscard]] AlbumList takeLyricsAlbums(AlbumList &albums, const QStringList &sources);
