@@ -1,20 +1,12 @@
 #pragma once
 
-#include "gathering/sourcecatalog.h"
+#include "gathering/gathercontext.h"
 #include "songs/songfile.h"
 
 #include <QMap>
 #include <QObject>
 
-class LibraryLending;
-
-/// What every task of a run shares.
-struct GatherContext {
-    HVHTTPQueue &queue;
-    const SourceCatalog &catalog;
-    SiteDefinitions definitions;
-    LibraryLending &library;
-};
+class GatheringSteps;
 
 /// Gathers what one song lacks: first from other songs of its album, then from the web sources,
 /// all at once or one after the other. The song's tag is filled in memory; writing it is the
@@ -43,9 +35,10 @@ public:
     /// so and the title does not.
     [[nodiscard]] std::optional<QString> albumTitle() const;
 
-    /// Starts; finished() follows on a later turn of the event loop, exactly once.
+    /// Starts, once; finished() follows on a later turn of the event loop, exactly once, also when
+    /// nothing is desired, no source can help or the task was cancelled before.
     void gather();
-    /// Winds down: running sources are cancelled, and finished() still follows.
+    /// Winds down: what runs is cancelled, nothing more is applied, and finished() still follows.
     void cancel();
 
     [[nodiscard]] const std::shared_ptr<SongFile> &song() const;
@@ -65,6 +58,5 @@ Q_SIGNALS:
     void finished();
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<GatheringSteps> d;
 };

@@ -1,0 +1,324 @@
+#include "gathering/gatheringsteps.h"
+
+#include "base/nextturn.h"
+#include "gathering/songfilling.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace {
+
+/// How long tags of the library are read at a time: short enough that nobody feels it.
+constexpr std::chrono::milliseconds readingSlice{20};
+
+const QLatin1String fromLibrary("library");
+
+std::optional<QUrl> artURLOf(const AlbumInfo &album)
+{
+    const QUrl url(album.artURLString().value_or(QString()));
+    return url.isValid() && !url.scheme().isEmpty() ? std::optional(url) : std::nullopt;
+}
+
+} // namespace
+
+GatheringSteps::GatheringSteps(QObject *owner, std::shared_ptr<SongFile> song,
+                               GatherContext &context, Step notify)
+    : mSong(std::move(song))
+    , mQueue(context.queue)
+    , mLibrary(context.library)
+    , mOwner(owner)
+    , mNotify(std::move(notify))
+    , mAllResources(context.definitions)
+    , mSources(mAllResources.sourcelist())
+    , mSearches(context.catalog, mAllResources, context.queue, mIndicator)
+{
+}
+
+GatheringSteps::~GatheringSteps()
+{
+    // The queue must not follow a bar that is gone.
+    if (!mArtURL.isEmpty())
+        mQueue.cancelURL(mArtURL, mOwner);
+}
+
+void GatheringSteps::setUpDesiredAssets()
+{
+    const AudioInfoTag *tag = mSong->infotag();
+    mLedger.desired = tag ? desiredAssets(mChoices.gather, mLedger.overwrite, *tag) : Assets();
+    // Artwork is then not taken from the first album, but searched once the album is known.
+    mWantArtworkButNoAlbum = mLedger.isDesired(AssetArtwork) && mLedger.isDesired(AssetAlbumName);
+}
+
+void GatheringSteps::begin()
+{
+    Q_ASSERT(!mStarted);
+    mStarted = true;
+    mIndicator.setIndeterminate(true);
+    mIndicator.setValue(0);
+    mIndicator.setMaximum(0);
+    applyResourcesFromLibrary([this] { gatherDataOnline(); });
+}
+
+void GatheringSteps::cancel()
+{
+    mCancelWhenPossible = true;
+    mSearches.cancel();
+    if (!mArtURL.isEmpty())
+        mQueue.cancelURL(mArtURL, mOwner);
+}
+
+// ---- what other songs of the album lend
+
+void GatheringSteps::applyResourcesFromLibrary(const Step &then)
+{
+    if (isStopped() || !(mLedger.desired & lendableAssets))
+        return then();
+    if (!mLibrary.readTagsFor(readingSlice)) {
+        onNextTurn(mOwner, [this, then] { applyResourcesFromLibrary(then); });
+        return;
+    }
+    LendingOffers offers = mLibrary.offersTo(borrower());
+    applyOffers(offers);
+    mLenders = std::move(offers.pictures);
+    std::reverse(mLenders.begin(), mLenders.end());
+    tryNextLender(then);
+}
+
+Borrower GatheringSteps::borrower()
+{
+    const AudioInfoTag &song = tag();
+    return {mSong.get(),     song.album(),        song.artist(),   song.isPartOfCompilation(),
+            mLedger.desired, assetsPresent(song), mChoices.artwork};
+}
+
+void GatheringSteps::applyOffers(const LendingOffers &offers)
+{
+    if (offers.year)
+        fillYear(tag(), *offers.year, fromLibrary, mLedger);
+    if (offers.genres)
+        fillGenres(tag(), *offers.genres, fromLibrary, mLedger);
+}
+
+void GatheringSteps::tryNextLender(const Step &then)
+{
+    std::optional<ID3Image> picture;
+    while (!picture && !mLenders.empty()) {
+        picture = firstPictureOf(*mLenders.back());
+        mLenders.pop_back();
+    }
+    if (!picture)
+        return then();
+    const auto gotPicture = [this, then](const std::optional<AdjustedImage> &adjusted) {
+        if (isStopped() || (adjusted && fillArtwork(tag(), *adjusted, fromLibrary, mLedger)))
+            return then();
+        tryNextLender(then);
+    };
+    adjustImageInBackground(picture->data, mChoices.artwork, mOwner, gotPicture);
+}
+
+// ---- what web sources find
+
+SearchRequest GatheringSteps::searchRequest()
+{
+    SearchRequest request = searchRequestFor(tag(), mLedger.desired);
+    request.albumSelectionMethod = mChoices.albumSelectionMethod;
+    request.allowSubstrings = mChoices.allowSubstrings;
+    request.minImageWidth = mChoices.artwork.minWidth;
+    return request;
+}
+
+void GatheringSteps::gatherDataOnline()
+{
+    if (mChoices.parallelMode)
+        parallelGatherDataOnline();
+    else
+        serialGatherDataOnline();
+}
+
+void GatheringSteps::parallelGatherDataOnline()
+{
+    if (isStopped() || !mLedger.desired)
+        return finishAndNotify();
+    const SearchRequest request = searchRequest();
+    for (const QString &source : std::as_const(mSources)) {
+        mSearches.start(source, request,
+                        [this](const AlbumList &albums) { parallelSearchCompleted(albums); });
+    }
+    if (!mSearches.anyRunning())
+        finishAndNotify();
+}
+
+void GatheringSteps::parallelSearchCompleted(const AlbumList &albums)
+{
+    mParallelAlbums << albums;
+    if (!mSearches.anyRunning())
+        applyParallelAlbums();
+}
+
+void GatheringSteps::applyParallelAlbums()
+{
+    if (isStopped())
+        return finishAndNotify();
+    const AlbumList artAlbums = artworkCandidates(mParallelAlbums, mSources);
+    const AlbumList lyricsAlbums = takeLyricsAlbums(mParallelAlbums, mSources);
+    const std::optional<AlbumInfo> album = chosenAlbum(mParallelAlbums);
+    // Without a chosen album the lyrics are still the song's, but whose artwork to take is open.
+    if (!album)
+        return finishParallelAlbums(lyricsAlbums, {});
+    const Step finishing = [this, lyricsAlbums, artAlbums] {
+        finishParallelAlbums(lyricsAlbums, artAlbums);
+    };
+    if (isOnAlbum(*album))
+        applyResourcesFromAlbum(*album, finishing);
+    else
+        finishing();
+}
+
+void GatheringSteps::finishParallelAlbums(const AlbumList &lyricsAlbums, const AlbumList &artAlbums)
+{
+    if (!isStopped() && !lyricsAlbums.isEmpty())
+        fillLyrics(tag(), lyricsAlbums.first(), mLedger);
+    const bool triesArt = !mWantArtworkButNoAlbum && mLedger.isDesired(AssetArtwork);
+    mParallelAlbums = triesArt ? artAlbums : AlbumList();
+    parallelNextArt();
+}
+
+void GatheringSteps::parallelNextArt()
+{
+    std::optional<QUrl> url;
+    while (!isStopped() && !url && !mParallelAlbums.isEmpty()) {
+        const AlbumInfo candidate = mParallelAlbums.takeFirst();
+        url = artURLOf(candidate);
+        if (url)
+            fetchArt(
+                *url, candidate.sourceInterfaceName(), [this] { finishAndNotify(); },
+                [this] { parallelNextArt(); });
+    }
+    if (!url)
+        finishAndNotify();
+}
+
+void GatheringSteps::serialGatherDataOnline()
+{
+    while (!isStopped() && mLedger.desired && mNextSource < mSources.size()) {
+        const QString source = mSources.at(mNextSource++);
+        if (mSearches.start(source, searchRequest(),
+                            [this](const AlbumList &albums) { serialSearchCompleted(albums); }))
+            return;
+    }
+    finishAndNotify();
+}
+
+void GatheringSteps::serialSearchCompleted(const AlbumList &albums)
+{
+    const auto album = isStopped() ? std::nullopt : chosenAlbum(albums);
+    if (album && isOnAlbum(*album))
+        applyResourcesFromAlbum(*album, [this, album] { serialFetchArt(*album); });
+    else
+        serialGatherDataOnline();
+}
+
+void GatheringSteps::serialFetchArt(const AlbumInfo &album)
+{
+    const std::optional<QUrl> url = artURLOf(album);
+    if (isStopped() || mWantArtworkButNoAlbum || !mLedger.isDesired(AssetArtwork) || !url)
+        return serialGatherDataOnline();
+    const Step next = [this] { serialGatherDataOnline(); };
+    fetchArt(*url, album.sourceInterfaceName(), next, next);
+}
+
+// ---- what is done with an album
+
+std::optional<AlbumInfo> GatheringSteps::chosenAlbum(AlbumList albums)
+{
+    const AudioInfoTag &song = tag();
+    SongFacts facts;
+    facts.trustsTitle = !mLedger.isDesired(AssetSongTitle);
+    facts.title = song.title();
+    facts.album = mLedger.isDesired(AssetAlbumName) ? std::nullopt : song.album();
+    facts.tracksOnAlbum = song.numberOfTracksOnAlbum();
+    filterAlbums(albums, facts, mChoices.allowSubstrings);
+    const SongWords words{song.artist().value_or(QString()), song.title().value_or(QString())};
+    const AlbumChoice choice = chooseAlbum(albums, mChoices.albumSelectionMethod, words);
+    if (choice.problem)
+        mErrorMessage = choice.problem;
+    if (!choice.album)
+        mUndecidedCandidates = std::max(mUndecidedCandidates, static_cast<int>(albums.size()));
+    return choice.album;
+}
+
+bool GatheringSteps::isOnAlbum(const AlbumInfo &album)
+{
+    if (mayBeAlbumOfSong(album, tag(), mLedger, mChoices.allowSubstrings))
+        return true;
+    if (const auto problem = notOnAlbumProblem(album, tag()))
+        mErrorMessage = problem;
+    return false;
+}
+
+void GatheringSteps::applyResourcesFromAlbum(const AlbumInfo &album, const Step &then)
+{
+    fillAlbumName(tag(), album, mLedger);
+    // The album is known better now, so that other songs may be of the same.
+    applyResourcesFromLibrary([this, album, then] {
+        if (!isStopped())
+            fillFromAlbum(tag(), album, mChoices.allowSubstrings, mLedger);
+        then();
+    });
+}
+
+void GatheringSteps::fetchArt(const QUrl &url, const QString &source, const Step &applied,
+                              const Step &refused)
+{
+    const auto gotPicture = [=, this](const std::optional<AdjustedImage> &adjusted) {
+        const bool fits =
+            !isStopped() && adjusted && fillArtwork(tag(), *adjusted, source, mLedger);
+        fits ? applied() : refused();
+    };
+    const auto gotArt = [=, this](const FetchResult &result) {
+        mArtURL.clear();
+        if (isStopped() || result.data.isEmpty())
+            return refused();
+        adjustImageInBackground(result.data, mChoices.artwork, mOwner, gotPicture);
+    };
+    mArtURL = url;
+    mQueue.addURLUsingIndicator(url, mOwner, gotArt, &mIndicator);
+}
+
+// ---- the end
+
+void GatheringSteps::finishAndNotify()
+{
+    if (!isStopped() && mWantArtworkButNoAlbum && hasAlbumButNoPicture())
+        applyResourcesFromLibrary([this] { gatherArtworkOfKnownAlbum(); });
+    else
+        notify();
+}
+
+bool GatheringSteps::hasAlbumButNoPicture()
+{
+    return tag().album() && tag().numberOfImages() == 0;
+}
+
+/// A second pass, for artwork alone.
+void GatheringSteps::gatherArtworkOfKnownAlbum()
+{
+    if (isStopped() || !hasAlbumButNoPicture() || !mLedger.isDesired(AssetArtwork))
+        return notify();
+    mWantArtworkButNoAlbum = false;
+    mSetAside = mLedger.desired & ~Assets(AssetArtwork);
+    mLedger.desired = AssetArtwork;
+    mNextSource = 0;
+    serialGatherDataOnline();
+}
+
+void GatheringSteps::notify()
+{
+    Q_ASSERT(!mNotified);
+    mNotified = true;
+    mIndicator.setIndeterminate(false);
+    mIndicator.setMaximum(1);
+    mIndicator.setValue(0);
+    onNextTurn(mOwner, mNotify);
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "base/progress.h"
+#include "gathering/assetledger.h"
+#include "gathering/gathercontext.h"
+#include "gathering/librarylending.h"
+#include "gathering/sourcesearches.h"
+
+/// The user's choices for one song.
+struct GatherChoices {
+    Assets gather;
+    ArtworkLimits artwork;
+    AlbumPick albumSelectionMethod = AlbumPick::None;
+    Substrings allowSubstrings = Substrings::Refuse;
+    bool parallelMode = false;
+};
+
+/// The steps of a task. A step ends by calling what comes next, at once or on a later turn, and
+/// each asks first whether the task was stopped meanwhile.
+class GatheringSteps {
+public:
+    using Step = std::function<void()>;
+
+    /// `owner` is whom later turns are for: when it is gone, nothing follows any more. `notify`
+    /// is called at the end, exactly once, never before begin() has returned.
+    GatheringSteps(QObject *owner, std::shared_ptr<SongFile> song, GatherContext &context,
+                   Step notify);
+    GatheringSteps(const GatheringSteps &) = delete;
+    GatheringSteps &operator=(const GatheringSteps &) = delete;
+    ~GatheringSteps();
+
+    void setUpDesiredAssets();
+    void begin();
+    void cancel();
+    [[nodiscard]] Assets missing() const { return mLedger.desired | mSetAside; }
+
+    std::shared_ptr<SongFile> mSong;
+    GatherChoices mChoices;
+    Progress mIndicator;
+    AssetLedger mLedger;
+    std::optional<QString> mErrorMessage;
+    int mUndecidedCandidates = 0;
+    bool mCancelWhenPossible = false;
+
+private:
+    /// Nothing more is applied: cancelled, or the file is no song (any more).
+    [[nodiscard]] bool isStopped() { return mCancelWhenPossible || !mSong->infotag(); }
+    [[nodiscard]] AudioInfoTag &tag() { return *mSong->infotag(); }
+
+    void applyResourcesFromLibrary(const Step &then);
+    [[nodiscard]] Borrower borrower();
+    void applyOffers(const LendingOffers &offers);
+    void tryNextLender(const Step &then);
+
+    [[nodiscard]] SearchRequest searchRequest();
+    void gatherDataOnline();
+    void parallelGatherDataOnline();
+    void parallelSearchCompleted(const AlbumList &albums);
+    void applyParallelAlbums();
+    void finishParallelAlbums(const AlbumList &lyricsAlbums, const AlbumList &artAlbums);
+    void parallelNextArt();
+    void serialGatherDataOnline();
+    void serialSearchCompleted(const AlbumList &albums);
+    void serialFetchArt(const AlbumInfo &album);
+
+    [[nodiscard]] std::optional<AlbumInfo> chosenAlbum(AlbumList albums);
+    [[nodiscard]] bool isOnAlbum(const AlbumInfo &album);
+    void applyResourcesFromAlbum(const AlbumInfo &album, const Step &then);
+    void fetchArt(const QUrl &url, const QString &source, const Step &applied, const Step &refused);
+
+    void finishAndNotify();
+    [[nodiscard]] bool hasAlbumButNoPicture();
+    void gatherArtworkOfKnownAlbum();
+    void notify();
+
+    HVHTTPQueue &mQueue;
+    LibraryLending &mLibrary;
+    QObject *mOwner;
+    Step mNotify;
+    SiteDefinitions mAllResources;
+    QStringList mSources; ///< class names, in order of preference
+    SourceSearches mSearches;
+    qsizetype mNextSource = 0; ///< of mSources, in serial mode
+    AlbumList mParallelAlbums; ///< what was found, later the artwork candidates
+    SongList mLenders; ///< of pictures that are still to be tried, the next one last
+    QUrl mArtURL; ///< being fetched; empty when none is
+    Assets mSetAside; ///< desired, but not in the pass for artwork alone
+    bool mWantArtworkButNoAlbum = false;
+    bool mStarted = false;
+    bool mNotified = false;
+};

@@ -1,0 +1,112 @@
+#include "gathering/songinfotask.h"
+
+#include "base/progress.h"
+#include "gathering/gatheringsteps.h"
+
+#include <utility>
+
+SongInfoTask::SongInfoTask(std::shared_ptr<SongFile> song, GatherContext &context)
+    : d(std::make_unique<GatheringSteps>(this, std::move(song), context,
+                                         [this] { Q_EMIT finished(); }))
+{
+}
+
+SongInfoTask::~SongInfoTask() = default;
+
+void SongInfoTask::setAlbumSelectionMethod(AlbumPick method)
+{
+    d->mChoices.albumSelectionMethod = method;
+}
+
+void SongInfoTask::setAllowSubstringTrackMatches(Substrings allowed)
+{
+    d->mChoices.allowSubstrings = allowed;
+}
+
+void SongInfoTask::setMinimumAcceptableImageSize(float width)
+{
+    d->mChoices.artwork.minWidth = width;
+}
+
+void SongInfoTask::setMaximumImageSize(float side)
+{
+    d->mChoices.artwork.maxWidth = side;
+}
+
+void SongInfoTask::setIgnoreNonSquareArt(bool ignore)
+{
+    d->mChoices.artwork.nonSquare = ignore ? NonSquare::Refuse : NonSquare::Allow;
+}
+
+void SongInfoTask::setParallelMode(bool parallel)
+{
+    d->mChoices.parallelMode = parallel;
+}
+
+void SongInfoTask::setGatherFlags(Assets assets)
+{
+    d->mChoices.gather = assets;
+    d->setUpDesiredAssets();
+}
+
+void SongInfoTask::setOverwriteFlags(Assets assets)
+{
+    d->mLedger.overwrite = assets;
+    d->setUpDesiredAssets();
+}
+
+std::optional<QString> SongInfoTask::albumTitle() const
+{
+    const AudioInfoTag *tag = d->mSong->infotag();
+    return tag ? albumTitleToSearch(*tag) : std::nullopt;
+}
+
+void SongInfoTask::gather()
+{
+    d->begin();
+}
+
+void SongInfoTask::cancel()
+{
+    d->cancel();
+}
+
+const std::shared_ptr<SongFile> &SongInfoTask::song() const
+{
+    return d->mSong;
+}
+
+Progress &SongInfoTask::progress()
+{
+    return d->mIndicator;
+}
+
+Assets SongInfoTask::changedAssetFlags() const
+{
+    return d->mLedger.changed;
+}
+
+Assets SongInfoTask::desiredAssetFlags() const
+{
+    return d->missing();
+}
+
+bool SongInfoTask::wasCancelled() const
+{
+    return d->mCancelWhenPossible;
+}
+
+std::optional<QString> SongInfoTask::errorMessage() const
+{
+    return d->mErrorMessage;
+}
+
+const QMap<Asset, QString> &SongInfoTask::sourcesOfAssets() const
+{
+    return d->mLedger.sources;
+}
+
+int SongInfoTask::undecidedCandidates() const
+{
+    return d->missing() ? d->mUndecidedCandidates : 0;
+}

@@ -1,0 +1,101 @@
+#include "gathering/sourcesearches.h"
+
+#include "tags/audioinfotag.h"
+
+#include <utility>
+
+namespace {
+
+const QLatin1String soundtrack("soundtrack");
+
+bool containsWord(const std::optional<QString> &text, QLatin1String word)
+{
+    return text && text->contains(word, Qt::CaseInsensitive);
+}
+
+void configure(WebDBInterface &source, const SearchRequest &request)
+{
+    source.setArtist(request.artist);
+    source.setAlternateArtist(request.alternateArtist);
+    source.setSongTitle(request.songTitle);
+    source.setAlbumTitle(request.albumTitle);
+    source.setIsCompilation(request.isCompilation);
+    source.setAlbumSelectionMethod(request.albumSelectionMethod);
+    source.setAllowSubstringTrackMatches(request.allowSubstrings);
+    source.setMinimumAcceptableImageSize(request.minImageWidth);
+}
+
+} // namespace
+
+SearchRequest searchRequestFor(const AudioInfoTag &tag, Assets desired)
+{
+    SearchRequest request;
+    request.desired = desired;
+    request.artist = tag.normalizedArtist();
+    request.alternateArtist = tag.reversedArtist();
+    if (!desired.testFlag(AssetSongTitle))
+        request.songTitle = tag.title();
+    if (!desired.testFlag(AssetAlbumName))
+        request.albumTitle = albumTitleToSearch(tag);
+    request.isCompilation = tag.isPartOfCompilation() || containsWord(tag.genres(), soundtrack)
+        || containsWord(request.artist, QLatin1String("various"));
+    return request;
+}
+
+std::optional<QString> albumTitleToSearch(const AudioInfoTag &tag)
+{
+    const std::optional<QString> album = tag.album();
+    if (album && containsWord(tag.genres(), soundtrack) && !containsWord(album, soundtrack))
+        return *album + QLatin1String(" Soundtrack");
+    return album;
+}
+
+SourceSearches::SourceSearches(const SourceCatalog &catalog, const SiteDefinitions &definitions,
+                               HVHTTPQueue &queue, Progress &progress)
+    : mCatalog(catalog)
+    , mDefinitions(definitions)
+    , mQueue(queue)
+    , mProgress(progress)
+{
+}
+
+bool SourceSearches::start(const QString &className, const SearchRequest &request,
+                           Completed completed)
+{
+    std::unique_ptr<WebDBInterface> made = madeSource(className, request);
+    if (!made)
+        return false;
+    WebDBInterface *source = mSources.emplace_back(std::move(made)).get();
+    configure(*source, request);
+    source->setProgessIndicator(&mProgress);
+    mRunning.push_back(source);
+    QObject::connect(source, &WebDBInterface::searchComplete, source,
+                     [this, source, completed = std::move(completed)] {
+                         std::erase(mRunning, source);
+                         completed(source->albums());
+                     });
+    source->beginSearch();
+    return true;
+}
+
+void SourceSearches::cancel()
+{
+    const std::vector<WebDBInterface *> running = mRunning;
+    for (WebDBInterface *source : running)
+        source->cancelSearch();
+}
+
+/// Null when the source has nothing to give for this request.
+std::unique_ptr<WebDBInterface> SourceSearches::madeSource(const QString &className,
+                                                           const SearchRequest &request) const
+{
+    const SourceCatalog::Entry *entry = mCatalog.find(className);
+    if (!entry || !(entry->resourcesPossiblyAvailable & request.desired))
+        return nullptr;
+    auto definition = mDefinitions.definitionOf(className).value_or(SiteDefinition());
+    const int maxArtWidth = definition.integer(QStringLiteral("maxPossibleArtWidth"));
+    const bool wantsOnlyArt = request.desired == Assets(AssetArtwork);
+    if (wantsOnlyArt && request.minImageWidth > static_cast<float>(maxArtWidth))
+        return nullptr;
+    return entry->make(std::move(definition), mQueue);
+}

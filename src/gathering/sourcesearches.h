@@ -1,0 +1,61 @@
+#pragma once
+
+#include "gathering/sourcecatalog.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class AudioInfoTag;
+class Progress;
+
+/// What is known about a song, for sources to search by.
+struct SearchRequest {
+    Assets desired;
+    std::optional<QString> artist;
+    std::optional<QString> alternateArtist; ///< in reversed form
+    std::optional<QString> songTitle; ///< absent when it is looked for
+    std::optional<QString> albumTitle; ///< absent when it is looked for
+    bool isCompilation = false;
+    AlbumPick albumSelectionMethod = AlbumPick::None;
+    Substrings allowSubstrings = Substrings::Refuse;
+    float minImageWidth = 0; ///< pixels
+};
+
+/// The request for a song with that tag, without the user's choices.
+[[nodiscard]] SearchRequest searchRequestFor(const AudioInfoTag &tag, Assets desired);
+
+/// The album title to search for: that of the tag, with " Soundtrack" where the genres say so and
+/// the title does not.
+[[nodiscard]] std::optional<QString> albumTitleToSearch(const AudioInfoTag &tag);
+
+/// The sources that search for one song. They stay until this object ends, since a source
+/// answers from inside itself.
+class SourceSearches {
+public:
+    /// Called once for each source that was started, on a later turn.
+    using Completed = std::function<void(const AlbumList &)>;
+
+    /// `progress` follows the fetches of all sources.
+    SourceSearches(const SourceCatalog &catalog, const SiteDefinitions &definitions,
+                   HVHTTPQueue &queue, Progress &progress);
+
+    /// Whether the class exists and may supply what the request desires; only then it searches.
+    bool start(const QString &className, const SearchRequest &request, Completed completed);
+    void cancel();
+    [[nodiscard]] bool anyRunning() const { return !mRunning.empty(); }
+
+private:
+    [[nodiscard]] std::unique_ptr<WebDBInterface> madeSource(const QString &className,
+                                                             const SearchRequest &request) const;
+
+    const SourceCatalog &mCatalog;
+    const SiteDefinitions &mDefinitions;
+    HVHTTPQueue &mQueue;
+    Progress &mProgress;
+    std::vector<std::unique_ptr<WebDBInterface>> mSources;
+    std::vector<WebDBInterface *> mRunning;
+};
