@@ -77,7 +77,6 @@ public:
     void setAliasFromPath();
     void updatePathFromAlias();
     [[nodiscard]] bool hasAlias() const { return mAlias != nullptr; }
-    [[nodiscard]] const ReadOptions &readOptions() const { return mReadOptions; }
 
     void adoptCurrentModificationDate();
     /// Follows the file, and tells whether it changed since it was last seen; if so, its tag is
