@@ -48,25 +48,23 @@ SimplifierTable::SimplifierTable(const QMap<QString, QString> &simplifiers)
     }
     std::ranges::stable_sort(mSimplifiers, std::ranges::greater{},
                              [](const Simplifier &simplifier) { return simplifier.folded.size(); });
-    mBuckets.resize(mSimplifiers.empty() ? 0 : pairs);
     for (std::size_t position = 0; position < mSimplifiers.size(); ++position)
         index(position);
+    std::ranges::sort(mIndex);
+    for (const Beginning &beginning : mIndex)
+        mBeginnings.set(beginning.pair);
 }
 
 void SimplifierTable::index(std::size_t position)
 {
     const QString &key = mSimplifiers[position].folded;
     const char16_t first = key[0].unicode();
-    if (key.size() > 1)
-        return addToBucket(hashedPair(first, key[1].unicode()), position);
+    if (key.size() > 1) {
+        mIndex.push_back({hashedPair(first, key[1].unicode()), position});
+        return;
+    }
     for (char16_t second = 0; second < 128; ++second)
-        addToBucket(hashedPair(first, second), position);
-}
-
-void SimplifierTable::addToBucket(std::size_t pair, std::size_t position)
-{
-    mBeginnings.set(pair);
-    mBuckets[pair].push_back(static_cast<std::uint32_t>(position));
+        mIndex.push_back({hashedPair(first, second), position});
 }
 
 std::size_t SimplifierTable::firstOccurring(QStringView text, std::size_t from) const
@@ -79,11 +77,12 @@ std::size_t SimplifierTable::firstOccurring(QStringView text, std::size_t from) 
         const std::size_t pair = hashedPair(unit, next);
         if (!mBeginnings.test(pair))
             continue;
-        for (const std::uint32_t position : mBuckets[pair]) {
-            if (position >= found)
+        auto candidate = std::ranges::lower_bound(mIndex, Beginning{pair, from});
+        for (; candidate != mIndex.end() && candidate->pair == pair; ++candidate) {
+            if (candidate->position >= found)
                 break;
-            if (position >= from && standsAt(text, i, mSimplifiers[position].folded))
-                found = position;
+            if (standsAt(text, i, mSimplifiers[candidate->position].folded))
+                found = candidate->position;
         }
     }
     return found;

@@ -5,6 +5,7 @@
 #include <QStringView>
 
 #include <bitset>
+#include <compare>
 #include <vector>
 
 /// The simplifiers: search strings and their replacements, longest first, with an index that
@@ -31,14 +32,19 @@ private:
         QString replacement;
     };
 
+    struct Beginning {
+        std::size_t pair;
+        std::size_t position;
+        auto operator<=>(const Beginning &) const = default;
+    };
+
     static constexpr std::size_t pairs = 128 * 128;
 
     void index(std::size_t position);
-    void addToBucket(std::size_t pair, std::size_t position);
     [[nodiscard]] QString replaced(const QString &text, const Simplifier &simplifier) const;
 
     std::vector<Simplifier> mSimplifiers;
-    // By a hash of the first two characters: whether any search string begins so, and which.
+    // By a hash of the first two characters: whether any search string begins so, and which do.
     std::bitset<pairs> mBeginnings;
-    std::vector<std::vector<std::uint32_t>> mBuckets;
+    std::vector<Beginning> mIndex; // sorted
 };
