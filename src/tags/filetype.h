@@ -1,37 +1,9 @@
 #pragma once
 
-#include <QByteArray>
+#include "base/inplacefile.h"
+#include "tags/songbytes.h"
+
 #include <QString>
-
-#include <memory>
-#include <optional>
-
-/// A song file opened for reading: what the sniffer and the readers of a tag share, so that one
-/// song costs one open descriptor and a handful of reads.
-class SongBytes {
-public:
-    /// Nothing when the file cannot be opened or is no regular file.
-    [[nodiscard]] static std::unique_ptr<SongBytes> open(const QString &path);
-
-    SongBytes(const SongBytes &) = delete;
-    SongBytes &operator=(const SongBytes &) = delete;
-    ~SongBytes();
-
-    [[nodiscard]] const QString &path() const { return mPath; }
-    [[nodiscard]] qint64 size() const { return mSize; }
-
-    /// At most `length` bytes from `offset`, fewer at the end of the file (or when it cannot be
-    /// read). The first stretch of the file is kept, so that asking again for it costs nothing.
-    [[nodiscard]] QByteArray read(qint64 offset, qint64 length) const;
-
-private:
-    SongBytes(QString path, int descriptor, qint64 size);
-
-    QString mPath;
-    int mDescriptor;
-    qint64 mSize;
-    mutable QByteArray mHead;
-};
 
 /// What kind of song a file is.
 namespace FileType {
@@ -46,8 +18,12 @@ enum class SongDataType { Unknown = 0, MPEGAudio = 1, MP4 = 2 };
 [[nodiscard]] bool claimsToBeAAC(QStringView path);
 [[nodiscard]] bool claimsToBeOGG(QStringView path);
 
-/// The length of a stray ID3v2.4 tag in front of MP4 data; 0 when there is none. A tag that
-/// would reach the file's end is logged and left alone.
+/// The length of a stray ID3v2.4 tag in front of MP4 data; 0 when there is none. Tags of other
+/// versions are left where they are; so is, with a log line, one that would reach the file's end.
 [[nodiscard]] qint64 strayID3v2TagLength(const SongBytes &song);
+
+/// Takes a stray ID3v2.4 tag off the front of the file, in place, with a log line. False when
+/// there is none, or when the file cannot be written.
+bool removeID3v2TagFromFileAtPath(const QString &path, KeepTime keepTime);
 
 } // namespace FileType

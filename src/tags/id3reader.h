@@ -14,12 +14,8 @@ namespace ID3Reader {
 /// Reads the tags of the file. Nothing when it cannot be read at all; the reason is logged.
 std::optional<ID3Contents> contentsOf(const SongBytes &song, const ReadOptions &options);
 
-// The readers below throw MalformedData where the read as a whole fails.
-
-/// `tag`: the bytes of a whole ID3v2 tag, header included.
+/// `tag`: the bytes of a whole ID3v2 tag, header included; none of them does nothing. Throws
+/// MalformedData where the read as a whole fails.
 void getAttributesFromID3v2(QByteArrayView tag, const ReadOptions &options, ID3Contents &into);
-
-/// `tag`: 128 bytes that begin with "TAG". No value replaces a frame that is already present.
-void getAttributesFromID3v1(QByteArrayView tag, ID3Contents &into);
 
 } // namespace ID3Reader
