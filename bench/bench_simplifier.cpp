@@ -17,7 +17,7 @@ QStringList titlesFrom(const QStringList &words)
     QStringList titles;
     for (int i = 0; i < 256; ++i) {
         QString title;
-        for (int word = i; title.size() < titleLength; word = word * 7 + 3)
+        for (qsizetype word = i; title.size() < titleLength; word = (word * 7 + 3) % 1009)
             title += words[word % words.size()] + u' ';
         titles << title.left(titleLength);
     }

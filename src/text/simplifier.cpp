@@ -126,8 +126,6 @@ QString padded(QStringView text)
 QString simplifiedKey(QStringView paddedPlain)
 {
     const auto &table = InstalledTable<SimplifierTable>::current();
-    if (table.isEmpty())
-        return keyOf(paddedPlain);
     const std::size_t first = table.firstOccurring(paddedPlain, 0);
     if (first == table.size())
         return keyOf(paddedPlain);

@@ -20,22 +20,37 @@ QString folded(QString text)
     return text;
 }
 
-constexpr std::size_t hashed(char16_t unit)
+/// The same for all cases of a letter.
+std::size_t hashed(QChar c)
 {
-    return unit & 0x7FU;
+    return (c.unicode() < 0x80 ? c.unicode() : fold(c)) & 31U;
 }
 
-constexpr std::size_t hashedPair(char16_t first, char16_t second)
+bool beginsWith(QStringView text, QStringView folded)
 {
-    return hashed(first) * 128 + hashed(second);
-}
-
-bool standsAt(QStringView text, qsizetype position, QStringView folded)
-{
-    if (text.size() - position < folded.size())
+    if (text.size() < folded.size())
         return false;
-    return std::equal(folded.begin(), folded.end(), text.begin() + position,
+    return std::equal(folded.begin(), folded.end(), text.begin(),
                       [](QChar wanted, QChar found) { return wanted == fold(found); });
+}
+
+/// In one pass from left to right.
+QString replaced(QStringView text, const QString &folded, const QString &replacement)
+{
+    QString result;
+    result.reserve(text.size() + replacement.size());
+    qsizetype copied = 0;
+    for (qsizetype i = 0; i + folded.size() <= text.size();) {
+        if (!beginsWith(text.sliced(i), folded)) {
+            ++i;
+            continue;
+        }
+        result += text.sliced(copied, i - copied);
+        result += replacement;
+        copied = i += folded.size();
+    }
+    result += text.sliced(copied);
+    return result;
 }
 
 } // namespace
@@ -49,63 +64,58 @@ SimplifierTable::SimplifierTable(const QMap<QString, QString> &simplifiers)
     std::ranges::stable_sort(mSimplifiers, std::ranges::greater{},
                              [](const Simplifier &simplifier) { return simplifier.folded.size(); });
     for (std::size_t position = 0; position < mSimplifiers.size(); ++position)
-        index(position);
+        index(position, 0, 0);
     std::ranges::sort(mIndex);
-    for (const Beginning &beginning : mIndex)
-        mBeginnings.set(beginning.pair);
 }
 
-void SimplifierTable::index(std::size_t position)
+/// Enters a search string under its hash; one of fewer than three characters under every hash
+/// that it may have with what follows it.
+void SimplifierTable::index(std::size_t position, qsizetype characters, std::size_t hash)
 {
-    const QString &key = mSimplifiers[position].folded;
-    const char16_t first = key[0].unicode();
-    if (key.size() > 1) {
-        mIndex.push_back({hashedPair(first, key[1].unicode()), position});
-        return;
+    const QString &text = mSimplifiers[position].folded;
+    if (characters == 3) {
+        mBeginnings.set(hash);
+        mIndex.push_back({hash, position});
+    } else if (characters < text.size()) {
+        index(position, characters + 1, withNext(hash, hashed(text[characters])));
+    } else {
+        for (std::size_t any = 0; any < characterHashes; ++any)
+            index(position, characters + 1, withNext(hash, any));
     }
-    for (char16_t second = 0; second < 128; ++second)
-        mIndex.push_back({hashedPair(first, second), position});
+}
+
+/// The first simplifier between two positions that stands at the beginning of the text, else
+/// `end`.
+std::size_t SimplifierTable::firstAt(QStringView text, std::size_t hash, std::size_t from,
+                                     std::size_t end) const
+{
+    auto candidate = std::ranges::lower_bound(mIndex, Beginning{hash, from});
+    for (; candidate != mIndex.end() && candidate->hash == hash; ++candidate) {
+        if (candidate->position >= end)
+            break;
+        if (beginsWith(text, mSimplifiers[candidate->position].folded))
+            return candidate->position;
+    }
+    return end;
 }
 
 std::size_t SimplifierTable::firstOccurring(QStringView text, std::size_t from) const
 {
     std::size_t found = size();
-    char16_t next = text.isEmpty() ? u'\0' : fold(text.front());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t unit = next;
-        next = i + 1 < text.size() ? fold(text[i + 1]) : u'\0';
-        const std::size_t pair = hashedPair(unit, next);
-        if (!mBeginnings.test(pair))
-            continue;
-        auto candidate = std::ranges::lower_bound(mIndex, Beginning{pair, from});
-        for (; candidate != mIndex.end() && candidate->pair == pair; ++candidate) {
-            if (candidate->position >= found)
-                break;
-            if (standsAt(text, i, mSimplifiers[candidate->position].folded))
-                found = candidate->position;
-        }
+    if (found == 0)
+        return found;
+    std::size_t hash = 0;
+    for (qsizetype i = 0; i < text.size() + 2; ++i) {
+        hash = withNext(hash, i < text.size() ? hashed(text[i]) : 0);
+        if (i >= 2 && mBeginnings.test(hash))
+            found = firstAt(text.sliced(i - 2), hash, from, found);
     }
     return found;
-}
-
-QString SimplifierTable::replaced(const QString &text, const Simplifier &simplifier) const
-{
-    QString result;
-    result.reserve(text.size() + simplifier.replacement.size());
-    for (qsizetype i = 0; i < text.size();) {
-        if (standsAt(text, i, simplifier.folded)) {
-            result += simplifier.replacement;
-            i += simplifier.folded.size();
-        } else {
-            result += text[i++];
-        }
-    }
-    return result;
 }
 
 QString SimplifierTable::applied(QString text, std::size_t first) const
 {
     for (std::size_t next = first; next < size(); next = firstOccurring(text, next + 1))
-        text = replaced(text, mSimplifiers[next]);
+        text = replaced(text, mSimplifiers[next].folded, mSimplifiers[next].replacement);
     return text;
 }

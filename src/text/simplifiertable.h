@@ -15,15 +15,14 @@ public:
     SimplifierTable() = default;
     explicit SimplifierTable(const QMap<QString, QString> &simplifiers);
 
-    [[nodiscard]] bool isEmpty() const { return mSimplifiers.empty(); }
+    [[nodiscard]] std::size_t size() const { return mSimplifiers.size(); }
 
     /// The position, in order of use, of the first simplifier from `from` on that occurs in the
     /// text; size() when none does.
     [[nodiscard]] std::size_t firstOccurring(QStringView text, std::size_t from) const;
-    [[nodiscard]] std::size_t size() const { return mSimplifiers.size(); }
 
     /// The text with each simplifier in turn, from `first` on, replaced wherever it occurs, in
-    /// any case. Later ones see what earlier ones put in.
+    /// any case. Later ones see what earlier ones put in. `first` must occur.
     [[nodiscard]] QString applied(QString text, std::size_t first) const;
 
 private:
@@ -31,20 +30,27 @@ private:
         QString folded; ///< what is searched, in folded case
         QString replacement;
     };
-
     struct Beginning {
-        std::size_t pair;
+        std::size_t hash;
         std::size_t position;
         auto operator<=>(const Beginning &) const = default;
     };
 
-    static constexpr std::size_t pairs = 128 * 128;
+    // Five bits of each of three characters.
+    static constexpr std::size_t characterHashes = 32;
+    static constexpr std::size_t hashes = characterHashes * characterHashes * characterHashes;
 
-    void index(std::size_t position);
-    [[nodiscard]] QString replaced(const QString &text, const Simplifier &simplifier) const;
+    static std::size_t withNext(std::size_t hash, std::size_t characterHash)
+    {
+        return (hash * characterHashes + characterHash) % hashes;
+    }
+
+    void index(std::size_t position, qsizetype characters, std::size_t hash);
+    [[nodiscard]] std::size_t firstAt(QStringView text, std::size_t hash, std::size_t from,
+                                      std::size_t end) const;
 
     std::vector<Simplifier> mSimplifiers;
-    // By a hash of the first two characters: whether any search string begins so, and which do.
-    std::bitset<pairs> mBeginnings;
+    // By a hash of the first three characters: whether any search string begins so, and which do.
+    std::bitset<hashes> mBeginnings;
     std::vector<Beginning> mIndex; // sorted
 };
