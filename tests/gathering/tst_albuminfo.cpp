@@ -1,0 +1,119 @@
+#include "gathering/albuminfo.h"
+
+#include <QTest>
+
+namespace {
+AlbumInfo albumOf(const QStringList &tracks)
+{
+    AlbumInfo album(QStringLiteral("Lanterns"), QStringLiteral("Night"));
+    album.setTrackNames(tracks);
+    return album;
+}
+} // namespace
+
+class AlbumInfoTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleansNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("cleaned");
+        QTest::newRow("stars at the end go") << u"Greatest Hits**"_qs << u"Greatest Hits"_qs;
+        QTest::newRow("stars elsewhere stay") << u"*Hits* Live"_qs << u"*Hits* Live"_qs;
+        QTest::newRow("shouting ends") << u"ABBA GOLD"_qs << u"Abba Gold"_qs;
+        QTest::newRow("an article goes to the front") << u"Best, The"_qs << u"The Best"_qs;
+        QTest::newRow("a space keeps the stars off the end") << u"Hits* "_qs << u"Hits*"_qs;
+        QTest::newRow("ends are trimmed") << u" Night\n"_qs << u"Night"_qs;
+    }
+    void cleansNames()
+    {
+        QFETCH(QString, name);
+        QTEST(*AlbumInfo(QStringLiteral("x"), name).name(), "cleaned");
+    }
+
+    void cleansTheOtherTextsWhenAsked()
+    {
+        AlbumInfo album({}, {});
+        album.setArtist(u"Lanterns, The"_qs);
+        album.setGenres(u"rock / POP"_qs);
+        album.setYear(u" 1999 "_qs);
+        album.setTrackNames(QStringList{u"ONE "_qs, u"two"_qs});
+        album.cleanUpStrings();
+        QCOMPARE(*album.artist(), u"The Lanterns"_qs);
+        QVERIFY(!album.genre()->contains(u' '));
+        QCOMPARE(*album.year(), u" 1999 "_qs);
+        QCOMPARE(*album.trackNames(), (QStringList{u"One"_qs, u"Two"_qs}));
+        QVERIFY(!album.name());
+    }
+
+    void aCopyCountsNoDuplicates()
+    {
+        AlbumInfo album = albumOf({u"One"_qs});
+        album.setLyrics(u"la"_qs, u"One"_qs);
+        album.incDuplicates();
+        const AlbumInfo copy = album.copy();
+        QCOMPARE(copy.duplicates(), 0);
+        QCOMPARE(copy.lyrics(), album.lyrics());
+        QCOMPARE(copy.trackSummary(), u"1:One"_qs);
+    }
+
+    void findsTracks_data()
+    {
+        QTest::addColumn<QStringList>("tracks");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<int>("strictly");
+        QTest::addColumn<int>("loosely");
+        const QStringList three{u"Dawn"_qs, u"The Dusk"_qs, u"Dusk (Live)"_qs};
+        QTest::newRow("whatever case and article") << three << u"dusk"_qs << 2 << 2;
+        QTest::newRow("a part of a track") << three << u"Live"_qs << 0 << 3;
+        QTest::newRow("a track is a part of it") << three << u"Dawn Chorus"_qs << 0 << 1;
+        QTest::newRow("the last part that fits") << three << u"us"_qs << 0 << 3;
+        QTest::newRow("of equal titles the last")
+            << QStringList{u"Dawn"_qs, u"dawn"_qs} << u"Dawn"_qs << 2 << 2;
+        QTest::newRow("an exact one before a later part")
+            << QStringList{u"Dawn"_qs, u"Dawn II"_qs} << u"Dawn"_qs << 1 << 1;
+        QTest::newRow("nothing is part of an empty title") << three << QString() << 0 << 0;
+        QTest::newRow("an empty track is part of none")
+            << QStringList{QString()} << u"Dawn"_qs << 0 << 0;
+        QTest::newRow("no tracks") << QStringList() << u"Dawn"_qs << 0 << 0;
+    }
+    void findsTracks()
+    {
+        QFETCH(QStringList, tracks);
+        QFETCH(QString, title);
+        QTEST(albumOf(tracks).numberOfTrackNamed(title, Substrings::Refuse), "strictly");
+        QTEST(albumOf(tracks).numberOfTrackNamed(title, Substrings::Allow), "loosely");
+    }
+
+    void tellsWhatItHolds()
+    {
+        AlbumInfo album({}, {});
+        QCOMPARE(album.assets(), Assets(AssetTrack)); // always counted
+        album = albumOf({u"One"_qs});
+        album.setYear(u"1999"_qs);
+        QCOMPARE(album.assets(), AssetTrack | AssetArtist | AssetAlbumName | AssetYear);
+        QCOMPARE(album.matchToDesiredAssets({}), -1.0F);
+        QCOMPARE(album.matchToDesiredAssets(AssetYear | AssetTrack), 1.0F);
+        QCOMPARE(album.matchToDesiredAssets(AssetYear | AssetBPM | AssetLyrics | AssetTrack), 0.5F);
+    }
+
+    void describesItself()
+    {
+        AlbumInfo album = albumOf({u"Dawn"_qs, u"Dusk"_qs});
+        QVERIFY(
+            album.description().endsWith(u" AlbumInfo 'Night' by Lanterns (1:Dawn, 2:Dusk)>"_qs));
+        album.setArtist({});
+        album.setYear(u"1999"_qs);
+        album.setGenres(u"Rock"_qs);
+        album.setArtURLString(u"http://x/a.jpg"_qs);
+        album.setLyrics(u"la"_qs, u"Dawn"_qs);
+        album.incDuplicates();
+        QVERIFY(album.description().contains(
+            u"'Night' by (null) lyrics (1 songs) year=1999 genre=Rock dupes=1"
+            " cover=http://x/a.jpg (1:Dawn, 2:Dusk)>"_qs));
+    }
+};
+
+QTEST_GUILESS_MAIN(AlbumInfoTest)
+#include "tst_albuminfo.moc"

@@ -1,0 +1,189 @@
+#include "gathering/artworkcheck.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+#include <QPainter>
+#include <QTest>
+#include <QtEndian>
+
+namespace {
+/// Noise, so that a lossless file of it is large.
+QImage noise(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    quint32 state = 1;
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            state = state * 1664525 + 1013904223;
+            image.setPixel(x, y, 0xFF000000U | (state >> 8));
+        }
+    }
+    return image;
+}
+
+QByteArray encoded(const QImage &image, const char *format, int quality = -1)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format, quality);
+    return bytes;
+}
+
+QByteArray plainPng(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    return encoded(image, "PNG");
+}
+
+/// A PNG whose header claims that size.
+QByteArray pngClaiming(quint32 width, quint32 height)
+{
+    QByteArray png = plainPng(8, 8);
+    qToBigEndian(width, png.data() + 16);
+    qToBigEndian(height, png.data() + 20);
+    return png;
+}
+} // namespace
+
+class ArtworkCheckTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void acceptsSizes_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<bool>("squareOnly");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("as wide as the minimum") << QSize(100, 50) << false << true;
+        QTest::newRow("narrower") << QSize(99, 500) << false << false;
+        QTest::newRow("portrait") << QSize(300, 500) << true << false;
+        QTest::newRow("portrait where shape does not matter") << QSize(300, 500) << false << true;
+        QTest::newRow("0.8 is square") << QSize(400, 500) << true << true;
+        QTest::newRow("below 0.8") << QSize(399, 500) << true << false;
+        QTest::newRow("1.3 is square") << QSize(650, 500) << true << true;
+        QTest::newRow("above 1.3") << QSize(651, 500) << true << false;
+        QTest::newRow("no size") << QSize() << false << false;
+    }
+    void acceptsSizes()
+    {
+        QFETCH(QSize, size);
+        QFETCH(bool, squareOnly);
+        const ArtworkLimits limits{100, 1000, squareOnly ? NonSquare::Refuse : NonSquare::Allow};
+        QTEST(isAcceptableSize(size, limits), "accepted");
+    }
+
+    void keepsWhatFits_data()
+    {
+        QTest::addColumn<QByteArray>("picture");
+        QTest::addColumn<QString>("mimeType");
+        QTest::newRow("PNG") << plainPng(300, 200) << u"image/png"_qs;
+        QTest::newRow("JPEG") << encoded(noise(300, 300), "JPG") << u"image/jpeg"_qs;
+        QTest::newRow("BMP") << encoded(noise(300, 300), "BMP") << u"image/bmp"_qs;
+        QTest::newRow("too large, but every JPEG of it is larger still")
+            << plainPng(400, 400) << u"image/png"_qs;
+    }
+    void keepsWhatFits()
+    {
+        QFETCH(QByteArray, picture);
+        const auto adjusted = adjustedImage(picture, {.maxWidth = 300});
+        QVERIFY(adjusted);
+        QVERIFY(!adjusted->wasReencoded);
+        QCOMPARE(adjusted->data, picture);
+        QTEST(adjusted->mimeType, "mimeType");
+    }
+
+    void shrinksWhatIsTooLarge_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QSize>("shrunk");
+        QTest::newRow("square") << QSize(1000, 1000) << QSize(300, 300);
+        QTest::newRow("the width is the longer side") << QSize(1000, 333) << QSize(300, 100);
+        QTest::newRow("the height is") << QSize(310, 601) << QSize(155, 300);
+        QTest::newRow("never less than a pixel") << QSize(3000, 2) << QSize(300, 1);
+    }
+    void shrinksWhatIsTooLarge()
+    {
+        QFETCH(QSize, size);
+        const auto adjusted =
+            adjustedImage(encoded(noise(size.width(), size.height()), "PNG"), {.maxWidth = 300});
+        QVERIFY(adjusted);
+        QVERIFY(adjusted->wasReencoded);
+        QCOMPARE(adjusted->mimeType, u"image/jpeg"_qs);
+        QTEST(imageSize(adjusted->data), "shrunk");
+        QVERIFY(adjusted->data.startsWith("\xFF\xD8"));
+    }
+
+    void lowersTheQualityUntilItFits()
+    {
+        // A poor JPEG of noise stays smaller than the first, good encodings of a smaller picture.
+        const QByteArray poor = encoded(noise(700, 700), "JPG", 8);
+        const QByteArray best = encoded(QImage::fromData(poor).scaled(600, 600), "JPG", 80);
+        QVERIFY(best.size() > poor.size());
+        const auto adjusted = adjustedImage(poor, {.maxWidth = 600});
+        QVERIFY(adjusted);
+        QVERIFY(adjusted->wasReencoded);
+        QVERIFY(adjusted->data.size() < poor.size());
+    }
+
+    void putsTransparencyOnBlack()
+    {
+        QImage image = noise(600, 600).convertToFormat(QImage::Format_ARGB32);
+        for (int x = 0; x < 300; ++x) {
+            for (int y = 0; y < 600; ++y)
+                image.setPixel(x, y, 0x00FFFFFF);
+        }
+        const auto adjusted = adjustedImage(encoded(image, "PNG"), {.maxWidth = 300});
+        QVERIFY(adjusted && adjusted->wasReencoded);
+        const QImage shrunk = QImage::fromData(adjusted->data);
+        QVERIFY(qGray(shrunk.pixel(50, 150)) < 16);
+        QVERIFY(qGray(shrunk.pixel(250, 150)) > 32);
+    }
+
+    void refuses_data()
+    {
+        QTest::addColumn<QByteArray>("picture");
+        const QByteArray jpeg = encoded(noise(300, 300), "JPG");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("a page") << QByteArray("<html>not found</html>");
+        QTest::newRow("a signature alone") << jpeg.first(4);
+        QTest::newRow("a PNG without pixels") << plainPng(300, 300).first(40);
+        QTest::newRow("a picture that is no raster")
+            << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='300' height='300'/>");
+        QTest::newRow("more than 100 megapixels") << pngClaiming(20000, 20000);
+        QTest::newRow("a size beyond all") << pngClaiming(0x7FFFFFFF, 0x7FFFFFFF);
+    }
+    void refuses()
+    {
+        QFETCH(QByteArray, picture);
+        QVERIFY(!adjustedImage(picture, {}));
+    }
+
+    void measuresWithoutDecoding()
+    {
+        QCOMPARE(imageWidth(plainPng(123, 45)), 123);
+        QCOMPARE(imageSize(plainPng(123, 45).first(40)), QSize(123, 45));
+        QCOMPARE(imageWidth("no picture"), 0);
+        QCOMPARE(imageWidth(pngClaiming(20000, 20000)), 0);
+    }
+
+    void answersFromTheBackgroundOnceOrNever()
+    {
+        int answers = 0;
+        const auto count = [&answers](const auto &adjusted) { answers += adjusted ? 1 : 100; };
+        auto leaving = std::make_unique<QObject>();
+        adjustImageInBackground(encoded(noise(2000, 2000), "PNG"), {.maxWidth = 900}, leaving.get(),
+                                count);
+        adjustImageInBackground(encoded(noise(900, 900), "PNG"), {.maxWidth = 300}, this, count);
+        leaving.reset();
+        QCOMPARE(answers, 0);
+        QTRY_COMPARE(answers, 1);
+        adjustImageInBackground("no picture", {}, this, count);
+        QTRY_COMPARE(answers, 101);
+    }
+};
+
+QTEST_GUILESS_MAIN(ArtworkCheckTest)
+#include "tst_artworkcheck.moc"
