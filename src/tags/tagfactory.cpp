@@ -4,7 +4,7 @@
 #include "tags/filetype.h"
 #include "tags/mp3infotag.h"
 
-#include <QFile>
+#include <utility>
 
 namespace {
 
@@ -26,43 +26,43 @@ TagClass classOf(const SongBytes &song)
     return FileType::claimsToBeAAC(song.path()) ? TagClass::AAC : TagClass::None;
 }
 
-std::unique_ptr<AudioInfoTag> tagOfClass(TagClass tagClass, const SongBytes &song,
-                                         const ReadOptions &options)
+TagOrReason noTag(const QString &reason)
 {
-    if (tagClass == TagClass::MP3)
-        return MP3InfoTag::tagWithBytes(song, options);
-    if (tagClass == TagClass::AAC)
+    return {nullptr, reason};
+}
+
+TagOrReason tagOfClass(TagClass tagClass, const SongBytes &song, const ReadOptions &options)
+{
+    switch (tagClass) {
+    case TagClass::MP3:
+        if (auto tag = MP3InfoTag::tagWithBytes(song, options))
+            return {std::move(tag), {}};
+        return noTag(qtTrId("ErrorNoSong"));
+    case TagClass::AAC:
         qCWarning(logTags).noquote()
             << QStringLiteral("** no tag is read from AAC at %1").arg(song.path());
-    return {};
+        return noTag(qtTrId("ErrorMP4NotYet"));
+    case TagClass::None:
+        break;
+    }
+    return noTag(qtTrId("ErrorNoSong"));
 }
 
 } // namespace
 
-std::unique_ptr<AudioInfoTag> tagWithBytes(const SongBytes &song, const ReadOptions &options)
+TagOrReason readTag(const SongBytes &song, const ReadOptions &options)
 {
-    auto tag = tagOfClass(classOf(song), song, options);
-    if (tag)
-        tag->gatherTagsFromPathname(song.path());
-    return tag;
+    TagOrReason read = tagOfClass(classOf(song), song, options);
+    if (read.tag)
+        read.tag->gatherTagsFromPathname(song.path());
+    return read;
 }
 
 std::unique_ptr<AudioInfoTag> tagWithPath(const QString &path, const ReadOptions &options)
 {
     if (const auto song = SongBytes::open(path))
-        return tagWithBytes(*song, options);
+        return readTag(*song, options).tag;
     if (FileType::claimsToBeMP3(path))
         qCWarning(logTags).noquote() << QStringLiteral("MP3 nil filehandle for %1").arg(path);
     return {};
-}
-
-QString whyNoTag(const QString &path)
-{
-    const auto song = SongBytes::open(path);
-    if (song && classOf(*song) == TagClass::AAC)
-        return qtTrId("ErrorMP4NotYet");
-    QFile file(path);
-    if (!song && !file.open(QIODevice::ReadOnly))
-        return file.errorString();
-    return qtTrId("ErrorNoSong");
 }

@@ -6,10 +6,16 @@
 
 class SongBytes;
 
-/// The tag of the song at `path`, of the class that its contents (else its name) ask for, with a
-/// title from the file name where it has none. Null when the file is no song that we read.
-std::unique_ptr<AudioInfoTag> tagWithPath(const QString &path, const ReadOptions &options);
-std::unique_ptr<AudioInfoTag> tagWithBytes(const SongBytes &song, const ReadOptions &options);
+/// A tag, or why there is none: one line for the user.
+struct TagOrReason {
+    std::unique_ptr<AudioInfoTag> tag;
+    QString reason;
+};
 
-/// Why tagWithPath() gave no tag, in one line for the user.
-QString whyNoTag(const QString &path);
+/// The tag of the song, of the class that its contents (else its name) ask for, with a title
+/// from the file name where it has none.
+[[nodiscard]] TagOrReason readTag(const SongBytes &song, const ReadOptions &options);
+
+/// The same for a path; null when the file is no song that we read.
+[[nodiscard]] std::unique_ptr<AudioInfoTag> tagWithPath(const QString &path,
+                                                        const ReadOptions &options);
