@@ -2,8 +2,6 @@
 
 #include <QBuffer>
 #include <QImage>
-#include <QImageReader>
-#include <QPainter>
 #include <QTest>
 #include <QtEndian>
 
@@ -38,13 +36,13 @@ QByteArray plainPng(int width, int height)
     return encoded(image, "PNG");
 }
 
-/// A PNG whose header claims that size.
-QByteArray pngClaiming(quint32 width, quint32 height)
+/// A BMP of a few bytes whose header claims that size.
+QByteArray bmpClaiming(qint32 width, qint32 height)
 {
-    QByteArray png = plainPng(8, 8);
-    qToBigEndian(width, png.data() + 16);
-    qToBigEndian(height, png.data() + 20);
-    return png;
+    QByteArray bmp = encoded(noise(8, 8), "BMP");
+    qToLittleEndian(width, bmp.data() + 18);
+    qToLittleEndian(height, bmp.data() + 22);
+    return bmp;
 }
 } // namespace
 
@@ -152,8 +150,6 @@ private Q_SLOTS:
         QTest::newRow("a PNG without pixels") << plainPng(300, 300).first(40);
         QTest::newRow("a picture that is no raster")
             << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='300' height='300'/>");
-        QTest::newRow("more than 100 megapixels") << pngClaiming(20000, 20000);
-        QTest::newRow("a size beyond all") << pngClaiming(0x7FFFFFFF, 0x7FFFFFFF);
     }
     void refuses()
     {
@@ -164,9 +160,14 @@ private Q_SLOTS:
     void measuresWithoutDecoding()
     {
         QCOMPARE(imageWidth(plainPng(123, 45)), 123);
-        QCOMPARE(imageSize(plainPng(123, 45).first(40)), QSize(123, 45));
         QCOMPARE(imageWidth("no picture"), 0);
-        QCOMPARE(imageWidth(pngClaiming(20000, 20000)), 0);
+        QCOMPARE(imageWidth(bmpClaiming(10000, 10000)), 10000);
+    }
+
+    void picturesOfMoreThan100MegapixelsAreNone()
+    {
+        QCOMPARE(imageWidth(bmpClaiming(10001, 10000)), 0);
+        QVERIFY(!adjustedImage(bmpClaiming(0x7FFFFFFF, 0x7FFFFFFF), {}));
     }
 
     void answersFromTheBackgroundOnceOrNever()
@@ -174,7 +175,7 @@ private Q_SLOTS:
         int answers = 0;
         const auto count = [&answers](const auto &adjusted) { answers += adjusted ? 1 : 100; };
         auto leaving = std::make_unique<QObject>();
-        adjustImageInBackground(encoded(noise(2000, 2000), "PNG"), {.maxWidth = 900}, leaving.get(),
+        adjustImageInBackground(encoded(noise(1000, 1000), "PNG"), {.maxWidth = 900}, leaving.get(),
                                 count);
         adjustImageInBackground(encoded(noise(900, 900), "PNG"), {.maxWidth = 300}, this, count);
         leaving.reset();
