@@ -149,29 +149,35 @@ JournalledWrite writeFrom(QByteArrayView bytes)
     return write;
 }
 
-std::optional<Header> readHeader(int file)
+/// Fills in what the journal tells, and says whether it tells it. A failing disk is an error and
+/// no incomplete journal: that one would be removed.
+std::error_code read(int file, WriteJournal::Found &found)
 {
-    QByteArray bytes(headerSize, Qt::Uninitialized);
-    if (readAt(file, 0, bytes.data(), bytes.size()))
-        return std::nullopt;
-    return headerFrom(bytes);
-}
-
-std::optional<JournalledWrite> readWrite(int file, const Header &header)
-{
+    using State = WriteJournal::Found::State;
     const auto attributes = FileAttributes::of(file);
-    if (!attributes || header.planOffset > attributes->size
-        || header.planLength > attributes->size - header.planOffset)
-        return std::nullopt;
-    QByteArray bytes(header.planLength, Qt::Uninitialized);
-    if (readAt(file, header.planOffset, bytes.data(), bytes.size())
-        || checksum(bytes) != header.planChecksum)
-        return std::nullopt;
-    try {
-        return writeFrom(bytes);
-    } catch (const MalformedData &) {
-        return std::nullopt;
-    }
+    if (!attributes)
+        return lastError();
+    found.state = State::Incomplete;
+    if (attributes->size < headerSize)
+        return {};
+    QByteArray bytes(headerSize, Qt::Uninitialized);
+    if (const auto error = readAt(file, 0, bytes.data(), bytes.size()))
+        return error;
+    const auto header = headerFrom(bytes);
+    if (!header)
+        return {};
+    found.state = State::Damaged;
+    const qint64 room = attributes->size - header->planOffset;
+    if (header->planOffset < 0 || header->planLength < 0 || header->planLength > room)
+        return {};
+    bytes.resize(header->planLength);
+    if (const auto error = readAt(file, header->planOffset, bytes.data(), bytes.size()))
+        return error;
+    if (checksum(bytes) != header->planChecksum)
+        return {};
+    found.write = writeFrom(bytes);
+    found.state = State::Complete;
+    return {};
 }
 
 /// Makes the folder for this user alone. Its name is on the disk when this returns without error:
@@ -268,13 +274,12 @@ WriteJournal::Found WriteJournal::find(const QString &path)
     if (!attributes || attributes->links == 0)
         return {};
     Found found;
-    const auto header = readHeader(file.get());
-    const auto write = header ? readWrite(file.get(), *header) : std::nullopt;
-    found.state = write ? Found::State::Complete
-        : header        ? Found::State::Damaged
-                        : Found::State::Incomplete;
-    if (write)
-        found.write = *write;
+    try {
+        if (read(file.get(), found))
+            return {};
+    } catch (const MalformedData &) {
+        found.state = Found::State::Damaged;
+    }
     found.journal = WriteJournal(path, std::move(file));
     return found;
 }

@@ -62,7 +62,7 @@ struct WriteJournal::Begun {
 
 struct WriteJournal::Found {
     enum class State {
-        Busy, ///< a living process writes with it, or it is gone by now
+        Busy, ///< a living process writes with it, or it is gone or unreadable for now
         Incomplete, ///< the song was not touched
         Damaged, ///< complete once, but unreadable
         Complete
