@@ -11,6 +11,7 @@
 namespace {
 constexpr std::chrono::seconds patienceWithCancelledTask{4};
 
+/// In pixels; 0 without pictures.
 int widestPicture(const AudioInfoTag &tag)
 {
     int widest = 0;
@@ -142,7 +143,7 @@ void WorkList::processSong(const std::shared_ptr<SongFile> &song)
 {
     if (const auto reason = reasonNotToGather(*song)) {
         mLog.addLog(QStringLiteral("-- %1: %2").arg(song->filename(), *reason), LogColor::Error);
-        forgetTag(song, true);
+        song->uncacheInfotag();
         tell(failureOf(song, *reason));
         return mNextStep.start();
     }
@@ -169,7 +170,7 @@ void WorkList::makeTask(const std::shared_ptr<SongFile> &song)
 {
     mCurrentInfoTask = std::make_unique<SongInfoTask>(song, mContext);
     SongInfoTask &task = *mCurrentInfoTask;
-    // The task is gone before its own signal has been seen through otherwise.
+    // On a turn of its own, so that no task is destroyed from inside its signal.
     connect(&task, &SongInfoTask::finished, &mNextStep, qOverload<>(&QTimer::start));
     task.setParallelMode(mOptions.parallelSearch);
     task.setMinimumAcceptableImageSize(static_cast<float>(mOptions.minimumImageSize));
@@ -178,7 +179,9 @@ void WorkList::makeTask(const std::shared_ptr<SongFile> &song)
     task.setAlbumSelectionMethod(mOptions.albumPickingMethod);
     task.setAllowSubstringTrackMatches(mOptions.allowSubstrings);
     task.setGatherFlags(mOptions.gather);
-    task.setOverwriteFlags(overwritableAssets(mOptions, widestPicture(*song->infotag())));
+    const bool replacesArtwork = mOptions.overwrite.testFlag(AssetArtwork);
+    const int existingWidth = replacesArtwork ? widestPicture(*song->infotag()) : 0;
+    task.setOverwriteFlags(overwritableAssets(mOptions, existingWidth));
 }
 
 void WorkList::startTask()
@@ -201,7 +204,7 @@ void WorkList::finishTask()
     if (const AudioInfoTag *tag = outcome.song->infotag())
         logGathered(outcome, *tag);
     writeSong(outcome);
-    forgetTag(outcome.song, outcome.written || !outcome.changed);
+    forgetTag(outcome);
     tell(outcome);
 }
 
@@ -232,19 +235,21 @@ void WorkList::writeSong(SongOutcome &outcome)
 /// The song in hand stays as it is on disk: what the task put into its tag is dropped.
 void WorkList::abandonTask()
 {
-    const auto song = mCurrentInfoTask->song();
-    mCurrentInfoTask.reset();
-    song->setDefaultActivityStatus();
-    forgetTag(song, false);
+    const auto task = std::exchange(mCurrentInfoTask, nullptr);
+    task->song()->setDefaultActivityStatus();
+    forgetTag(outcomeOf(*task));
 }
 
-/// A list of any size fits in memory, and other songs borrow from what the file holds.
-void WorkList::forgetTag(const std::shared_ptr<SongFile> &song, bool isAsOnDisk)
+/// A list of any size fits in memory, and other songs borrow from what the file holds: of a song
+/// that was not written that is its old tag.
+void WorkList::forgetTag(const SongOutcome &outcome)
 {
-    if (!isAsOnDisk)
-        song->uncacheInfotag();
-    mContext.library.songChanged(song);
-    song->uncacheInfotag();
+    SongFile &song = *outcome.song;
+    if (!outcome.written)
+        song.uncacheInfotag();
+    if (outcome.changed)
+        mContext.library.songChanged(outcome.song);
+    song.uncacheInfotag();
 }
 
 void WorkList::tell(const SongOutcome &outcome)
@@ -258,7 +263,8 @@ void WorkList::endRun()
     mNextStep.stop();
     mCancelTimeout.stop();
     for (const auto &song : std::exchange(mSongWorkList, {}))
-        song->setDefaultActivityStatus();
+        if (song->activityStatus() == SongStatus::Pending)
+            song->setDefaultActivityStatus();
     mIsRunning = false;
     if (mIsCancelled)
         mLog.addLog(qtTrId("LogCancelled"), LogColor::Cancel);

@@ -82,7 +82,7 @@ private:
     void logGathered(const SongOutcome &outcome, const AudioInfoTag &tag);
     void writeSong(SongOutcome &outcome);
     void abandonTask();
-    void forgetTag(const std::shared_ptr<SongFile> &song, bool isAsOnDisk);
+    void forgetTag(const SongOutcome &outcome);
     void tell(const SongOutcome &outcome);
     void endRun();
     void giveUpOnTask();

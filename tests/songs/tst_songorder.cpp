@@ -1,0 +1,197 @@
+#include "songs/songorder.h"
+
+#include <QHash>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace SongOrder;
+
+using Fields = QHash<QString, QString>;
+Q_DECLARE_METATYPE(SongOrder::Comparison)
+
+namespace {
+
+/// A tag that holds what it is told to.
+class PlainTag : public AudioInfoTag {
+public:
+    using Text = std::optional<QString>;
+
+    explicit PlainTag(const Fields &fields)
+        : mFields(fields)
+    {
+        if (fields.contains(u"index"_s))
+            setPlayList(u"Mix"_s, fields.value(u"index"_s).toInt());
+    }
+
+    [[nodiscard]] TagType type() const override { return TagType::MP3; }
+    [[nodiscard]] Text title() const override { return text(u"title"_s); }
+    [[nodiscard]] Text artist() const override { return text(u"artist"_s); }
+    [[nodiscard]] Text album() const override { return text(u"album"_s); }
+    [[nodiscard]] Text year() const override { return text(u"year"_s); }
+    [[nodiscard]] Text track() const override { return text(u"track"_s); }
+    [[nodiscard]] Text genres() const override { return text(u"genre"_s); }
+    [[nodiscard]] Text lyrics() const override { return text(u"lyrics"_s); }
+    [[nodiscard]] Text bpm() const override { return text(u"bpm"_s); }
+    [[nodiscard]] Text readVersion() const override { return text(u"version"_s); }
+    [[nodiscard]] bool isPartOfCompilation() const override
+    {
+        return mFields.contains(u"compilation"_s);
+    }
+    [[nodiscard]] int numberOfImages() const override { return mFields.value(u"art"_s).toInt(); }
+
+private:
+    [[nodiscard]] Text text(const QString &name) const
+    {
+        return mFields.contains(name) ? Text(mFields.value(name)) : Text();
+    }
+
+    Fields mFields;
+};
+
+std::shared_ptr<SongFile> songWith(const Fields &fields)
+{
+    auto song = std::make_shared<SongFile>(u"/nowhere/song.mp3"_s, ReadOptions());
+    song->adoptInfotag(std::make_unique<PlainTag>(fields));
+    song->setActivityStatus(static_cast<SongStatus>(fields.value(u"status"_s).toInt()));
+    return song;
+}
+
+/// Of each column two values, the one that comes first and the one that comes last; a value that
+/// is null stands for none.
+const QHash<QString, QPair<QString, QString>> &columns()
+{
+    static const QHash<QString, QPair<QString, QString>> values{
+        {u"artist"_s, {u"alpha 9"_s, u"Alpha 10"_s}},
+        {u"title"_s, {u"alpha 9"_s, u"Alpha 10"_s}},
+        {u"album"_s, {u"alpha 9"_s, u"Alpha 10"_s}},
+        {u"genre"_s, {u"alpha 9"_s, u"Alpha 10"_s}},
+        {u"track"_s, {u"2/12"_s, u"10/12"_s}},
+        {u"year"_s, {u"2005"_s, u"1999"_s}},
+        {u"lyrics"_s, {u"la"_s, QString()}},
+        {u"art"_s, {u"2"_s, u"1"_s}},
+        {u"status"_s, {u"4"_s, u"0"_s}},
+        {u"index"_s, {u"2"_s, u"10"_s}},
+        {u"bpm"_s, {u"90"_s, u"120"_s}},
+        {u"compilation"_s, {u"1"_s, QString()}},
+        {u"version"_s, {u"2.2.0"_s, u"2.3.0"_s}},
+    };
+    return values;
+}
+
+void put(Fields &fields, const QString &column, const QString &value)
+{
+    if (!value.isNull())
+        fields.insert(column, value);
+}
+
+} // namespace
+
+class TestSongOrder : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void numbersCompareTheWrongWayRound();
+    void chain_data();
+    void chain();
+    void comesFirst_data();
+    void comesFirst();
+    void songsWithoutTagCountAsEmpty();
+};
+
+void TestSongOrder::numbersCompareTheWrongWayRound()
+{
+    QCOMPARE(compare(1, 2), 1);
+    QCOMPARE(compare(2, 1), -1);
+    QCOMPARE(compare(2, 2), 0);
+}
+
+void TestSongOrder::chain_data()
+{
+    QTest::addColumn<Comparison>("comparison");
+    QTest::addColumn<QStringList>("keys");
+    const auto row = [](const char *name, Comparison comparison, const char *keys) {
+        QTest::newRow(name) << comparison << QString::fromLatin1(keys).split(u' ');
+    };
+    row("index", compareIndex, "index title artist album");
+    row("compilation", compareCompilation, "compilation album track title artist");
+    row("artist", compareArtist, "artist album track");
+    row("title", compareTitle, "title artist album");
+    row("album", compareAlbum, "album track title artist");
+    row("track", compareTrack, "track album title artist");
+    row("year", compareYear, "year album artist track");
+    row("genre", compareGenre, "genre album artist");
+    row("lyrics", compareLyrics, "lyrics album track title artist");
+    row("art", compareArt, "art artist album track");
+    row("read version", compareReadVersion, "version album artist");
+    row("BPM", compareBPM, "bpm title artist album");
+    row("activity", compareActivity, "status");
+}
+
+/// For each key: songs equal in all keys before it, with every other column saying the opposite.
+void TestSongOrder::chain()
+{
+    QFETCH(Comparison, comparison);
+    QFETCH(QStringList, keys);
+    for (qsizetype deciding = 0; deciding <= keys.size(); ++deciding) {
+        Fields fields;
+        Fields others;
+        for (auto column = columns().cbegin(); column != columns().cend(); ++column) {
+            const qsizetype place = keys.indexOf(column.key());
+            const auto [first, last] = column.value();
+            const bool isEqual = place >= 0 && place < deciding;
+            put(fields, column.key(), isEqual || place == deciding ? first : last);
+            put(others, column.key(), place == deciding ? last : first);
+        }
+        const int expected = deciding < keys.size() ? -1 : 0;
+        QCOMPARE(comparison(*songWith(fields), *songWith(others)), expected);
+        QCOMPARE(comparison(*songWith(others), *songWith(fields)), -expected);
+    }
+}
+
+void TestSongOrder::comesFirst_data()
+{
+    QTest::addColumn<Comparison>("comparison");
+    QTest::addColumn<Fields>("first");
+    QTest::addColumn<Fields>("second");
+    QTest::newRow("a missing text comes last")
+        << Comparison(rawCompareTitle) << Fields{{u"title"_s, u"Zebra"_s}} << Fields{};
+    QTest::newRow("an empty text is not missing")
+        << Comparison(rawCompareAlbum) << Fields{{u"album"_s, u""_s}}
+        << Fields{{u"album"_s, u"A"_s}};
+    QTest::newRow("a missing track comes last")
+        << Comparison(rawCompareTrack) << Fields{{u"track"_s, u"99"_s}} << Fields{};
+    QTest::newRow("a missing year comes last")
+        << Comparison(rawCompareYear) << Fields{{u"year"_s, u"1"_s}} << Fields{};
+    QTest::newRow("the year in front of a date counts")
+        << Comparison(rawCompareYear) << Fields{{u"year"_s, u"2005-03"_s}}
+        << Fields{{u"year"_s, u"2004-11"_s}};
+    QTest::newRow("a missing BPM counts as 0")
+        << Comparison(rawCompareBPM) << Fields{} << Fields{{u"bpm"_s, u"60"_s}};
+    QTest::newRow("versions are texts, not numbers")
+        << Comparison(rawCompareReadVersion) << Fields{{u"version"_s, u"2.10"_s}}
+        << Fields{{u"version"_s, u"2.4"_s}};
+    QTest::newRow("songs of no playlist come last")
+        << Comparison(rawCompareIndex) << Fields{{u"index"_s, u"7"_s}} << Fields{};
+}
+
+void TestSongOrder::comesFirst()
+{
+    QFETCH(Comparison, comparison);
+    QFETCH(Fields, first);
+    QFETCH(Fields, second);
+    QCOMPARE(comparison(*songWith(first), *songWith(second)), -1);
+    QCOMPARE(comparison(*songWith(second), *songWith(first)), 1);
+    QCOMPARE(comparison(*songWith(second), *songWith(second)), 0);
+}
+
+void TestSongOrder::songsWithoutTagCountAsEmpty()
+{
+    SongFile noSong(u"/nowhere/song.mp3"_s, {});
+    for (const Comparison comparison : {compareArtist, compareTrack, compareLyrics, compareIndex,
+                                        compareArt, compareCompilation, compareReadVersion}) {
+        QCOMPARE(comparison(noSong, *songWith({})), 0);
+    }
+}
+
+QTEST_GUILESS_MAIN(TestSongOrder)
+#include "tst_songorder.moc"
