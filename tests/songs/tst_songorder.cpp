@@ -186,7 +186,7 @@ void TestSongOrder::comesFirst()
 
 void TestSongOrder::songsWithoutTagCountAsEmpty()
 {
-    SongFile noSong(u"/nowhere/song.mp3"_s, {});
+    SongFile noSong(u"/nowhere/song"_s, {});
     for (const Comparison comparison : {compareArtist, compareTrack, compareLyrics, compareIndex,
                                         compareArt, compareCompilation, compareReadVersion}) {
         QCOMPARE(comparison(noSong, *songWith({})), 0);
