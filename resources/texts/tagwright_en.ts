@@ -91,6 +91,10 @@
         <source>The server took too long to answer</source>
         <translation>The server took too long to answer</translation>
     </message>
+    <message id="ErrorTooManyRedirects">
+        <source>The server redirects without end</source>
+        <translation>The server redirects without end</translation>
+    </message>
     <message id="GeneralErrorPrefix">
         <source>Network: </source>
         <translation>Network: </translation>

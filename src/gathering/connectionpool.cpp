@@ -10,26 +10,24 @@ constexpr int connectionsOfManager = 6;
 /// Each manager has a thread of its own; beyond these, loads wait for a connection.
 constexpr size_t mostManagers = 4;
 
-QNetworkReply *sendWith(QNetworkAccessManager &manager, FetchMethod method,
-                        const QNetworkRequest &request, const QByteArray &body)
+QNetworkReply *sendWith(QNetworkAccessManager &manager, const HttpMessage &message)
 {
-    switch (method) {
+    switch (message.method) {
     case FetchMethod::Head:
-        return manager.head(request);
+        return manager.head(message.request);
     case FetchMethod::Post:
-        return manager.post(request, body);
+        return manager.post(message.request, message.body);
     case FetchMethod::Get:
         break;
     }
-    return manager.get(request);
+    return manager.get(message.request);
 }
 } // namespace
 
-QNetworkReply *ConnectionPool::send(FetchMethod method, const QNetworkRequest &request,
-                                    const QByteArray &body)
+QNetworkReply *ConnectionPool::send(const HttpMessage &message)
 {
     Lane &lane = freestLane();
-    QNetworkReply *reply = sendWith(*lane.manager, method, request, body);
+    QNetworkReply *reply = sendWith(*lane.manager, message);
     ++lane.loads;
     QObject::connect(reply, &QNetworkReply::finished, lane.manager.get(),
                      [&lane] { --lane.loads; });

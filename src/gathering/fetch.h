@@ -6,6 +6,7 @@
 
 #include <QScopedPointer>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -31,6 +32,13 @@ struct Fetch {
     std::vector<Asker> askers{};
     std::unique_ptr<HttpLoad, QScopedPointerDeleteLater> load{};
     QPointer<Progress> indicator{};
+
+    /// Whether any of those who asked is still there.
+    [[nodiscard]] bool isWanted() const
+    {
+        return std::any_of(askers.begin(), askers.end(),
+                           [](const Asker &asker) { return asker.owed.isWanted(); });
+    }
 
     /// POST and HEAD are sent at once and take none of the places.
     [[nodiscard]] bool countsAgainstLimit() const { return method == FetchMethod::Get; }

@@ -4,6 +4,11 @@
 
 #include <QNetworkReply>
 
+#include <functional>
+
+/// Whether this machine has a network at all.
+using OnlineCheck = std::function<bool()>;
+
 /// The program's error for one of the network library. Where this machine has no network,
 /// "not found" and "unreachable" say so (-1009); the description stays the library's own.
 FetchError fetchErrorFor(QNetworkReply::NetworkError error, const QString &description,

@@ -20,7 +20,7 @@ QByteArray packed(const QUrl &url, const KeptResponse &response)
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream.setVersion(streamVersion);
-    stream << keyOf(url) << response.MIMEType << response.data;
+    stream << keyOf(url) << response.MIMEType << response.cameInTheClear << response.data;
     return bytes;
 }
 
@@ -30,7 +30,7 @@ std::optional<KeptResponse> unpacked(const QUrl &url, const QByteArray &bytes)
     stream.setVersion(streamVersion);
     QByteArray key;
     KeptResponse response;
-    stream >> key >> response.MIMEType >> response.data;
+    stream >> key >> response.MIMEType >> response.cameInTheClear >> response.data;
     if (stream.status() != QDataStream::Ok || key != keyOf(url))
         return std::nullopt;
     return response;

@@ -1,7 +1,8 @@
 #include "gathering/httpload.h"
 
 #include "gathering/fetchable.h"
-#include "gathering/fetcherrors.h"
+
+#include <utility>
 
 namespace {
 /// What is read from the reply at a time, so that a decompressed flood is noticed early.
@@ -22,6 +23,16 @@ int statusOf(const QNetworkReply &reply)
     return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
 }
 
+/// Where the server sends us instead; invalid when it does not.
+QUrl redirectOf(const QNetworkReply &reply)
+{
+    const int status = statusOf(reply);
+    if (status != 301 && status != 302 && status != 303 && status != 307 && status != 308)
+        return {};
+    const QByteArray location = reply.rawHeader("Location");
+    return location.isEmpty() ? QUrl() : reply.url().resolved(QUrl::fromEncoded(location));
+}
+
 bool forbidsStoring(const QNetworkReply &reply)
 {
     return reply.rawHeader("Cache-Control").toLower().contains("no-store");
@@ -38,24 +49,22 @@ FetchError notFetchableError(const QUrl &url)
     return {FetchError::unknown, qtTrId("ErrorAddressNotFetched").arg(url.toDisplayString())};
 }
 
-HttpLoad::HttpLoad(QNetworkReply *reply, const Bounds &bounds)
-    : mReply(reply)
+HttpLoad::HttpLoad(ConnectionPool &pool, HttpMessage message, const Bounds &bounds,
+                   OnlineCheck isOnline)
+    : mPool(pool)
+    , mMessage(std::move(message))
     , mBounds(bounds)
-    , mCameInTheClear(isInTheClear(reply->url()))
+    , mIsOnline(std::move(isOnline))
+    , mCameInTheClear(isInTheClear(mMessage.request.url()))
 {
-    reply->setReadBufferSize(readAheadBytes);
-    connect(reply, &QNetworkReply::redirected, this, &HttpLoad::takeRedirect);
-    connect(reply, &QNetworkReply::metaDataChanged, this, &HttpLoad::takeResponse);
-    connect(reply, &QNetworkReply::readyRead, this, &HttpLoad::takeData);
-    connect(reply, &QNetworkReply::finished, this, &HttpLoad::takeEnd);
     for (QTimer *timer : {&mSilence, &mTotal}) {
         timer->setSingleShot(true);
         connect(timer, &QTimer::timeout, this, [this] {
             fail({FetchError::timedOut, qtTrId("ErrorTimedOut")});
         });
     }
-    mSilence.start(bounds.silence);
-    mTotal.start(bounds.total);
+    mTotal.start(mBounds.total);
+    send();
 }
 
 HttpLoad::~HttpLoad()
@@ -63,28 +72,55 @@ HttpLoad::~HttpLoad()
     cutOff();
 }
 
+void HttpLoad::send()
+{
+    mSilence.start(mBounds.silence);
+    mReply = mPool.send(mMessage);
+    mReply->setReadBufferSize(readAheadBytes);
+    connect(mReply, &QNetworkReply::metaDataChanged, this, &HttpLoad::takeResponse);
+    connect(mReply, &QNetworkReply::readyRead, this, &HttpLoad::takeData);
+    connect(mReply, &QNetworkReply::finished, this, &HttpLoad::takeEnd);
+}
+
 void HttpLoad::cutOff()
 {
     mSilence.stop();
     mTotal.stop();
+    dropReply();
+}
+
+void HttpLoad::dropReply()
+{
     QNetworkReply *reply = mReply;
+    mReply = nullptr;
     if (!reply)
         return;
-    mReply = nullptr;
     reply->disconnect(this);
     reply->abort();
     reply->deleteLater();
 }
 
-void HttpLoad::takeRedirect(const QUrl &target)
+/// A form that is redirected becomes a plain request, unless the server says to send it again.
+void HttpLoad::followTo(const QUrl &target)
 {
-    mSilence.start();
-    mData.clear();
-    mCameInTheClear = mCameInTheClear || isInTheClear(target);
-    if (isFetchable(target))
-        Q_EMIT mReply->redirectAllowed();
-    else
+    if (!isFetchable(target)) {
         fail(notFetchableError(target));
+        return;
+    }
+    if (++mRedirects > mBounds.redirects) {
+        fail({FetchError::unknown, qtTrId("ErrorTooManyRedirects")});
+        return;
+    }
+    const int status = statusOf(*mReply);
+    if (mMessage.method == FetchMethod::Post && status != 307 && status != 308) {
+        mMessage.method = FetchMethod::Get;
+        mMessage.request.setHeader(QNetworkRequest::ContentTypeHeader, {});
+    }
+    mMessage.request.setUrl(target);
+    mCameInTheClear = mCameInTheClear || isInTheClear(target);
+    mData.clear();
+    dropReply();
+    send();
 }
 
 void HttpLoad::takeResponse()
@@ -128,10 +164,13 @@ void HttpLoad::takeEnd()
     if (!mReply)
         return;
     const QNetworkReply::NetworkError error = mReply->error();
-    if (error == QNetworkReply::NoError || isOnlyHttpStatus(error, statusOf(*mReply)))
+    const QUrl redirect = redirectOf(*mReply);
+    if (!redirect.isEmpty())
+        followTo(redirect);
+    else if (error == QNetworkReply::NoError || isOnlyHttpStatus(error, statusOf(*mReply)))
         finish(true);
     else
-        fail(fetchErrorFor(error, mReply->errorString(), machineIsOnline()));
+        fail(fetchErrorFor(error, mReply->errorString(), mIsOnline()));
 }
 
 void HttpLoad::fail(const FetchError &error)
@@ -152,7 +191,8 @@ void HttpLoad::finish(bool isWhole)
     success.MIMEType = mMIMEType;
     success.cameInTheClear = mCameInTheClear;
     success.retryAfter = mReply->rawHeader("Retry-After");
-    success.mayBeStored = isWhole && success.status == 200 && !forbidsStoring(*mReply);
+    success.mayBeStored =
+        isWhole && success.status == 200 && !mData.isEmpty() && !forbidsStoring(*mReply);
     success.data = std::move(mData);
     cutOff();
     Q_EMIT ended(success);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "gathering/fetchlimits.h"
-#include "gathering/fetchresult.h"
+#include "gathering/connectionpool.h"
+#include "gathering/fetcherrors.h"
 
 #include <QNetworkReply>
 #include <QPointer>
@@ -21,8 +21,8 @@ struct LoadOutcome {
     bool mayBeStored = false; ///< a whole answer of status 200 that does not forbid it
 };
 
-/// One exchange with a server: keeps to its limits whatever the server does, and ends once.
-/// Statuses of 400 and above end it like any other, with their body.
+/// One exchange with a server, redirects included: keeps to its limits whatever the server does,
+/// and ends once. Statuses of 400 and above end it like any other, with their body.
 class HttpLoad : public QObject {
     Q_OBJECT
 
@@ -30,12 +30,14 @@ public:
     struct Bounds {
         std::chrono::milliseconds silence;
         std::chrono::milliseconds total;
+        int redirects; ///< as many are followed
         qint64 bodyBytes; ///< more than that is a failure
         qint64 htmlBytes; ///< a text/html page is cut there and counts as whole; 0: never
     };
 
-    /// Takes the reply, which must be on its way.
-    HttpLoad(QNetworkReply *reply, const Bounds &bounds);
+    /// Sends the message through the pool, which must outlive the load. `isOnline` is asked when a
+    /// host is not found.
+    HttpLoad(ConnectionPool &pool, HttpMessage message, const Bounds &bounds, OnlineCheck isOnline);
     /// Cuts the connection if the load is still going on; nothing is reported then.
     ~HttpLoad() override;
 
@@ -51,7 +53,9 @@ Q_SIGNALS:
     void ended(const LoadOutcome &outcome);
 
 private:
-    void takeRedirect(const QUrl &target);
+    void send();
+    void dropReply();
+    void followTo(const QUrl &target);
     void takeResponse();
     void takeData();
     void takeEnd();
@@ -59,12 +63,16 @@ private:
     void fail(const FetchError &error);
     void finish(bool isWhole);
 
+    ConnectionPool &mPool;
+    HttpMessage mMessage;
     QPointer<QNetworkReply> mReply; ///< null once the load has ended
     Bounds mBounds;
+    OnlineCheck mIsOnline;
     QTimer mSilence;
     QTimer mTotal;
     QByteArray mData;
     QString mMIMEType;
+    int mRedirects = 0;
     bool mHasResponse = false;
     bool mCameInTheClear;
 };

@@ -5,7 +5,6 @@
 #include "base/progress.h"
 #include "gathering/failedhosts.h"
 #include "gathering/fetchable.h"
-#include "gathering/fetcherrors.h"
 #include "gathering/fetchline.h"
 #include "gathering/hostpace.h"
 #include "gathering/httpcache.h"
@@ -21,7 +20,7 @@ using std::chrono::milliseconds;
 class HVHTTPQueue::Private {
 public:
     Private(HVHTTPQueue *queue, const QString &cacheFolder, const Clock &clock,
-            const FetchLimits &limits);
+            const FetchLimits &limits, OnlineCheck isOnline);
 
     // Asking.
     void addGet(const QUrl &url, OwedResult owed, QueueEnd at, CacheUse cacheUse,
@@ -58,6 +57,7 @@ public:
     HVHTTPQueue *mQueue;
     const Clock &mClock;
     FetchLimits mLimits;
+    OnlineCheck mIsOnline;
     // The pool goes after the fetches, whose replies are its own.
     ConnectionPool mPool;
     HttpCache mCache;
@@ -83,10 +83,11 @@ public:
 };
 
 HVHTTPQueue::Private::Private(HVHTTPQueue *queue, const QString &cacheFolder, const Clock &clock,
-                              const FetchLimits &limits)
+                              const FetchLimits &limits, OnlineCheck isOnline)
     : mQueue(queue)
     , mClock(clock)
     , mLimits(limits)
+    , mIsOnline(std::move(isOnline))
     , mCache(cacheFolder)
     , mFailedHosts(clock)
     , mPace(clock)
@@ -169,6 +170,10 @@ void HVHTTPQueue::Private::startWaiting()
 /// The fetch is out of the line, and is loading, parked or answered afterwards.
 void HVHTTPQueue::Private::begin(const FetchPointer &fetch)
 {
+    if (!fetch->isWanted()) {
+        answer(fetch, {});
+        return;
+    }
     if (fetch->method == FetchMethod::Get && answerWithoutAsking(fetch))
         return;
     const QString host = fetch->url.host();
@@ -197,7 +202,11 @@ bool HVHTTPQueue::Private::answerWithoutAsking(const FetchPointer &fetch)
         return false;
     showResponse(*fetch, kept->data.size());
     showBytes(*fetch, kept->data.size());
-    answer(fetch, {.data = kept->data, .MIMEType = kept->MIMEType, .status = 200});
+    answer(fetch,
+           {.data = kept->data,
+            .MIMEType = kept->MIMEType,
+            .status = 200,
+            .cameInTheClear = kept->cameInTheClear});
     return true;
 }
 
@@ -238,8 +247,7 @@ QNetworkRequest HVHTTPQueue::Private::requestFor(const Fetch &fetch) const
         request.setHeader(QNetworkRequest::ContentTypeHeader,
                           QStringLiteral("application/x-www-form-urlencoded"));
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::UserVerifiedRedirectPolicy);
-    request.setMaximumRedirectsAllowed(mLimits.redirects);
+                         QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     for (const auto attribute :
          {QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::CookieSaveControlAttribute,
@@ -251,14 +259,17 @@ QNetworkRequest HVHTTPQueue::Private::requestFor(const Fetch &fetch) const
 HttpLoad::Bounds HVHTTPQueue::Private::boundsFor(const Fetch &fetch) const
 {
     const bool isHead = fetch.method == FetchMethod::Head;
-    return {isHead ? mLimits.headSilence : mLimits.silence, mLimits.total, mLimits.bodyBytes,
-            mMaxHTMLLength};
+    return {.silence = isHead ? mLimits.headSilence : mLimits.silence,
+            .total = mLimits.total,
+            .redirects = mLimits.redirects,
+            .bodyBytes = mLimits.bodyBytes,
+            .htmlBytes = mMaxHTMLLength};
 }
 
 void HVHTTPQueue::Private::load(const FetchPointer &fetch)
 {
-    QNetworkReply *reply = mPool.send(fetch->method, requestFor(*fetch), fetch->body);
-    fetch->load.reset(new HttpLoad(reply, boundsFor(*fetch)));
+    fetch->load.reset(new HttpLoad(mPool, {fetch->method, requestFor(*fetch), fetch->body},
+                                   boundsFor(*fetch), mIsOnline));
     ++mRunning;
     mRunningGets += fetch->countsAgainstLimit() ? 1 : 0;
     const HttpLoad *load = fetch->load.get();
@@ -290,7 +301,7 @@ void HVHTTPQueue::Private::loadEnded(const FetchPointer &fetch, const LoadOutcom
         return;
     }
     if (outcome.mayBeStored && fetch->method == FetchMethod::Get)
-        mCache.store(fetch->url, {outcome.data, *outcome.MIMEType});
+        mCache.store(fetch->url, {outcome.data, *outcome.MIMEType, outcome.cameInTheClear});
     answer(fetch,
            {.data = outcome.data,
             .MIMEType = outcome.MIMEType,
@@ -429,9 +440,9 @@ const QList<const Fetch *> &HVHTTPQueue::Private::rows()
 }
 
 HVHTTPQueue::HVHTTPQueue(const QString &cacheFolder, const Clock &clock, QObject *parent,
-                         const FetchLimits &limits)
+                         const FetchLimits &limits, OnlineCheck isOnline)
     : QObject(parent)
-    , d(std::make_unique<Private>(this, cacheFolder, clock, limits))
+    , d(std::make_unique<Private>(this, cacheFolder, clock, limits, std::move(isOnline)))
 {
 }
 

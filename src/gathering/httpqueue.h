@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/clock.h"
+#include "gathering/fetcherrors.h"
 #include "gathering/fetchlimits.h"
 #include "gathering/fetchresult.h"
 
@@ -24,7 +25,8 @@ class HVHTTPQueue : public QObject {
 public:
     /// `cacheFolder` empty: responses are kept in memory only.
     explicit HVHTTPQueue(const QString &cacheFolder, const Clock &clock = systemClock(),
-                         QObject *parent = nullptr, const FetchLimits &limits = {});
+                         QObject *parent = nullptr, const FetchLimits &limits = {},
+                         OnlineCheck isOnline = machineIsOnline);
     ~HVHTTPQueue() override;
 
     void setAgentString(const QString &agent);

@@ -21,6 +21,8 @@ public:
     void deliver(FetchResult result);
 
     [[nodiscard]] bool isOwedTo(const QObject *owner) const { return mOwner == owner; }
+    /// Whether the owner is still there to be answered.
+    [[nodiscard]] bool isWanted() const { return !mOwner.isNull(); }
 
 private:
     QPointer<QObject> mOwner;

@@ -64,6 +64,7 @@ void reset(QTcpSocket *socket)
 
 void repeat(QTcpSocket *socket, const QByteArray &body)
 {
+    socket->write(body);
     QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [socket, body] {
         if (socket->bytesToWrite() < body.size())
             socket->write(body);
@@ -108,7 +109,7 @@ void HttpServer::release()
     mIsHolding = false;
     for (const Held &held : std::exchange(mHeld, {}))
         if (held.socket)
-            answer(held.socket, held.path);
+            answer(held.socket, held.request);
 }
 
 QStringList HttpServer::paths() const
@@ -140,17 +141,19 @@ void HttpServer::take(QTcpSocket *socket, const SeenRequest &request)
     mRequests.append(request);
     mMostAtOnce = std::max(mMostAtOnce, ++mUnanswered);
     if (mIsHolding)
-        mHeld.append({socket, request.path});
+        mHeld.append({socket, request});
     else
-        answer(socket, request.path);
+        answer(socket, request);
 }
 
-void HttpServer::answer(QTcpSocket *socket, const QString &path)
+void HttpServer::answer(QTcpSocket *socket, const SeenRequest &request)
 {
     HttpAnswer chosen{.status = 404, .body = "nothing here"};
-    const auto answers = mAnswers.find(path);
+    const auto answers = mAnswers.find(request.path);
     if (answers != mAnswers.end())
         chosen = answers->size() > 1 ? answers->takeFirst() : answers->constFirst();
+    if (chosen.echoesBody)
+        chosen.body = request.body;
     if (chosen.delay.count() == 0) {
         send(socket, chosen);
         return;

@@ -26,6 +26,7 @@ struct HttpAnswer {
     int status = 200;
     QByteArray type = "text/plain"; ///< empty: no Content-Type
     QByteArray body{};
+    bool echoesBody = false; ///< what was sent instead of `body`
     QList<QByteArray> headers{}; ///< further lines, without their ends
     std::chrono::milliseconds delay{0}; ///< before the first byte
     /// Content-Length where it is not the body's own; -1: none is sent.
@@ -71,15 +72,15 @@ public:
 private:
     struct Held {
         QPointer<QTcpSocket> socket;
-        QString path;
+        SeenRequest request;
     };
 
     void takeConnection();
     void read(QTcpSocket *socket);
     void take(QTcpSocket *socket, const SeenRequest &request);
-    void answer(QTcpSocket *socket, const QString &path);
+    void answer(QTcpSocket *socket, const SeenRequest &request);
     void send(QTcpSocket *socket, const HttpAnswer &answer);
-    void behave(QTcpSocket *socket, const HttpAnswer &answer);
+    static void behave(QTcpSocket *socket, const HttpAnswer &answer);
 
     QHash<QString, QList<HttpAnswer>> mAnswers;
     QList<SeenRequest> mRequests;
