@@ -547,8 +547,9 @@ void HttpQueueTest::failedHostsAreLeftAlone()
     QCOMPARE(codeOf(server.url(u"/"_s)), FetchError::cannotConnectToHost);
     QVERIFY(!queue.postURL(server.url(u"/"_s), &asker, asker.callback(), "form"));
     QCOMPARE(server.requests().size(), 0);
-    queue.getHeadersForURL(server.url(u"/head is not refused"_s), &asker, asker.callback());
-    QTRY_COMPARE(server.requests().size(), 1);
+    Asker notRefused;
+    queue.getHeadersForURL(server.url(u"/"_s), &notRefused, notRefused.callback());
+    QTRY_COMPARE(notRefused.answers.size(), 1);
     clock.advance(2s);
     QCOMPARE(codeOf(server.url(u"/"_s)), 0);
     expectHostRemembered();
