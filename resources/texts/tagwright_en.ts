@@ -87,6 +87,10 @@
         <source>It would be larger than 256 MB</source>
         <translation>It would be larger than 256 MB</translation>
     </message>
+    <message id="ErrorTagUnreadable">
+        <source>The ID3 tag is damaged and cannot be read</source>
+        <translation>The ID3 tag is damaged and cannot be read</translation>
+    </message>
     <message id="ErrorTimedOut">
         <source>The server took too long to answer</source>
         <translation>The server took too long to answer</translation>

@@ -37,7 +37,7 @@ TagOrReason tagOfClass(TagClass tagClass, const SongBytes &song, const ReadOptio
     case TagClass::MP3:
         if (auto tag = MP3InfoTag::tagWithBytes(song, options))
             return {std::move(tag), {}};
-        return noTag(qtTrId("ErrorNoSong"));
+        return noTag(qtTrId("ErrorTagUnreadable"));
     case TagClass::AAC:
         qCWarning(logTags).noquote()
             << QStringLiteral("** no tag is read from AAC at %1").arg(song.path());
