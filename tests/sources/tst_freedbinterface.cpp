@@ -1,0 +1,245 @@
+#include "sources/freedbinterface.h"
+
+#include "base/propertylist.h"
+#include "base/resources.h"
+#include "support/httpserver.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Song {
+    std::optional<QString> artist{u"Nila Oster"_s};
+    std::optional<QString> alternateArtist{};
+    std::optional<QString> album{u"Salt & Iron"_s};
+    std::optional<QString> title{u"First Light"_s};
+    Substrings substrings = Substrings::Refuse;
+    bool isCompilation = false;
+};
+
+/// A row of the results: a number, the disc, artist and title.
+QByteArray row(const QByteArray &disc, const QByteArray &artistAndTitle)
+{
+    return "<tr><td>1</td><td><b>" + disc + "</b></td><td><a href=\"/disc\">" + artistAndTitle
+        + "</a></td></tr>\n";
+}
+
+QByteArray page(int number, const QByteArray &rows, const char *rest = "")
+{
+    return "<html><h1>Search results, page " + QByteArray::number(number)
+        + "</h1><table class=\"results\">" + rows + "</table>" + rest + "</html>";
+}
+
+constexpr char more[] = R"(<input type="submit" name="iButton" value="&gt;&gt;">)";
+
+using Pages = QList<HttpAnswer>;
+
+} // namespace
+
+class TestFreeDBInterface : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void searches_data();
+    void searches();
+    void formHoldsWhatIsSearched_data();
+    void formHoldsWhatIsSearched();
+    void brokenRecordIsFetchedAfresh();
+    void fieldsComeFromTheRecord();
+    void refusedPostCompletes();
+
+private:
+    void serve(const Pages &results);
+    [[nodiscard]] QVariantMap definition(const QVariantMap &changes) const;
+    AlbumList search(const Song &song, const QVariantMap &changes = {});
+
+    std::unique_ptr<HttpServer> mServer;
+    std::unique_ptr<HVHTTPQueue> mQueue;
+};
+
+void TestFreeDBInterface::serve(const Pages &results)
+{
+    mServer = std::make_unique<HttpServer>();
+    mQueue = std::make_unique<HVHTTPQueue>(QString());
+    mServer->serveInTurn(u"/search"_s, results);
+    const QList<std::pair<QString, QByteArray>> discs{
+        {u"1"_s, "Nila Oster / Salt & Iron"}, {u"2"_s, "Nila Oster / Harbour"},
+        {u"3"_s, "Someone Else / Salt"},      {u"4"_s, "Nila Oster Trio / Trio"},
+        {u"5"_s, "Oster Nila Duo / Duo"},     {u"6"_s, "Oster / Alone"},
+    };
+    for (const auto &[disc, title] : discs)
+        mServer->serve(
+            u"/disc?id="_s + disc,
+            {.body = "DTITLE=" + title
+                 + "\nDYEAR=1998\nDGENRE=Folk\nTTITLE0=First Light\nTTITLE1=Low Tide\n"});
+    mServer->serve(u"/disc?id=garbage"_s, {.body = "\x01\x02<html>busy</html>"});
+    mServer->serve(u"/disc?id=empty"_s, {});
+    mServer->serve(u"/disc?id=reset"_s, {.then = HttpAnswer::Then::Reset});
+}
+
+/// The built-in definition with the test server's addresses.
+QVariantMap TestFreeDBInterface::definition(const QVariantMap &changes) const
+{
+    const QByteArray builtIn = resourceData(u"defaultres.xml"_s).value();
+    QVariantMap values =
+        PropertyList::parse(builtIn).value.toMap().value(u"res_FreeDBInterface"_s).toMap();
+    values[u"simulConns"_s] = 1; // so that albums come in the order of the rows
+    values[u"queryPOST"_s] = mServer->url(u"/search"_s).toString();
+    values[u"discInfoURL"_s] = mServer->url(u"/disc?id="_s).toString() + u"%@"_s;
+    values.insert(changes);
+    return values;
+}
+
+AlbumList TestFreeDBInterface::search(const Song &song, const QVariantMap &changes)
+{
+    FreeDBInterface source(SiteDefinition(definition(changes)), *mQueue);
+    source.setArtist(song.artist);
+    source.setAlternateArtist(song.alternateArtist);
+    source.setAlbumTitle(song.album);
+    source.setSongTitle(song.title);
+    source.setAllowSubstringTrackMatches(song.substrings);
+    source.setIsCompilation(song.isCompilation);
+    QSignalSpy complete(&source, &WebDBInterface::searchComplete);
+    source.beginSearch();
+    if (!complete.wait(20'000) || complete.size() != 1)
+        return {AlbumInfo({}, u"the search did not complete once"_s)};
+    return source.albums();
+}
+
+void TestFreeDBInterface::searches_data()
+{
+    QTest::addColumn<Song>("song");
+    QTest::addColumn<QVariantMap>("changes");
+    QTest::addColumn<Pages>("results");
+    QTest::addColumn<QStringList>("albums");
+    const auto add = [](const char *name, const Song &song, const Pages &results,
+                        const QStringList &albums, const QVariantMap &changes = {}) {
+        QTest::newRow(name) << song << changes << results << albums;
+    };
+    const QString salt = u"Salt & Iron"_s;
+    const QString harbour = u"Harbour"_s;
+    const QByteArray one = row("1", "Nila Oster / Salt &amp; Iron");
+    const QByteArray two = row("2", "Nila Oster / Harbour");
+    const QByteArray all = one + row("3", "Someone Else / Salt")
+        + row("4", "Nila Oster Trio / Trio") + row("5", "Oster Nila Duo / Duo")
+        + row("6", "Oster / Alone");
+    const Song substrings{.alternateArtist = u"Oster Nila"_s, .substrings = Substrings::Allow};
+
+    add("rows in page order", {}, {{.body = page(1, one + two)}}, {salt, harbour});
+    add("rows of other artists are left out", {}, {{.body = page(1, all)}}, {salt});
+    add("compilation keeps every row", {.isCompilation = true}, {{.body = page(1, all)}},
+        {salt, u"Salt"_s, u"Trio"_s, u"Duo"_s, u"Alone"_s});
+    add("album artist containing the alternate artist alone is dropped", substrings,
+        {{.body = page(1, all)}}, {salt, u"Trio"_s, u"Alone"_s});
+    add("equal to the alternate artist", {.artist = u"X"_s, .alternateArtist = u"Nila Oster"_s},
+        {{.body = page(1, one)}}, {salt});
+    add("no artist matches nothing", {.artist = {}}, {{.body = page(1, one)}}, {});
+    add("empty alternate artist matches nothing", {.alternateArtist = QString()},
+        {{.body = page(1, all)}}, {salt});
+    add("equal discs are fetched once", {}, {{.body = page(1, one + one)}}, {salt});
+    add("rows of two or four cells", {},
+        {{.body = page(1,
+                       "<tr><td>1</td><td>2</td></tr><tr><td>1</td><td>2</td>"
+                       "<td>Nila Oster / Harbour</td><td>4</td></tr>"
+                           + one)}},
+        {salt});
+    add("third cell in one or three parts", {},
+        {{.body = page(1, row("2", "Nila Oster: Harbour") + row("2", "Nila Oster / A / B") + one)}},
+        {salt});
+    add("second page", {}, {{.body = page(1, one, more)}, {.body = page(2, two, more)}},
+        {salt, harbour});
+    add("first page again instead of a second", {},
+        {{.body = page(1, one, more)}, {.body = page(1, two, more)}}, {salt});
+    add("no marker of a first page: every page is one", {},
+        {{.body = page(1, one, more)}, {.body = page(2, two)}}, {salt},
+        {{u"firstResultsFragment"_s, QString()}});
+    add("second page fails", {}, {{.body = page(1, one, more)}, {.status = 500}}, {salt});
+    add("broken records among the discs", {},
+        {{.body =
+              page(1,
+                   row("garbage", "Nila Oster / A") + row("empty", "Nila Oster / B")
+                       + row("reset", "Nila Oster / C") + row("gone", "Nila Oster / D") + one)}},
+        {salt});
+    add("no list on the page", {}, {{.body = "<html>Sorry</html>"}}, {});
+    add("list without an end", {},
+        {{.body = "<h1>Search results, page 1</h1><table class=\"results\">" + one}}, {});
+    add("empty answer", {}, {{}}, {});
+    add("reset", {}, {{.then = HttpAnswer::Then::Reset}}, {});
+    add("garbage", {}, {{.body = QByteArray(5000, '\xFF')}}, {});
+    add("nowhere to search", {}, {{.body = page(1, one)}}, {}, {{u"queryPOST"_s, QString()}});
+    add("nowhere to read discs", {}, {{.body = page(1, one)}}, {}, {{u"discInfoURL"_s, QString()}});
+    add("no delimiter", {}, {{.body = page(1, one)}}, {}, {{u"albumResultDelimiter"_s, QString()}});
+    add("no parse specification", {}, {{.body = page(1, one)}}, {},
+        {{u"parseAlbumList"_s, QVariantMap()}});
+}
+
+void TestFreeDBInterface::searches()
+{
+    QFETCH(Song, song);
+    QFETCH(QVariantMap, changes);
+    QFETCH(Pages, results);
+    serve(results);
+    QStringList names;
+    const AlbumList albums = search(song, changes);
+    for (const AlbumInfo &album : albums)
+        names << album.name().value_or(QString());
+    QTEST(names, "albums");
+}
+
+void TestFreeDBInterface::formHoldsWhatIsSearched_data()
+{
+    QTest::addColumn<Song>("song");
+    QTest::addColumn<QByteArray>("rest"); // of the form, behind the button
+    QTest::newRow("album title") << Song{} << QByteArray("&ifFields=1&ifSearch=Salt+&+Iron");
+    QTest::newRow("song title where no album is known")
+        << Song{.album = {}} << QByteArray("&ifFields=2&ifSearch=First+Light");
+    QTest::newRow("the button alone without an artist") << Song{.artist = {}} << QByteArray();
+    QTest::newRow("the button alone without titles")
+        << Song{.album = {}, .title = {}} << QByteArray();
+}
+
+void TestFreeDBInterface::formHoldsWhatIsSearched()
+{
+    QFETCH(Song, song);
+    QFETCH(QByteArray, rest);
+    serve({{.body = page(1, row("1", "Nila Oster / Salt"), more)}, {.body = page(2, {})}});
+    search(song);
+    QList<QByteArray> forms;
+    for (const SeenRequest &request : mServer->requests())
+        if (request.method == "POST")
+            forms << request.body;
+    QCOMPARE(forms, (QList<QByteArray>{"iButton=Search" + rest, "iButton=%3E%3E" + rest}));
+}
+
+void TestFreeDBInterface::brokenRecordIsFetchedAfresh()
+{
+    serve({{.body = page(1, row("garbage", "Nila Oster / A") + row("1", "Nila Oster / B"))}});
+    search({});
+    search({});
+    QCOMPARE(mServer->paths().count(u"/disc?id=garbage"_s), 2);
+    QCOMPARE(mServer->paths().count(u"/disc?id=1"_s), 1); // the second from the cache
+}
+
+void TestFreeDBInterface::fieldsComeFromTheRecord()
+{
+    serve({{.body = page(1, row("1", "Nila Oster / Salt &amp; Iron"))}});
+    const AlbumInfo album = search({}).value(0);
+    QCOMPARE(album.artist(), u"Nila Oster"_s);
+    QCOMPARE(album.year(), u"1998"_s);
+    QCOMPARE(album.genre(), u"Folk"_s);
+    QCOMPARE(album.trackNames(), (QStringList{u"First Light"_s, u"Low Tide"_s}));
+    QCOMPARE(album.sourceInterfaceName(), u"FreeDBInterface"_s);
+}
+
+void TestFreeDBInterface::refusedPostCompletes()
+{
+    serve({});
+    QVERIFY(search({}, {{u"queryPOST"_s, u"file:///etc/passwd"_s}}).isEmpty());
+    QVERIFY(mServer->requests().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestFreeDBInterface)
+#include "tst_freedbinterface.moc"
