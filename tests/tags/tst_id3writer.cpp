@@ -1,0 +1,328 @@
+#include "tags/genretable.h"
+#include "tags/id3v1writer.h"
+#include "tags/id3writer.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using std::optional;
+
+namespace {
+
+using Entries = std::vector<FrameStore::Entry>;
+
+FrameStore storeOf(const Entries &entries)
+{
+    FrameStore store;
+    for (const auto &entry : entries)
+        store.addObject(entry.content, entry.id);
+    return store;
+}
+
+FrameStore::Entry text(const QString &id, const QStringList &strings)
+{
+    return {id, strings};
+}
+
+FrameStore::Entry lyrics(const QString &id, const TextBlock &block)
+{
+    return {id, block};
+}
+
+FrameStore::Entry picture(const QByteArray &data, const QString &mimeType, int type = 0,
+                          const optional<QString> &description = {})
+{
+    ID3Image image = ID3Image::imageWithData(data, mimeType);
+    image.pictureType = type;
+    image.description = description;
+    return {audioImageFrame, image};
+}
+
+const WriteOptions classic;
+const WriteOptions standard{.dialect = ID3Dialect::standard()};
+const WriteOptions accurate{.v24Sizes = FrameSizes::Accurate};
+const WriteOptions standardAccurate{.dialect = ID3Dialect::standard(),
+                                    .v24Sizes = FrameSizes::Accurate};
+
+TagPieces::Made made(const FrameStore &store, int major, const WriteOptions &options)
+{
+    using ID3Writer::Version;
+    if (major == 2)
+        return ID3Writer::dataForID3v22(store, options);
+    return ID3Writer::dataForID3V23orV24(store, major == 4 ? Version::V24 : Version::V23, options);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(FrameStore)
+Q_DECLARE_METATYPE(WriteOptions)
+
+class tst_ID3Writer : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void frames_data();
+    void frames();
+    void tagsWithoutFrames();
+    void bigPicturesAreNotCopiedTogether();
+    void tooLargeTagsAreRefused();
+    void tooLargeFramesAreRefused();
+    void id3v11_data();
+    void id3v11();
+    void id3v11KeepsTheCommentWhereNothingIsLost();
+    void versions_data();
+    void versions();
+};
+
+void tst_ID3Writer::initTestCase()
+{
+    GenreTable::install({u"Blues"_s, u"Rock"_s, u"Rock/Pop"_s});
+}
+
+void tst_ID3Writer::frames_data()
+{
+    QTest::addColumn<FrameStore>("store");
+    QTest::addColumn<int>("major");
+    QTest::addColumn<WriteOptions>("options");
+    QTest::addColumn<QByteArray>("expected"); // behind the tag's header
+    const auto row = [](const char *name, const Entries &entries, int major,
+                        const WriteOptions &options, const QByteArray &expected) {
+        QTest::newRow(name) << storeOf(entries) << major << options << expected;
+    };
+
+    const Entries title{text(u"TIT2"_s, {u"Süd"_s})};
+    const auto titleFrame = "TIT2\0\0\0\x05\0\0\0S\xFC"
+                            "d\0"_ba;
+    row("2.3 text in Latin-1", title, 3, classic, titleFrame);
+    row("2.4 text in Latin-1", title, 4, standard, titleFrame);
+    row("2.2 text in Latin-1 has no terminator", {text(u"TT2"_s, {u"Süd"_s})}, 2, classic,
+        "TT2\0\0\x04\0S\xFC"
+        "d"_ba);
+
+    const Entries names{text(u"TPE1"_s, {u"Ab"_s, u"Ω"_s})};
+    const auto bigEndian = "TPE1\0\0\0\x0B\0\0\x02\0A\0b\0\0\x03\xA9\0\0"_ba;
+    row("2.3 classic Unicode has encoding 2", names, 3, classic, bigEndian);
+    row("2.4 Unicode has encoding 2", names, 4, standard, bigEndian);
+    row("2.3 standard Unicode has marks", names, 3, standard,
+        "TPE1\0\0\0\x0F\0\0\x01\xFE\xFF\0A\0b\0\0\xFE\xFF\x03\xA9\0\0"_ba);
+    const Entries names22{text(u"TP1"_s, {u"Ω"_s, u"Ab"_s})};
+    row("2.2 classic Unicode has no mark", names22, 2, classic, "TP1\0\0\x03\x01\x03\xA9"_ba);
+    row("2.2 standard Unicode has a mark", names22, 2, standard,
+        "TP1\0\0\x05\x01\xFE\xFF\x03\xA9"_ba);
+
+    const Entries year{text(u"TDRC"_s, {u"2007"_s})};
+    row("2.3 year is TYER", year, 3, standard,
+        "TYER\0\0\0\x06\0\0\0"
+        "2007\0"_ba);
+    row("2.4 year is TDRC", year, 4, standard,
+        "TDRC\0\0\0\x06\0\0\0"
+        "2007\0"_ba);
+
+    row("lyrics", {lyrics(u"USLT"_s, {u"la"_s, u"d"_s, u"deu"_s})}, 3, classic,
+        "USLT\0\0\0\x08\0\0\0deud\0la"_ba);
+    row("lyrics without language", {lyrics(u"USLT"_s, {u"la"_s, {}, {}})}, 4, classic,
+        "USLT\0\0\0\x07\0\0\0eng\0la"_ba);
+    row("lyrics with an odd language", {lyrics(u"ULT"_s, {u"la"_s, {}, u"en"_s})}, 2, classic,
+        "ULT\0\0\x07\0\0\0\0\0la"_ba);
+    const TextBlock greek{u"Ω"_s, {}, u"ell"_s};
+    row("2.3 classic Unicode lyrics", {lyrics(u"USLT"_s, greek)}, 3, classic,
+        "USLT\0\0\0\x08\0\0\x02"
+        "ell\0\0\x03\xA9"_ba);
+    row("2.3 standard Unicode lyrics", {lyrics(u"USLT"_s, greek)}, 3, standard,
+        "USLT\0\0\0\x0C\0\0\x01"
+        "ell\xFE\xFF\0\0\xFE\xFF\x03\xA9"_ba);
+    row("2.2 classic Unicode lyrics", {lyrics(u"ULT"_s, greek)}, 2, classic,
+        "ULT\0\0\x08\x01"
+        "ell\0\0\x03\xA9"_ba);
+
+    row("raw frames keep their flags", {{u"PRIV"_s, "\x40\x20own\0er"_ba}}, 3, classic,
+        "PRIV\0\0\0\x06\x40\x20own\0er"_ba);
+    row("2.2 raw frames have none", {{u"COM"_s, "\0engx"_ba}}, 2, classic, "COM\0\0\x05\0engx"_ba);
+    const Entries mixed{text(u"TT2"_s, {u"a"_s}), text(u"TIT2"_s, {u"b"_s})};
+    row("2.3 leaves out IDs of three characters", mixed, 3, classic, "TIT2\0\0\0\x03\0\0\0b\0"_ba);
+    row("2.2 leaves out IDs of four characters", mixed, 2, standard, "TT2\0\0\x02\0a"_ba);
+    row("short IDs are filled up where nothing is lost", {{u"XY"_s, "\0\0z"_ba}}, 3, standard,
+        "XY\0\0\0\0\0\x01\0\0z"_ba);
+
+    const FrameStore::Entry noFlags{u"PRIV"_s, "x"_ba};
+    row("2.3 unknown content leaves its ID behind", {noFlags, title[0]}, 3, classic,
+        "PRIV"_ba + titleFrame);
+    row("2.3 unknown content is left out", {noFlags, title[0]}, 3, standard, titleFrame);
+    row("2.2 text that is no Unicode leaves its ID behind",
+        {text(u"TT2"_s, {QString(QChar(0xD800))})}, 2, classic, "TT2"_ba);
+
+    const Entries pictures{picture("two", u"image/png"_s, 3, u"front"_s), title[0]};
+    row("classic pictures stand last, bare", pictures, 3, classic,
+        titleFrame + "APIC\0\0\0\x10\0\0\0image/png\0\0\0two"_ba);
+    row("standard pictures keep place and details", pictures, 3, standard,
+        "APIC\0\0\0\x15\0\0\0image/png\0\x03"
+        "front\0two"_ba
+            + titleFrame);
+    row("2.2 pictures", {picture("two", u"image/png"_s, 3)}, 2, classic,
+        "PIC\0\0\x09\0PNG\0\0two"_ba);
+    row("2.2 pictures without a format are left out", {picture("two", {})}, 2, classic, {});
+
+    const QString longText(200, u'x');
+    const Entries comment{text(u"TALB"_s, {longText})};
+    const auto longBody = "\0\0\0"_ba + longText.toLatin1() + '\0';
+    row("2.4 plain sizes", comment, 4, standard, "TALB\0\0\0\xCA"_ba + longBody);
+    row("2.4 accurate sizes", comment, 4, accurate, "TALB\0\0\x01\x4A"_ba + longBody);
+    row("2.3 sizes are always plain", comment, 3, standardAccurate, "TALB\0\0\0\xCA"_ba + longBody);
+    row("2.4 accurate size of a picture", {picture(QByteArray(300, 'p'), u"image/png"_s)}, 4,
+        accurate, "APIC\0\0\x02\x39\0\0\0image/png\0\0\0"_ba + QByteArray(300, 'p'));
+}
+
+void tst_ID3Writer::frames()
+{
+    QFETCH(FrameStore, store);
+    QFETCH(int, major);
+    QFETCH(WriteOptions, options);
+    QFETCH(QByteArray, expected);
+    const QByteArray tag = made(store, major, options).pieces.join();
+    QCOMPARE(tag.mid(10).toHex(' '), expected.toHex(' '));
+    const char size[] = {0, 0, static_cast<char>(expected.size() / 128),
+                         static_cast<char>(expected.size() % 128)};
+    QCOMPARE(tag.first(10),
+             "ID3"_ba + static_cast<char>(major) + "\0\0"_ba + QByteArray(size, sizeof size));
+}
+
+void tst_ID3Writer::tagsWithoutFrames()
+{
+    QCOMPARE(made({}, 3, classic).pieces.join(), "ID3\3\0\0\0\0\0\0"_ba);
+    QCOMPARE(made({}, 2, classic).pieces.join(), "ID3\2\0\0\0\0\0\0"_ba);
+    QVERIFY(made({}, 4, standard).pieces.isEmpty() && made({}, 4, standard).error.isEmpty());
+}
+
+void tst_ID3Writer::bigPicturesAreNotCopiedTogether()
+{
+    const QByteArray raw(1'000'000, 'r');
+    const auto tag = made(storeOf({text(u"TIT2"_s, {u"a"_s}), {u"GEOB"_s, raw}}), 3, classic);
+    QCOMPARE(tag.pieces.back().constData(), raw.constData());
+    QCOMPARE(tag.pieces.join().mid(6, 4), "\0\x3D\x04\x55"_ba);
+}
+
+void tst_ID3Writer::tooLargeTagsAreRefused()
+{
+    const QByteArray half(1 << 27, 'r');
+    const FrameStore twoHalves = storeOf({{u"GEOB"_s, half}, {u"GEOB"_s, half}});
+    for (const int major : {3, 4}) {
+        const auto tag = made(twoHalves, major, standardAccurate);
+        QVERIFY(tag.pieces.isEmpty() && !tag.error.isEmpty());
+    }
+}
+
+void tst_ID3Writer::tooLargeFramesAreRefused()
+{
+    const QByteArray data(1 << 24, 'p');
+    for (const FrameStore::Entry &entry :
+         {picture(data, u"image/png"_s), FrameStore::Entry{u"GEO"_s, data}}) {
+        QVERIFY(!made(storeOf({entry}), 2, classic).error.isEmpty());
+        QVERIFY(made(storeOf({entry}), 3, classic).error.isEmpty());
+    }
+    const auto largest = made(storeOf({{u"GEO"_s, data.chopped(1)}}), 2, classic);
+    QCOMPARE(largest.pieces.join().mid(10, 6), "GEO\xFF\xFF\xFF"_ba);
+}
+
+void tst_ID3Writer::id3v11_data()
+{
+    QTest::addColumn<FrameStore>("store");
+    QTest::addColumn<WriteOptions>("options");
+    QTest::addColumn<QByteArray>("expected"); // from the year on; the comment is left out
+    const auto row = [](const char *name, const Entries &entries, const WriteOptions &options,
+                        const QByteArray &expected) {
+        QTest::newRow(name) << storeOf(entries) << options << expected;
+    };
+    const FrameStore::Entry track = text(u"TRCK"_s, {u"3/12"_s});
+    const FrameStore::Entry year = text(u"TDRC"_s, {u"2007-05-01"_s});
+    row("year, track and genre", {year, track, text(u"TCON"_s, {u"rock"_s})}, classic,
+        "2007\0\x03\x01"_ba);
+    row("of several genres the first", {text(u"TCO"_s, {u"Blues/Rock"_s})}, classic,
+        "\0\0\0\0\0\0\0"_ba);
+    row("unknown genre", {text(u"TCON"_s, {u"Sea Song"_s})}, classic, "\0\0\0\0\0\0\xFF"_ba);
+    row("no track without a year", {track}, classic, "\0\0\0\0\0\0\xFF"_ba);
+    row("standard track without a year", {track}, standard, "\0\0\0\0\0\x03\xFF"_ba);
+    row("words are no track", {year, text(u"TRCK"_s, {u" 3"_s})}, classic, "2007\0\0\xFF"_ba);
+    row("v2.2 frames", {text(u"TYE"_s, {u"1999"_s}), text(u"TRK"_s, {u"260"_s})}, classic,
+        "1999\0\x04\xFF"_ba);
+}
+
+void tst_ID3Writer::id3v11()
+{
+    QFETCH(FrameStore, store);
+    QFETCH(WriteOptions, options);
+    QFETCH(QByteArray, expected);
+    store.addObject(QStringList{QString(40, u'é')}, u"TIT2"_s);
+    store.addObject(QStringList{u"Ω Band"_s}, u"TPE1"_s);
+    const QByteArray tag = ID3Writer::dataForID3v11(store, options.dialect, {});
+    QCOMPARE(tag.first(93), "TAG"_ba + QByteArray(30, '\xE9') + "? Band"_ba + QByteArray(54, '\0'));
+    QCOMPARE(tag.mid(93), expected.first(4) + QByteArray(28, '\0') + expected.sliced(4));
+}
+
+void tst_ID3Writer::id3v11KeepsTheCommentWhereNothingIsLost()
+{
+    const QByteArray previous = QByteArray(97, 'x') + QByteArray(28, 'c') + QByteArray(3, 'x');
+    const auto comment = [&previous](const WriteOptions &options) {
+        return ID3Writer::dataForID3v11({}, options.dialect, previous).mid(97, 29);
+    };
+    QCOMPARE(comment(standard), QByteArray(28, 'c') + '\0');
+    QCOMPARE(comment(classic), QByteArray(29, '\0'));
+}
+
+void tst_ID3Writer::versions_data()
+{
+    QTest::addColumn<FrameStore>("store");
+    QTest::addColumn<optional<QString>>("readVersion");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<QString>("writtenByStandard");
+    const auto row = [](const char *name, const Entries &entries, const optional<QString> &read,
+                        const QString &written, const QString &byStandard) {
+        QTest::newRow(name) << storeOf(entries) << read << written << byStandard;
+    };
+    const Entries title{text(u"TIT2"_s, {u"Süd"_s})};
+    row("2.2 stays", title, u"2.2.0"_s, u"2.2.0"_s, u"2.2.0"_s);
+    row("2.3 stays", title, u"2.3.1"_s, u"2.3.0"_s, u"2.3.0"_s);
+    row("2.4 stays", title, u"2.4.0"_s, u"2.4.0"_s, u"2.4.0"_s);
+    row("no tag", title, {}, u"2.3.0"_s, u"2.3.0"_s);
+
+    const auto only1 = [&row](const char *name, const Entries &entries, const QString &written,
+                              const QString &byStandard) {
+        row(name, entries, u"1.0"_s, written, byStandard);
+    };
+    const auto stays = [&](const char *name, const Entries &e) {
+        only1(name, e, u"1.1"_s, u"1.1"_s);
+    };
+    const auto moves = [&](const char *name, const Entries &e) {
+        only1(name, e, u"2.3.0"_s, u"2.3.0"_s);
+    };
+    stays("small tag",
+          {title[0], text(u"TRCK"_s, {u"3"_s}), text(u"TCON"_s, {u"ROCK"_s}),
+           text(u"TDRC"_s, {u"2007"_s})});
+    stays("genre name with a slash", {text(u"TCON"_s, {u"Rock/Pop"_s})});
+    stays("empty tag", {});
+    moves("picture", {picture("x", u"image/png"_s)});
+    moves("title of 31 characters", {text(u"TIT2"_s, {QString(31, u'x')})});
+    moves("artist beyond Latin-1", {text(u"TPE1"_s, {u"Ω"_s})});
+    moves("year of 5 characters", {text(u"TDRC"_s, {u"2007-"_s})});
+    moves("comment", {{u"COMM"_s, "\0\0\0eng\0x"_ba}});
+    moves("track with a count", {text(u"TRCK"_s, {u"3/12"_s})});
+    moves("genre out of the table", {text(u"TCON"_s, {u"Blues/Rock"_s})});
+    const auto lost = [&](const char *name, const Entries &e) {
+        only1(name, e, u"1.1"_s, u"2.3.0"_s);
+    };
+    lost("lyrics are lost in silence", {lyrics(u"USLT"_s, {u"la"_s, {}, {}})});
+    lost("bpm is lost in silence", {text(u"TBPM"_s, {u"96"_s})});
+    lost("compilation is lost in silence", {text(u"TCMP"_s, {u"1"_s})});
+    lost("track above 255 wraps", {text(u"TRCK"_s, {u"256"_s})});
+}
+
+void tst_ID3Writer::versions()
+{
+    QFETCH(FrameStore, store);
+    QFETCH(optional<QString>, readVersion);
+    QTEST(ID3Writer::writeVersion(store, readVersion, ID3Dialect::classic()), "written");
+    QTEST(ID3Writer::writeVersion(store, readVersion, ID3Dialect::standard()), "writtenByStandard");
+}
+
+QTEST_GUILESS_MAIN(tst_ID3Writer)
+#include "tst_id3writer.moc"
