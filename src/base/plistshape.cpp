@@ -24,6 +24,17 @@ quint64 sizedNumber(ByteReader &reader, int size)
     return number;
 }
 
+bool isTextWithoutZeros(QByteArrayView bytes, int type)
+{
+    if (type == 0x5)
+        return !bytes.contains('\0');
+    for (qsizetype i = 0; i + 1 < bytes.size(); i += 2) {
+        if (bytes[i] == 0 && bytes[i + 1] == 0)
+            return false;
+    }
+    return type == 0x6;
+}
+
 class ShapeCheck {
 public:
     ShapeCheck(QByteArrayView data, int maxDepth);
@@ -33,13 +44,14 @@ private:
     struct Measured {
         quint64 size = 0; ///< with all that it refers to
         int height = 0; ///< levels from here down; 0: not yet measured
+        bool isKey = false; ///< a text without zero characters, at which libplist aborts
     };
 
     const Measured &measure(quint64 object, int level);
     [[nodiscard]] ByteReader readerOf(quint64 object) const;
     static quint64 count(ByteReader &reader, int info);
     static quint64 payload(ByteReader &reader, int type, int info);
-    Measured container(ByteReader reader, quint64 references, int level);
+    Measured container(ByteReader reader, quint64 keys, quint64 values, int level);
 
     QByteArrayView mData;
     int mMaxDepth;
@@ -116,11 +128,14 @@ quint64 ShapeCheck::payload(ByteReader &reader, int type, int info)
     }
 }
 
-ShapeCheck::Measured ShapeCheck::container(ByteReader reader, quint64 references, int level)
+ShapeCheck::Measured ShapeCheck::container(ByteReader reader, quint64 keys, quint64 values,
+                                           int level)
 {
     Measured measured{sizeOfNode, 1};
-    for (quint64 i = 0; i < references; ++i) {
+    for (quint64 i = 0; i < keys + values; ++i) {
         const Measured &part = measure(sizedNumber(reader, mReferenceSize), level + 1);
+        if (i < keys && !part.isKey)
+            throw MalformedData(QStringLiteral("a key that is no text"));
         measured.size += part.size;
         measured.height = std::max(measured.height, part.height + 1);
         if (measured.size > maxExpandedSize)
@@ -144,11 +159,11 @@ const ShapeCheck::Measured &ShapeCheck::measure(quint64 object, int level)
     const int info = marker & 15;
     if (type == 0xA || type == 0xD) {
         const quint64 parts = count(reader, info);
-        return measured = container(reader, type == 0xD ? 2 * parts : parts, level);
+        return measured = container(reader, type == 0xD ? parts : 0, parts, level);
     }
     const quint64 size = payload(reader, type, info);
-    reader.skip(static_cast<qsizetype>(size));
-    return measured = {sizeOfNode + size, 1};
+    const QByteArrayView bytes = reader.bytes(static_cast<qsizetype>(size));
+    return measured = {sizeOfNode + size, 1, isTextWithoutZeros(bytes, type)};
 }
 
 } // namespace

@@ -178,7 +178,9 @@ void TestPropertyList::refused_data()
     QTest::newRow("binary: text longer than the file")
         << binary({"\x5F\x11\xFF\xFF"}) << u"do not fit"_s;
     QTest::newRow("binary: key that is no text")
-        << binary({"\xD1\x01\x01", "\x10\x01"}) << u"well-formed"_s;
+        << binary({"\xD1\x01\x01", "\x10\x01"}) << u"key that is no text"_s;
+    QTest::newRow("binary: key with a zero")
+        << binary({"\xD1\x01\x01", QByteArray("\x52\0x", 3)}) << u"key that is no text"_s;
 }
 
 void TestPropertyList::refused()
