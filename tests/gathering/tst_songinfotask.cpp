@@ -1,0 +1,475 @@
+#include "base/progress.h"
+#include "base/texts.h"
+#include "gathering/librarylending.h"
+#include "gathering/songinfotask.h"
+#include "support/httpserver.h"
+#include "support/writtensong.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+using enum Asset;
+
+/// A source that fetches one page of its site and then knows its albums.
+class TestSource : public WebDBInterface {
+public:
+    TestSource(SiteDefinition definition, HVHTTPQueue &queue, QString name, QUrl page,
+               AlbumList found)
+        : WebDBInterface(std::move(definition), queue)
+        , mName(std::move(name))
+        , mPage(std::move(page))
+        , mFound(std::move(found))
+    {
+    }
+    [[nodiscard]] QString className() const override { return mName; }
+
+protected:
+    void startSearch() override
+    {
+        addSearchURL(mPage, [this](const FetchResult &) {
+            for (const AlbumInfo &album : std::as_const(mFound))
+                addAlbum(album);
+        });
+    }
+
+private:
+    QString mName;
+    QUrl mPage;
+    AlbumList mFound;
+};
+
+AlbumInfo albumOf(const QString &name, const QString &year = {}, const QStringList &tracks = {},
+                  const QUrl &art = {})
+{
+    AlbumInfo album;
+    album.setName(name);
+    if (!year.isEmpty())
+        album.setYear(year);
+    if (!tracks.isEmpty())
+        album.setTrackNames(tracks);
+    if (!art.isEmpty())
+        album.setArtURLString(art.toString());
+    return album;
+}
+
+AlbumInfo lyricsOf(const QString &text)
+{
+    AlbumInfo album;
+    album.setLyrics(text, u"Dawn"_qs);
+    return album;
+}
+
+const Assets everything = Assets(AssetArtwork) | AssetAlbumName | AssetYear | AssetSongTitle
+    | AssetTrack | AssetGenre | AssetLyrics;
+const QStringList nightTracks{u"Dusk"_qs, u"Dawn"_qs};
+
+/// One song, the sources that know of it, and a task between them.
+struct World {
+    struct Source {
+        QString name;
+        Assets supplies;
+        AlbumList albums;
+        int maxArtWidth = 1000;
+    };
+
+    World() { server.serve(u"/page"_qs, {}); }
+
+    QUrl art(const QString &path, const QByteArray &picture)
+    {
+        server.serve(path, {.type = "image/png", .body = picture});
+        return server.url(path);
+    }
+
+    void lends(const SongFields &fields)
+    {
+        library.push_back(
+            writtenSong(folder.filePath(u"lender%1.mp3"_qs.arg(library.size())), fields));
+    }
+
+    SongInfoTask &taskFor(const SongFields &fields, Assets gather, Assets overwrite = {})
+    {
+        song = writtenSong(folder.filePath(u"song.mp3"_qs), fields);
+        return makeTask(gather, overwrite);
+    }
+
+    SongInfoTask &makeTask(Assets gather, Assets overwrite)
+    {
+        library.push_back(song);
+        lending = std::make_unique<LibraryLending>(library);
+        std::vector<SourceCatalog::Entry> entries;
+        QVariantMap definitions;
+        QStringList names;
+        for (const Source &source : sources) {
+            names << source.name;
+            definitions[u"res_"_qs + source.name] =
+                QVariantMap{{u"maxPossibleArtWidth"_qs, source.maxArtWidth}};
+            entries.push_back({source.name, source.supplies, makerOf(source)});
+        }
+        definitions[u"sourcelist"_qs] = names;
+        catalog = SourceCatalog(std::move(entries));
+        context.emplace(GatherContext{queue, catalog, SiteDefinitions(definitions), *lending});
+        task = std::make_unique<SongInfoTask>(song, *context);
+        task->setGatherFlags(gather);
+        task->setOverwriteFlags(overwrite);
+        finished = std::make_unique<QSignalSpy>(task.get(), &SongInfoTask::finished);
+        return *task;
+    }
+
+    SourceCatalog::Maker makerOf(const Source &source)
+    {
+        return [this, source](SiteDefinition definition, HVHTTPQueue &fetcher) {
+            const QUrl page = server.url(u"/page?"_qs + source.name);
+            return std::make_unique<TestSource>(std::move(definition), fetcher, source.name, page,
+                                                source.albums);
+        };
+    }
+
+    /// Whether the task finished, once.
+    bool run()
+    {
+        task->gather();
+        return comesToAnEnd();
+    }
+    bool comesToAnEnd()
+    {
+        const bool ended = !finished->isEmpty() || finished->wait();
+        QTest::qWait(20);
+        return ended && finished->size() == 1;
+    }
+
+    /// "Artist=...": the sources of what changed, in the order of the assets' numbers.
+    QString changes() const
+    {
+        QStringList texts;
+        for (auto source = task->sourcesOfAssets().cbegin();
+             source != task->sourcesOfAssets().cend(); ++source)
+            texts << summaryOfAssets(source.key()) + u'=' + *source;
+        return texts.join(u' ');
+    }
+
+    AudioInfoTag &tag() { return *song->infotag(); }
+
+    QTemporaryDir folder;
+    HttpServer server;
+    HVHTTPQueue queue{QString()};
+    std::vector<Source> sources;
+    SongList library;
+    std::shared_ptr<SongFile> song;
+    std::unique_ptr<LibraryLending> lending;
+    SourceCatalog catalog;
+    std::optional<GatherContext> context;
+    std::unique_ptr<SongInfoTask> task;
+    std::unique_ptr<QSignalSpy> finished;
+};
+
+void bothModes()
+{
+    QTest::addColumn<bool>("parallel");
+    QTest::newRow("serial") << false;
+    QTest::newRow("parallel") << true;
+}
+} // namespace
+
+class SongInfoTaskTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { installTexts(); }
+
+    void fillsWhatIsMissing_data() { bothModes(); }
+    void fillsWhatIsMissing()
+    {
+        QFETCH(bool, parallel);
+        World world;
+        const QUrl art = world.art(u"/art"_qs, plainPicture(300, 300));
+        world.sources = {{u"Discs"_qs,
+                          everything & ~Assets(AssetLyrics),
+                          {albumOf(u"Night"_qs, u"1999"_qs, nightTracks, art)}},
+                         {u"Words"_qs, AssetLyrics, {lyricsOf(u"la la"_qs)}}};
+        SongInfoTask &task = world.taskFor({.title = u"Dawn"_qs, .artist = u"Ann"_qs}, everything);
+        task.setParallelMode(parallel);
+        QVERIFY(world.run());
+        // Artwork comes from the second pass, since the album was not known at first.
+        QCOMPARE(world.changes(),
+                 u"Artwork=Discs Album=Discs Year=Discs Track=Discs Lyrics=Words"_qs);
+        QCOMPARE(task.desiredAssetFlags(), Assets(AssetGenre));
+        QCOMPARE(*world.tag().album(), u"Night"_qs);
+        QCOMPARE(*world.tag().track(), u"2/2"_qs);
+        QCOMPARE(*world.tag().lyrics(), u"la la"_qs);
+        QCOMPARE(*world.tag().images().first().storedMimeFormat, u"image/png"_qs);
+        QCOMPARE(task.progress().maximum(), 1.0);
+    }
+
+    void replacesOnlyWhatMayBe_data()
+    {
+        QTest::addColumn<bool>("parallel");
+        QTest::addColumn<uint>("overwrite");
+        QTest::addColumn<QString>("changes");
+        QTest::addColumn<int>("pictureWidth");
+        for (const bool parallel : {false, true}) {
+            const char *mode = parallel ? "parallel" : "serial";
+            QTest::addRow("%s: nothing", mode) << parallel << 0U << QString() << 200;
+            QTest::addRow("%s: year", mode)
+                << parallel << uint(AssetYear) << u"Year=Discs"_qs << 200;
+            QTest::addRow("%s: artwork", mode)
+                << parallel << uint(AssetArtwork) << u"Artwork=Discs"_qs << 300;
+            QTest::addRow("%s: an album of another name takes its pictures along", mode)
+                << parallel << uint(AssetAlbumName | AssetArtwork)
+                << u"Artwork=Discs Album=Discs"_qs << 300;
+            QTest::addRow("%s: the title of the track number", mode)
+                << parallel << uint(AssetSongTitle) << u"Title=Discs"_qs << 200;
+        }
+    }
+    void replacesOnlyWhatMayBe()
+    {
+        QFETCH(bool, parallel);
+        QFETCH(uint, overwrite);
+        World world;
+        const QUrl art = world.art(u"/art"_qs, plainPicture(300, 300));
+        world.sources = {
+            {u"Discs"_qs, everything, {albumOf(u"Night"_qs, u"1999"_qs, nightTracks, art)}}};
+        const bool otherAlbum = Assets::fromInt(overwrite).testFlag(AssetAlbumName);
+        SongInfoTask &task =
+            world.taskFor({u"Dawn"_qs, u"Ann"_qs, otherAlbum ? u"Day"_qs : u"Night"_qs, u"2005"_qs,
+                           u"1/2"_qs, u"Rock"_qs, false, plainPicture(200, 200)},
+                          everything & ~Assets(AssetLyrics), Assets::fromInt(overwrite));
+        task.setParallelMode(parallel);
+        QVERIFY(world.run());
+        QTEST(world.changes(), "changes");
+        QCOMPARE(world.tag().images().size(), 1);
+        QTEST(imageWidth(world.tag().images().first().data), "pictureWidth");
+        QCOMPARE(*world.tag().title(), overwrite == AssetSongTitle ? u"Dusk"_qs : u"Dawn"_qs);
+    }
+
+    void picksAmongAlbums_data()
+    {
+        QTest::addColumn<bool>("parallel");
+        QTest::addColumn<int>("method");
+        QTest::addColumn<QString>("album");
+        QTest::addColumn<int>("undecided");
+        for (const bool parallel : {false, true}) {
+            const char *mode = parallel ? "parallel" : "serial";
+            QTest::addRow("%s: none", mode) << parallel << 0 << QString() << 2;
+            QTest::addRow("%s: earliest", mode) << parallel << 1 << u"Best"_qs << 0;
+            QTest::addRow("%s: agreement", mode) << parallel << 2 << u"Night"_qs << 0;
+        }
+    }
+    void picksAmongAlbums()
+    {
+        QFETCH(bool, parallel);
+        QFETCH(int, method);
+        World world;
+        world.sources = {{u"Discs"_qs,
+                          AssetAlbumName,
+                          {albumOf(u"Best"_qs, u"1990"_qs), albumOf(u"Night"_qs, u"1999"_qs),
+                           albumOf(u"The Night"_qs)}}};
+        SongInfoTask &task = world.taskFor({.title = u"Dawn"_qs}, AssetAlbumName);
+        task.setParallelMode(parallel);
+        task.setAlbumSelectionMethod(static_cast<AlbumPick>(method));
+        QVERIFY(world.run());
+        QTEST(world.tag().album().value_or(QString()), "album");
+        QTEST(task.undecidedCandidates(), "undecided");
+        QVERIFY(!task.errorMessage());
+    }
+
+    void explainsWhyNothingWasApplied_data() { bothModes(); }
+    void explainsWhyNothingWasApplied()
+    {
+        QFETCH(bool, parallel);
+        World world;
+        world.sources = {{u"Discs"_qs, AssetYear, {albumOf(u"Night"_qs, u"1999"_qs, nightTracks)}}};
+        SongInfoTask &task = world.taskFor({.title = u"%3"_qs, .album = u"Night"_qs}, AssetYear);
+        task.setParallelMode(parallel);
+        QVERIFY(world.run());
+        QCOMPARE(task.errorMessage().value_or(QString()),
+                 u"“%3” is not on the album “Night” (1:Dusk, 2:Dawn)"_qs);
+        QCOMPARE(task.changedAssetFlags(), Assets());
+        QCOMPARE(task.desiredAssetFlags(), Assets(AssetYear));
+    }
+
+    void endsWithoutAnySource_data()
+    {
+        QTest::addColumn<bool>("parallel");
+        QTest::addColumn<uint>("supplies");
+        QTest::addColumn<uint>("gather");
+        for (const bool parallel : {false, true}) {
+            const char *mode = parallel ? "parallel" : "serial";
+            QTest::addRow("%s: none supplies it", mode)
+                << parallel << uint(AssetLyrics) << uint(AssetYear);
+            QTest::addRow("%s: its artwork is too small", mode)
+                << parallel << uint(AssetArtwork) << uint(AssetArtwork);
+            QTest::addRow("%s: nothing is desired", mode)
+                << parallel << uint(everything) << uint(AssetSongTitle);
+        }
+    }
+    void endsWithoutAnySource()
+    {
+        QFETCH(bool, parallel);
+        QFETCH(uint, supplies);
+        QFETCH(uint, gather);
+        World world;
+        world.sources = {{u"Discs"_qs, Assets::fromInt(supplies), {}, 299}};
+        SongInfoTask &task = world.taskFor({.title = u"Dawn"_qs}, Assets::fromInt(gather));
+        task.setParallelMode(parallel);
+        task.setMinimumAcceptableImageSize(300);
+        QVERIFY(world.run());
+        QVERIFY(world.server.requests().isEmpty());
+        QCOMPARE(task.changedAssetFlags(), Assets());
+    }
+
+    void aFileThatIsNoSongEndsUnchanged()
+    {
+        World world;
+        const QString path = world.folder.filePath(u"page.mp3"_qs);
+        writtenSong(path, {});
+        QFile file(path);
+        QVERIFY(file.resize(300));
+        world.song = SongFile::songWithPath(path);
+        QVERIFY(file.remove());
+        world.makeTask(everything, everything);
+        QVERIFY(world.run());
+        QCOMPARE(world.task->changedAssetFlags(), Assets());
+    }
+
+    void triesArtworkUntilOneFits_data()
+    {
+        QTest::addColumn<bool>("parallel");
+        QTest::addColumn<QString>("changes");
+        QTest::addColumn<QStringList>("fetched");
+        QTest::newRow("parallel: in order of sources, in each from the last")
+            << true << u"Artwork=Covers"_qs << QStringList{u"/gone"_qs, u"/small"_qs, u"/good"_qs};
+        QTest::newRow("serial: one a source")
+            << false << u"Artwork=Covers"_qs << QStringList{u"/small"_qs, u"/good"_qs};
+    }
+    void triesArtworkUntilOneFits()
+    {
+        QFETCH(bool, parallel);
+        World world;
+        const QUrl small = world.art(u"/small"_qs, plainPicture(50, 50));
+        const QUrl good = world.art(u"/good"_qs, plainPicture(300, 300));
+        world.sources = {{u"Discs"_qs,
+                          AssetArtwork,
+                          {albumOf(u"Night"_qs, {}, {}, small),
+                           albumOf(u"Night"_qs, {}, {}, world.server.url(u"/gone"_qs))}},
+                         {u"Covers"_qs, AssetArtwork, {albumOf(u"Night"_qs, {}, {}, good)}}};
+        SongInfoTask &task =
+            world.taskFor({.title = u"Dawn"_qs, .album = u"Night"_qs}, AssetArtwork);
+        task.setParallelMode(parallel);
+        task.setMinimumAcceptableImageSize(100);
+        QVERIFY(world.run());
+        QTEST(world.changes(), "changes");
+        QStringList fetched = world.server.paths();
+        fetched.removeIf([](const QString &path) { return path.startsWith(u"/page"_qs); });
+        QTEST(fetched, "fetched");
+    }
+
+    void lyricsAreNotLostBesideAlbums()
+    {
+        World world;
+        world.sources = {{u"Words"_qs, AssetLyrics, {lyricsOf(u"la la"_qs)}},
+                         {u"Discs"_qs,
+                          AssetYear,
+                          {albumOf(u"Night"_qs, u"1999"_qs), albumOf(u"Day"_qs, u"1998"_qs)}}};
+        world.taskFor({.title = u"Dawn"_qs}, AssetYear | AssetLyrics).setParallelMode(true);
+        QVERIFY(world.run());
+        QCOMPARE(world.changes(), u"Lyrics=Words"_qs);
+    }
+
+    void songsOfTheAlbumLend_data()
+    {
+        QTest::addColumn<QString>("album");
+        QTest::addColumn<QString>("changes");
+        QTest::newRow("at the start")
+            << u"Night"_qs << u"Artwork=library Year=library Genre=library"_qs;
+        QTest::newRow("once the album is known")
+            << QString() << u"Artwork=library Album=Discs Year=library Genre=library"_qs;
+    }
+    void songsOfTheAlbumLend()
+    {
+        QFETCH(QString, album);
+        World world;
+        world.sources = {{u"Discs"_qs, AssetAlbumName, {albumOf(u"Night"_qs, u"1999"_qs)}}};
+        world.lends({.title = u"Dusk"_qs,
+                     .artist = u"Ann"_qs,
+                     .album = u"Night"_qs,
+                     .year = u"2001"_qs,
+                     .genres = u"Rock"_qs,
+                     .picture = plainPicture(300, 300, "BMP")});
+        SongInfoTask &task =
+            world.taskFor({.title = u"Dawn"_qs, .artist = u"Ann"_qs, .album = album},
+                          Assets(AssetAlbumName) | AssetArtwork | AssetYear | AssetGenre);
+        task.setMaximumImageSize(200);
+        QVERIFY(world.run());
+        QTEST(world.changes(), "changes");
+        QCOMPARE(*world.tag().year(), u"2001"_qs);
+        const ID3Image lent = world.tag().images().first();
+        QCOMPARE(*lent.storedMimeFormat, u"image/jpeg"_qs);
+        QCOMPARE(imageWidth(lent.data), 200);
+    }
+
+    void aCancelledTaskEndsOnce_data()
+    {
+        QTest::addColumn<bool>("parallel");
+        QTest::addColumn<QString>("when");
+        for (const bool parallel : {false, true}) {
+            for (const char *when : {"before", "at once", "searching", "artwork", "checking"})
+                QTest::addRow("%s: %s", parallel ? "parallel" : "serial", when)
+                    << parallel << QString::fromLatin1(when);
+        }
+    }
+    void aCancelledTaskEndsOnce()
+    {
+        QFETCH(bool, parallel);
+        QFETCH(QString, when);
+        World world;
+        const QUrl art = world.art(u"/art"_qs, plainPicture(2000, 2000));
+        world.sources = {{u"Discs"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}},
+                         {u"More"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}}};
+        SongInfoTask &task =
+            world.taskFor({.title = u"Dawn"_qs, .album = u"Night"_qs}, AssetArtwork);
+        task.setParallelMode(parallel);
+        const auto isFetchingArt = [&] { return world.server.paths().contains(u"/art"_qs); };
+        if (when == u"before")
+            task.cancel();
+        task.gather();
+        if (when == u"searching") {
+            world.server.hold();
+            QTRY_VERIFY(!world.server.requests().isEmpty());
+        }
+        if (when == u"artwork" || when == u"checking")
+            QTRY_VERIFY(isFetchingArt());
+        if (when == u"checking")
+            QTRY_COMPARE(world.queue.numberOfRows(), 0);
+        task.cancel();
+        task.cancel();
+        QVERIFY(world.comesToAnEnd());
+        QVERIFY(task.wasCancelled());
+        QCOMPARE(task.changedAssetFlags(), Assets());
+        QCOMPARE(world.queue.numberOfRows(), 0);
+    }
+
+    void aTaskMayGoAwayAtAnyTime()
+    {
+        World world;
+        const QUrl art = world.art(u"/art"_qs, plainPicture(300, 300));
+        world.sources = {{u"Discs"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}}};
+        for (const QString &until : {u"/page?Discs"_qs, u"/art"_qs}) {
+            world.server.hold();
+            world.taskFor({.title = u"Dawn"_qs, .album = u"Night"_qs}, AssetArtwork).gather();
+            if (until == u"/art"_qs) {
+                QTRY_VERIFY(!world.server.requests().isEmpty());
+                world.server.release();
+            }
+            QTRY_VERIFY(world.server.paths().contains(until));
+            world.task.reset();
+            world.server.release();
+            QTRY_COMPARE(world.queue.numberOfRows(), 0);
+        }
+        QVERIFY(world.tag().images().isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(SongInfoTaskTest)
+#include "tst_songinfotask.moc"
