@@ -12,40 +12,7 @@ namespace {
 /// Longer pages are cut; what sources look for stands before.
 constexpr qint64 maximumHTMLLength = 500'000; // bytes
 constexpr qint64 bytesInMB = 1'048'576;
-constexpr int maximumCacheSizeMB = 1'000'000; // more overflows nothing and is no limit either
-/// A pace slower than this is a mistake in the definitions and would look like a standstill.
-constexpr double maximumMinInterval = 60; // seconds
-
-/// The hosts of the addresses in a definition, most of which are formats.
-QStringList hostsOf(const SiteDefinition &definition)
-{
-    QStringList hosts;
-    for (const QVariant &value : definition.values()) {
-        const QString text = value.toString();
-        if (text.startsWith(QLatin1String("http")))
-            hosts << QUrl(text).host();
-    }
-    hosts.removeAll(QString());
-    return hosts;
-}
-
-/// The time between two requests to each host, as the slowest of its sources asks for; 0 for
-/// hosts without a pace, which takes back what earlier definitions asked for.
-QMap<QString, std::chrono::milliseconds> minIntervals(const SiteDefinitions &definitions)
-{
-    QMap<QString, std::chrono::milliseconds> intervals;
-    for (const QString &className : definitions.sourcelist()) {
-        const auto definition = definitions.definitionOf(className);
-        if (!definition)
-            continue;
-        const double seconds = definition->number(QStringLiteral("minInterval"));
-        const double bounded = seconds > 0 ? std::min(seconds, maximumMinInterval) : 0;
-        const std::chrono::milliseconds interval(qRound64(bounded * 1000));
-        for (const QString &host : hostsOf(*definition))
-            intervals[host] = std::max(intervals.value(host), interval);
-    }
-    return intervals;
-}
+constexpr int maximumCacheSizeMB = 1'000'000; // no limit either, and its bytes can be counted
 
 /// Our folder alone, whatever else lies beside it.
 void clearCache(const SiteDefinitions &definitions)
@@ -67,8 +34,9 @@ void Engine::start(Definitions which)
 {
     clearCache(definitions.liveResources());
     setUpQueue();
-    adoptDefinitions();
-    QObject::connect(&update, &DefinitionsUpdate::merged, &update, [this] { adoptDefinitions(); });
+    const auto install = [this] { installTables(definitions.liveResources()); };
+    install();
+    QObject::connect(&update, &DefinitionsUpdate::merged, &update, install);
     if (which == Definitions::Live)
         update.checkDaily();
 }
@@ -85,13 +53,4 @@ void Engine::setUpQueue()
     }
     QObject::connect(&queue, &HVHTTPQueue::importantLog, &log,
                      [this](const QString &line) { log.addLog(line, LogColor::Error); });
-}
-
-void Engine::adoptDefinitions()
-{
-    const SiteDefinitions &live = definitions.liveResources();
-    installTables(live);
-    const auto intervals = minIntervals(live);
-    for (auto pace = intervals.cbegin(); pace != intervals.cend(); ++pace)
-        queue.setMinInterval(pace.key(), pace.value());
 }

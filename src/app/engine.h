@@ -37,5 +37,4 @@ public:
 
 private:
     void setUpQueue();
-    void adoptDefinitions();
 };

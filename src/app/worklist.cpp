@@ -157,13 +157,13 @@ void WorkList::processSong(const std::shared_ptr<SongFile> &song)
 /// Follows the song and looks at it afresh, before anything is decided by its tag.
 std::optional<QString> WorkList::reasonNotToGather(SongFile &song)
 {
-    if (const auto reason = song.reasonNotToWrite())
-        return reason;
     song.refresh();
     song.ensureInfotagIsReal();
+    if (const auto reason = song.reasonNotToWrite())
+        return reason;
     if (!song.infotag())
         return song.reasonOfNoTag();
-    return song.reasonNotToWrite();
+    return song.reasonNotToWrite(); // the tag may have turned out to be damaged
 }
 
 void WorkList::makeTask(const std::shared_ptr<SongFile> &song)

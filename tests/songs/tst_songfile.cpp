@@ -1,0 +1,352 @@
+#include "itunes/itunesinterface.h"
+#include "songs/songfile.h"
+#include "support/songs.h"
+#include "support/tempfiles.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using Outcome = InPlaceFile::Outcome;
+
+namespace {
+
+/// A library program that plays a song, notes what it is asked, and answers as told.
+class FakeLibrary : public iTunesInterface {
+public:
+    [[nodiscard]] bool isiTunesRunning() const override { return true; }
+    [[nodiscard]] std::optional<QString> pathOfCurrentlyPlayingTrack() override { return playing; }
+    void pausePlaying() override { calls << u"pause"_s; }
+    void resumePlaying() override { calls << u"resume"_s; }
+    std::optional<QString>
+    refreshAndGetPathOfSongWithID(int databaseID, const std::optional<QString> &playlist) override
+    {
+        calls << u"refresh %1 in %2"_s.arg(databaseID).arg(playlist.value_or(u"library"_s));
+        onRefresh();
+        return pathByID;
+    }
+    std::optional<QString> refreshAndGetPathOfSongWithTitle(const QString &title,
+                                                            const QString &artist) override
+    {
+        calls << u"refresh %1 by %2"_s.arg(title, artist);
+        return pathByTitle;
+    }
+
+    QStringList calls;
+    QString playing;
+    std::optional<QString> pathByID;
+    std::optional<QString> pathByTitle;
+    std::function<void()> onRefresh = [] {};
+};
+
+void setTime(const QString &path, const QDateTime &time)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+}
+
+} // namespace
+
+class TestSongFile : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void isSong_data();
+    void isSong();
+    void statusByWritability();
+    void otherPathEndsFollowing();
+    void laterSongOfAPathIsFound();
+    void tagIsReadOnceAndKnowsThePlaylist();
+    void lazyTagsAreReplaced();
+    void reasonOfNoTag_data();
+    void reasonOfNoTag();
+    void refreshTellsChanges();
+    void movedFileIsFollowed();
+    void relativePathStaysAsGiven();
+    void vanishedFileIsAProblem();
+    void writeKeepsAttributesAndIsNoOutsideChange();
+    void refusesToWrite_data();
+    void refusesToWrite();
+    void failedWriteIsAProblem();
+    void playerIsPausedForItsSongAlone();
+    void libraryRefresh_data();
+    void libraryRefresh();
+
+private:
+    [[nodiscard]] QString path(const QString &name) const { return mFolder->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> mFolder;
+    QString mPath;
+    std::shared_ptr<SongFile> mSong;
+};
+
+void TestSongFile::init()
+{
+    mFolder = std::make_unique<QTemporaryDir>();
+    QFile::setPermissions(mFolder->path(), QFile::Permissions(0x7777));
+    mPath = path(u"song.mp3"_s);
+    makeSong(mPath, {.title = u"Neon Rain"_s, .artist = u"The Lanterns"_s});
+    mSong = SongFile::songWithPath(mPath);
+}
+
+void TestSongFile::isSong_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<bool>("isSong");
+    QTest::newRow("255 bytes are too few") << qint64(255) << false;
+    QTest::newRow("256 bytes are enough") << qint64(256) << true;
+    QTest::newRow("sizes are 32-bit numbers: 2 GB is negative") << (qint64(1) << 31) << false;
+    QTest::newRow("sizes are 32-bit numbers: 4 GB count anew") << (qint64(1) << 32) + 255 << false;
+    QTest::newRow("sizes are 32-bit numbers: beyond 4 GB") << (qint64(1) << 32) + 256 << true;
+}
+
+void TestSongFile::isSong()
+{
+    QFETCH(qint64, size);
+    QFETCH(bool, isSong);
+    writeFile(path(u"sparse"_s), {});
+    QVERIFY(QFile::resize(path(u"sparse"_s), size));
+    QVERIFY(QFile::link(path(u"sparse"_s), path(u"link"_s)));
+    QCOMPARE(SongFile::songWithPath(path(u"sparse"_s)) != nullptr, isSong);
+    QCOMPARE(SongFile::songWithPath(path(u"link"_s)) != nullptr, isSong);
+    QVERIFY(!SongFile::songWithPath(mFolder->path()));
+    QVERIFY(!SongFile::songWithPath(path(u"missing"_s)));
+}
+
+void TestSongFile::statusByWritability()
+{
+    QVERIFY(QFile::setPermissions(mPath, QFile::ReadOwner | QFile::ReadOther));
+    const auto locked = withoutRights([&] { return SongFile::songWithPath(mPath); });
+    QCOMPARE(locked->activityStatus(), SongStatus::Locked);
+    QVERIFY(!locked->canWriteToOriginalPath());
+    QCOMPARE(mSong->activityStatus(), SongStatus::Ready);
+    mSong->setActivityStatus(SongStatus::Problem);
+    QVERIFY(!mSong->canWriteToOriginalPath());
+    mSong->setDefaultActivityStatus();
+    QVERIFY(mSong->canWriteToOriginalPath());
+}
+
+void TestSongFile::otherPathEndsFollowing()
+{
+    mSong->setAliasFromPath();
+    mSong->setPath(mPath);
+    QVERIFY(mSong->hasAlias());
+    mSong->setPath(path(u"other.mp3"_s));
+    QVERIFY(!mSong->hasAlias());
+    QCOMPARE(mSong->filename(), u"other.mp3"_s);
+}
+
+void TestSongFile::laterSongOfAPathIsFound()
+{
+    const auto later = SongFile::songWithPath(mPath);
+    const SongList songs{mSong, later, SongFile::songWithPath(mPath)};
+    songs[2]->setPath(mPath.toUpper());
+    QCOMPARE(songWithPathInArray(mPath, songs), later);
+    QVERIFY(!songWithPathInArray({}, songs));
+}
+
+void TestSongFile::tagIsReadOnceAndKnowsThePlaylist()
+{
+    mSong->setPlayList(u"Mix"_s, 7);
+    QVERIFY(!mSong->hasInfotagCached());
+    QCOMPARE(mSong->infotag()->title(), u"Neon Rain"_s);
+    QCOMPARE(mSong->infotag()->playlistIndex(), 7);
+    mSong->setPlayList(u"Mix"_s, 8);
+    QCOMPARE(mSong->infotag()->playlistIndex(), 8);
+    const AudioInfoTag *tag = mSong->infotag();
+    QCOMPARE(mSong->infotag(), tag);
+}
+
+void TestSongFile::lazyTagsAreReplaced()
+{
+    mSong->infotag()->setTitle(u"Kept"_s);
+    mSong->ensureInfotagIsReal();
+    QCOMPARE(mSong->infotag()->title(), u"Kept"_s);
+    mSong->infotag()->setIsLazy(true);
+    mSong->ensureInfotagIsReal();
+    QCOMPARE(mSong->infotag()->title(), u"Neon Rain"_s);
+}
+
+void TestSongFile::reasonOfNoTag_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("gone") << u"missing.mp3"_s << u"ErrorSongVanished"_s;
+    QTest::newRow("not ours to read") << u"secret.mp3"_s << u"ErrorCannotOpenForRead"_s;
+    QTest::newRow("a text") << u"notes.txt"_s << u"ErrorNoSong"_s;
+    QTest::newRow("MP4 by its name") << u"notes.m4a"_s << u"ErrorMP4NotYet"_s;
+}
+
+void TestSongFile::reasonOfNoTag()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, reason);
+    if (name != u"missing.mp3")
+        writeFile(path(name), QByteArray(5000, 'a'));
+    if (name == u"secret.mp3")
+        QVERIFY(QFile::setPermissions(path(name), QFile::Permissions()));
+    SongFile song(path(name), {});
+    QVERIFY(withoutRights([&] { return song.infotag() == nullptr; }));
+    QCOMPARE(song.reasonOfNoTag(), reason);
+}
+
+void TestSongFile::refreshTellsChanges()
+{
+    QVERIFY(mSong->infotag());
+    QVERIFY(!mSong->refresh());
+    QVERIFY(mSong->hasInfotagCached());
+    setTime(mPath, QDateTime::currentDateTime().addSecs(-60));
+    QVERIFY(mSong->refresh());
+    QVERIFY(!mSong->hasInfotagCached());
+    setTime(mPath, QDateTime::currentDateTime().addSecs(-90));
+    mSong->adoptCurrentModificationDate();
+    QVERIFY(!mSong->refresh());
+}
+
+void TestSongFile::movedFileIsFollowed()
+{
+    mSong->setAliasFromPath();
+    QVERIFY(QFile::rename(mPath, path(u"moved.mp3"_s)));
+    QVERIFY(!mSong->refresh());
+    QCOMPARE(mSong->path(), path(u"moved.mp3"_s));
+    QVERIFY(mSong->hasAlias());
+    QCOMPARE(mSong->activityStatus(), SongStatus::Ready);
+}
+
+void TestSongFile::relativePathStaysAsGiven()
+{
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(mFolder->path()));
+    const auto song = SongFile::songWithPath(u"song.mp3"_s);
+    song->setAliasFromPath();
+    song->updatePathFromAlias();
+    QDir::setCurrent(before);
+    QCOMPARE(song->path(), u"song.mp3"_s);
+}
+
+void TestSongFile::vanishedFileIsAProblem()
+{
+    mSong->setAliasFromPath();
+    QVERIFY(QFile::remove(mPath));
+    QVERIFY(!mSong->refresh());
+    QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
+    QCOMPARE(mSong->path(), mPath);
+    QCOMPARE(mSong->reasonNotToWrite(), u"ErrorSongVanished"_s);
+}
+
+void TestSongFile::writeKeepsAttributesAndIsNoOutsideChange()
+{
+    const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+    QVERIFY(QFile::setPermissions(mPath, permissions));
+    setTime(mPath, QDateTime::currentDateTime().addSecs(-60));
+    mSong->refresh();
+    mSong->infotag()->setTitle(u"Paper Moons"_s);
+    QCOMPARE(mSong->writeToOriginalPath({}, nullptr).kind, Outcome::Kind::Written);
+    QVERIFY(mSong->hasAlias());
+    QVERIFY(!mSong->refresh());
+    QCOMPARE(QFile::permissions(mPath) & ~QFile::Permissions(QFile::ReadUser | QFile::WriteUser),
+             permissions);
+    QCOMPARE(SongFile::songWithPath(mPath)->infotag()->title(), u"Paper Moons"_s);
+}
+
+void TestSongFile::refusesToWrite_data()
+{
+    QTest::addColumn<SongStatus>("status");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("locked") << SongStatus::Locked << u"ErrorSongLocked"_s;
+    QTest::newRow("problem") << SongStatus::Problem << u"ErrorSongHasProblem"_s;
+}
+
+void TestSongFile::refusesToWrite()
+{
+    QFETCH(SongStatus, status);
+    QFETCH(QString, error);
+    const QByteArray before = fileContents(mPath);
+    mSong->infotag()->setTitle(u"Paper Moons"_s);
+    mSong->setActivityStatus(status);
+    const auto outcome = mSong->writeToOriginalPath({}, nullptr);
+    QCOMPARE(outcome.kind, Outcome::Kind::Failed);
+    QCOMPARE(outcome.error, error);
+    QCOMPARE(fileContents(mPath), before);
+    QCOMPARE(mSong->activityStatus(), status);
+}
+
+void TestSongFile::failedWriteIsAProblem()
+{
+    QCOMPARE(mSong->writeToOriginalPath({}, nullptr).kind, Outcome::Kind::Failed); // no tag held
+    QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
+    mSong->infotag()->setTitle(u"Paper Moons"_s);
+    QVERIFY(QFile::remove(mPath));
+    const auto outcome = mSong->writeToOriginalPath({}, nullptr);
+    QCOMPARE(outcome.kind, Outcome::Kind::Failed);
+    QVERIFY(!outcome.error.isEmpty());
+    QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
+    QVERIFY(SongFile({}, {}).writeToOriginalPath({}, nullptr).kind == Outcome::Kind::Unchanged);
+}
+
+void TestSongFile::playerIsPausedForItsSongAlone()
+{
+    FakeLibrary library;
+    library.playing = path(u"other.mp3"_s);
+    mSong->infotag()->setTitle(u"Paper Moons"_s);
+    QCOMPARE(mSong->writeToOriginalPath({}, &library).kind, Outcome::Kind::Written);
+    QCOMPARE(library.calls, QStringList());
+    library.playing = mPath;
+    QVERIFY(QFile::remove(mPath));
+    QCOMPARE(mSong->writeToOriginalPath({}, &library).kind, Outcome::Kind::Failed);
+    QCOMPARE(library.calls, QStringList({u"pause"_s, u"resume"_s}));
+}
+
+void TestSongFile::libraryRefresh_data()
+{
+    QTest::addColumn<QString>("byID");
+    QTest::addColumn<QString>("byTitle");
+    QTest::addColumn<QString>("meanwhile");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("the path by ID is taken")
+        << u"new.mp3"_s << QString() << u"stays"_s << u"new.mp3"_s;
+    QTest::newRow("no answer, nothing moved")
+        << QString() << QString() << u"stays"_s << u"song.mp3"_s;
+    QTest::newRow("no answer, the file is followed")
+        << QString() << QString() << u"moves"_s << u"moved.mp3"_s;
+    QTest::newRow("the path by title, where there is still a file")
+        << QString() << u"new.mp3"_s << u"moves"_s << u"moved.mp3"_s;
+    QTest::newRow("the path by title, where the file is gone")
+        << QString() << u"new.mp3"_s << u"goes"_s << u"new.mp3"_s;
+}
+
+void TestSongFile::libraryRefresh()
+{
+    QFETCH(QString, byID);
+    QFETCH(QString, byTitle);
+    QFETCH(QString, meanwhile);
+    QFETCH(QString, expected);
+    FakeLibrary library;
+    if (!byID.isEmpty())
+        library.pathByID = path(byID);
+    if (!byTitle.isEmpty())
+        library.pathByTitle = path(byTitle);
+    library.onRefresh = [&] {
+        if (meanwhile == u"moves")
+            QVERIFY(QFile::rename(mPath, path(u"moved.mp3"_s)));
+        if (meanwhile == u"goes")
+            QVERIFY(QFile::remove(mPath));
+    };
+    mSong->setPlayList(u"Mix"_s, 3);
+    mSong->setiTunesDBID(7);
+    mSong->rememberOriginalValuesForLaterRefresh();
+    mSong->infotag()->setTitle(u"Paper Moons"_s);
+    QCOMPARE(mSong->writeToOriginalPath({.refreshLibrary = true}, &library).kind,
+             Outcome::Kind::Written);
+    QCOMPARE(mSong->path(), path(expected));
+    QCOMPARE(library.calls.value(0), u"refresh 7 in Mix"_s);
+    QCOMPARE(library.calls.value(1),
+             byID.isEmpty() ? u"refresh Neon Rain by The Lanterns"_s : QString());
+}
+
+QTEST_GUILESS_MAIN(TestSongFile)
+#include "tst_songfile.moc"
