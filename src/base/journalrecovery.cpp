@@ -113,17 +113,31 @@ void recoverJournal(const QString &path)
         break;
     }
 }
+
+template<typename Call>
+void forEachJournal(Call call)
+{
+    const Descriptor folder = openFolder(journalFolder());
+    if (!folder || !lockFile(folder.get(), patience))
+        return;
+    const QDir::Filters files = QDir::Files | QDir::Hidden | QDir::System | QDir::NoSymLinks;
+    for (const QString &name :
+         QDir(journalFolder()).entryList({QStringLiteral("*.journal")}, files))
+        call(journalFolder() + QLatin1Char('/') + name);
+}
 } // namespace
 
 void recoverJournals()
 {
-    const Descriptor folder = openFolder(journalFolder());
-    if (!folder)
-        return;
-    if (!lockFile(folder.get(), patience))
-        return;
-    const QDir::Filters files = QDir::Files | QDir::Hidden | QDir::System | QDir::NoSymLinks;
-    const QStringList names = QDir(journalFolder()).entryList({QStringLiteral("*.journal")}, files);
-    for (const QString &name : names)
-        recoverJournal(journalFolder() + QLatin1Char('/') + name);
+    forEachJournal(recoverJournal);
+}
+
+void recoverJournalsOf(const FileAttributes &song)
+{
+    forEachJournal([&](const QString &path) {
+        WriteJournal::Found found = WriteJournal::find(path);
+        if (found.state == WriteJournal::Found::State::Complete
+            && found.write.before.isSameFile(song))
+            recoverSong(*found.journal, found.write);
+    });
 }

@@ -1,4 +1,3 @@
-#include "base/descriptor.h"
 #include "base/folders.h"
 #include "base/inplacefile.h"
 #include "base/texts.h"
@@ -6,13 +5,14 @@
 #include "support/tracedprocess.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
 // Every write is done in a process of its own that is killed, or whose calls fail, at each of the
 // system calls that change a file, one after the other. Whatever happens, the song must hold
@@ -165,7 +165,21 @@ int callThatLeavesAMix(const Shape &shape)
     }
 }
 
-void beQuiet(QtMsgType, const QMessageLogContext &, const QString &) { }
+/// Keeps what the program logs out of the test's report.
+class Quiet {
+public:
+    Quiet()
+        : mFormer(
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {}))
+    {
+    }
+    Quiet(const Quiet &) = delete;
+    Quiet &operator=(const Quiet &) = delete;
+    ~Quiet() { qInstallMessageHandler(mFormer); }
+
+private:
+    QtMessageHandler mFormer;
+};
 } // namespace
 
 Q_DECLARE_METATYPE(Disturbance)
@@ -185,6 +199,11 @@ private Q_SLOTS:
     void leavesOldOrNew();
     void recoveryIsInterruptedItself_data() { addDisturbances(); }
     void recoveryIsInterruptedItself();
+    void leavesAForeignSongAlone_data();
+    void leavesAForeignSongAlone();
+    void waitsForASongThatIsAway();
+    void leavesTheJournalOfALivingWriter();
+    void putsASongRightBeforeItIsWritten();
 
 private:
     static void addDisturbances();
@@ -218,7 +237,7 @@ void InterruptedWriteTest::checkSettled(const Scene &scene, const Shape &shape,
 void InterruptedWriteTest::leavesOldOrNew()
 {
     QFETCH(Disturbance, disturbance);
-    qInstallMessageHandler(beQuiet);
+    const Quiet quiet;
     for (const Shape &shape : shapes()) {
         TracedRun run;
         for (disturbance.at = 0; disturbance.at <= run.calls; ++disturbance.at) {
@@ -246,7 +265,7 @@ void InterruptedWriteTest::leavesOldOrNew()
 void InterruptedWriteTest::recoveryIsInterruptedItself()
 {
     QFETCH(Disturbance, disturbance);
-    qInstallMessageHandler(beQuiet);
+    const Quiet quiet;
     for (const Shape &shape : shapes()) {
         const int interruption = callThatLeavesAMix(shape);
         TracedRun run;
@@ -263,6 +282,95 @@ void InterruptedWriteTest::recoveryIsInterruptedItself()
         }
         QVERIFY(run.calls > 3);
     }
+}
+
+void InterruptedWriteTest::leavesAForeignSongAlone_data()
+{
+    QTest::addColumn<QByteArray>("theirs");
+    QTest::addColumn<bool>("isNewFile");
+    QTest::addColumn<int>("kept");
+    const Shape grown = shapes()[1];
+    QByteArray edited = grown.expected;
+    edited[50'000] = static_cast<char>(~edited[50'000] ^ oldBytes()[50'000] ^ edited[49'999]);
+    QTest::newRow("one byte edited") << edited << false << 1;
+    QTest::newRow("written anew") << pattern(songSize, 9) << false << 1;
+    QTest::newRow("longer than old and new") << grown.expected + "end" << false << 1;
+    QTest::newRow("shorter than old and new") << oldBytes().chopped(1) << false << 1;
+    QTest::newRow("another file in its place") << pattern(songSize, 9) << true << 1;
+    QTest::newRow("the old file put back from a copy") << oldBytes() << true << 0;
+}
+
+void InterruptedWriteTest::leavesAForeignSongAlone()
+{
+    QFETCH(QByteArray, theirs);
+    QFETCH(bool, isNewFile);
+    QFETCH(int, kept);
+    const Shape grown = shapes()[1];
+    const Scene scene;
+    write(scene, grown, {.kind = Kind::KillHalfway, .at = callThatLeavesAMix(grown)});
+    if (isNewFile)
+        QVERIFY(QFile::rename(scene.path(), scene.path() + QStringLiteral("~")));
+    writeFile(scene.path(), theirs);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("song\\.mp3")));
+
+    recoverInterruptedWrites();
+
+    QVERIFY(fileContents(scene.path()) == theirs);
+    QCOMPARE(scene.leftOvers().size(), kept);
+    recoverInterruptedWrites(); // what was put aside is not looked at again
+    QCOMPARE(scene.leftOvers().size(), kept);
+}
+
+void InterruptedWriteTest::waitsForASongThatIsAway()
+{
+    const Shape grown = shapes()[1];
+    const Scene scene;
+    write(scene, grown, {.kind = Kind::KillHalfway, .at = callThatLeavesAMix(grown)});
+    const QString away = scene.path() + QStringLiteral(".away");
+    QVERIFY(QFile::rename(scene.path(), away));
+    const Quiet quiet;
+    recoverInterruptedWrites();
+    QCOMPARE(scene.leftOvers().size(), 1);
+
+    // Copied back: the inode is another one, but the bytes are those of the write.
+    QVERIFY(QFile::copy(away, scene.path()));
+    recoverInterruptedWrites();
+    QVERIFY(scene.isOld());
+    QCOMPARE(scene.leftOvers(), QStringList());
+}
+
+void InterruptedWriteTest::leavesTheJournalOfALivingWriter()
+{
+    const Shape grown = shapes()[1];
+    const Scene scene;
+    int seen = 0;
+    int journalsMade = 0;
+    const Quiet quiet;
+    const auto result = runTraced([&] { return writeSong(scene.path(), grown.contents); }, {},
+                                  [&](const TracedCall &call) {
+                                      // A journal may be taken for a dead one until it is locked;
+                                      // the writer makes another one then, but not for ever.
+                                      journalsMade += call.number == SYS_openat ? 1 : 0;
+                                      if (call.number == SYS_openat && journalsMade > 1)
+                                          return;
+                                      recoverInterruptedWrites();
+                                      seen += static_cast<int>(scene.leftOvers().size());
+                                  });
+    QCOMPARE(result.status, Written);
+    QCOMPARE(journalsMade, 2);
+    QVERIFY(seen > 5);
+    QVERIFY(scene.isNew(grown));
+}
+
+void InterruptedWriteTest::putsASongRightBeforeItIsWritten()
+{
+    const Shape grown = shapes()[1];
+    const Scene scene;
+    write(scene, grown, {.kind = Kind::KillHalfway, .at = callThatLeavesAMix(grown)});
+    const Quiet quiet;
+    const auto opened = InPlaceFile::open(scene.path());
+    QCOMPARE(opened.file->size(), songSize);
+    QVERIFY(scene.isOld());
 }
 
 QTEST_GUILESS_MAIN(InterruptedWriteTest)
