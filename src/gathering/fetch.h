@@ -6,7 +6,6 @@
 
 #include <QScopedPointer>
 
-#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -34,14 +33,17 @@ struct Fetch {
     QPointer<Progress> indicator{};
 
     /// Whether any of those who asked is still there.
-    [[nodiscard]] bool isWanted() const
-    {
-        return std::any_of(askers.begin(), askers.end(),
-                           [](const Asker &asker) { return asker.owed.isWanted(); });
-    }
+    [[nodiscard]] bool isWanted() const;
 
     /// POST and HEAD are sent at once and take none of the places.
     [[nodiscard]] bool countsAgainstLimit() const { return method == FetchMethod::Get; }
+    [[nodiscard]] HttpMessage message(const QString &agent) const;
+    /// "-Queued-", "-Wait-" or "%d bytes".
+    [[nodiscard]] QString status() const;
+
+    // What the indicator shows; it starts indeterminate and stays so without a length.
+    void showExpected(qint64 bytes) const;
+    void showReceived(qint64 bytes) const;
 };
 
 using FetchPointer = std::shared_ptr<Fetch>;

@@ -4,6 +4,7 @@
 #include "gathering/fetcherrors.h"
 #include "gathering/fetchlimits.h"
 #include "gathering/fetchresult.h"
+#include "gathering/queueend.h"
 
 #include <QObject>
 #include <QString>
@@ -11,9 +12,8 @@
 #include <chrono>
 #include <memory>
 
+class FetchFlow;
 class Progress;
-
-enum class QueueEnd { Front, Back };
 
 /// The one fetcher of the program: an ordered queue of URLs of which at most a fixed number load
 /// at a time. It remembers hosts that failed, cuts over-long pages, keeps to each host's pace,
@@ -70,6 +70,5 @@ Q_SIGNALS:
     void importantLog(const QString &line);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<FetchFlow> mFlow;
 };

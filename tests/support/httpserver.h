@@ -47,8 +47,6 @@ struct SeenRequest {
 /// A small HTTP server on loopback that serves a table of answers and misbehaves as told. It runs
 /// in the event loop of the thread that made it.
 class HttpServer : public QTcpServer {
-    Q_OBJECT
-
 public:
     HttpServer();
 
