@@ -8,11 +8,6 @@ namespace {
 
 constexpr char latin1 = 0;
 
-bool isLatin1(const QString &text)
-{
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x100; });
-}
-
 /// Writes texts of one frame, which share its encoding.
 class TextWriter {
 public:
@@ -52,6 +47,11 @@ private:
 };
 
 } // namespace
+
+bool FrameBodies::isLatin1(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x100; });
+}
 
 QByteArray FrameBodies::terminatedTexts(const QStringList &strings, UnicodeForm unicode)
 {

@@ -15,6 +15,13 @@ struct UnicodeForm {
     bool byteOrderMark; ///< whether each text begins with one
 };
 
+inline constexpr UnicodeForm marked{1, true};
+inline constexpr UnicodeForm unmarked{1, false}; ///< what v2.2 tags of ours have long held
+inline constexpr UnicodeForm bigEndian{2, false};
+
+/// Whether every character fits a single byte; then text is written so.
+[[nodiscard]] bool isLatin1(const QString &text);
+
 /// Encoding byte, and each string with a terminator.
 [[nodiscard]] QByteArray terminatedTexts(const QStringList &strings, UnicodeForm unicode);
 

@@ -2,10 +2,10 @@
 
 #include "base/bytes.h"
 #include "base/log.h"
+#include "tags/framebodies.h"
 #include "tags/id3strings.h"
 #include "tags/synchsafe.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -183,44 +183,14 @@ std::optional<QString> ID3Image::filenameSuffix(const ID3Dialect &dialect) const
 
 namespace {
 
-struct EncodedDescription {
-    std::uint8_t encoding = ID3Strings::Latin1;
-    QByteArray bytes = QByteArray(1, '\0'); ///< terminated
-};
-
-bool isLatin1(QStringView text)
+/// The encoding byte and the terminated description. Kept where the dialect says so: pictures are
+/// written without their description.
+QByteArray encodedDescription(const ID3Image &image, FrameBodies::UnicodeForm unicode,
+                              const ID3Dialect &dialect)
 {
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() <= 0xFF; });
-}
-
-enum class ByteOrderMark { Absent, Present };
-
-/// Big-endian, with its terminator.
-QByteArray utf16Bytes(QStringView text, ByteOrderMark mark)
-{
-    ByteWriter writer;
-    writer.reserve(2 * text.size() + 4);
-    if (mark == ByteOrderMark::Present)
-        writer.u16(0xFEFF);
-    for (const QChar unit : text)
-        writer.u16(unit.unicode());
-    writer.u16(0);
-    return std::move(writer).data();
-}
-
-/// Kept where the dialect says so: pictures are written without their description.
-EncodedDescription encodedDescription(const ID3Image &image, std::uint8_t encodingOfUnicode,
-                                      const ID3Dialect &dialect)
-{
-    if (!dialect.keepsPictureDetails || !image.description)
-        return {};
-    const QString &description = *image.description;
-    if (isLatin1(description))
-        return {ID3Strings::Latin1, description.toLatin1() + '\0'};
-    const auto mark = encodingOfUnicode == ID3Strings::UTF16 && dialect.writesByteOrderMark
-        ? ByteOrderMark::Present
-        : ByteOrderMark::Absent;
-    return {encodingOfUnicode, utf16Bytes(description, mark)};
+    const QString none;
+    return FrameBodies::terminatedTexts(
+        {dialect.keepsPictureDetails ? image.description.value_or(none) : none}, unicode);
 }
 
 std::uint8_t writtenType(const ID3Image &image, const ID3Dialect &dialect)
@@ -235,19 +205,19 @@ QByteArray ID3Image::dataForID3v23Frame(FrameSizes sizes, bool isVersion24,
 {
     const QByteArray mime = mimeFormat(dialect).value_or(QString()).toLatin1();
     const bool marked = dialect.writesByteOrderMark && !isVersion24;
-    const auto text =
-        encodedDescription(*this, marked ? ID3Strings::UTF16 : ID3Strings::UTF16BigEndian, dialect);
-    const auto size = static_cast<std::uint32_t>(data.size() + mime.size() + 3 + text.bytes.size());
+    const QByteArray text =
+        encodedDescription(*this, marked ? FrameBodies::marked : FrameBodies::bigEndian, dialect);
+    const auto size = static_cast<std::uint32_t>(data.size() + mime.size() + 2 + text.size());
     ByteWriter frame;
     frame.reserve(10 + size);
     frame.bytes("APIC");
     frame.u32(sizes == FrameSizes::Accurate ? SynchSafe::synchSafe(size) : size);
     frame.u16(0);
-    frame.u8(text.encoding);
+    frame.bytes(text.first(1));
     frame.bytes(mime);
     frame.u8(0);
     frame.u8(writtenType(*this, dialect));
-    frame.bytes(text.bytes);
+    frame.bytes(text.sliced(1));
     frame.bytes(data);
     return std::move(frame).data();
 }
@@ -257,16 +227,17 @@ QByteArray ID3Image::dataForID3v22Frame(const ID3Dialect &dialect) const
     const QString suffix = filenameSuffix(dialect).value_or(QString());
     if (data.isEmpty() || suffix.isEmpty())
         return {};
-    const auto text = encodedDescription(*this, ID3Strings::UTF16, dialect);
-    const auto size = static_cast<std::uint32_t>(data.size() + 5 + text.bytes.size());
+    const QByteArray text = encodedDescription(
+        *this, dialect.writesByteOrderMark ? FrameBodies::marked : FrameBodies::unmarked, dialect);
+    const auto size = static_cast<std::uint32_t>(data.size() + 4 + text.size());
     ByteWriter frame;
     frame.reserve(6 + size);
     frame.bytes("PIC");
     frame.u24(size);
-    frame.u8(text.encoding);
+    frame.bytes(text.first(1));
     frame.bytes(suffix.leftJustified(3, u' ').left(3).toLatin1());
     frame.u8(writtenType(*this, dialect));
-    frame.bytes(text.bytes);
+    frame.bytes(text.sliced(1));
     frame.bytes(data);
     return std::move(frame).data();
 }

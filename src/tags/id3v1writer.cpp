@@ -1,6 +1,8 @@
 #include "tags/id3v1writer.h"
 
+#include "tags/audioinfotag.h"
 #include "tags/fieldframes.h"
+#include "tags/framebodies.h"
 #include "tags/genretable.h"
 #include "text/integervalue.h"
 
@@ -8,6 +10,8 @@
 #include <array>
 
 namespace {
+
+using FrameBodies::isLatin1;
 
 constexpr qsizetype textLength = 30;
 constexpr qsizetype yearLength = 4;
@@ -18,11 +22,6 @@ constexpr int noGenre = 255;
 QString textOf(const FrameStore &frames, const FieldFrames &field)
 {
     return frames.firstStringForFrameID(field.v24, field.v22).value_or(QString());
-}
-
-bool isLatin1(const QString &text)
-{
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x100; });
 }
 
 bool fits(const QString &text)
@@ -85,7 +84,7 @@ bool ID3Writer::canWriteID3v11WithoutLoss(const FrameStore &frames, const ID3Dia
     if (!fieldsFit || (dialect.losesNothing && !everythingHasPlace(frames)))
         return false;
     const QString genres = textOf(frames, Fields::genres);
-    return genres.isEmpty() || GenreTable::indexOfGenre(genres) < GenreTable::allGenres().size();
+    return genres.isEmpty() || GenreTable::indexOfGenre(genres) != AudioInfoTag::notFound;
 }
 
 QByteArray ID3Writer::dataForID3v11(const FrameStore &frames, const ID3Dialect &dialect,

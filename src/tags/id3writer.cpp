@@ -1,6 +1,7 @@
 #include "tags/id3writer.h"
 
 #include "base/log.h"
+#include "tags/fieldframes.h"
 #include "tags/framebodies.h"
 #include "tags/id3v1writer.h"
 #include "tags/synchsafe.h"
@@ -90,8 +91,8 @@ public:
         : TagWriter(frames, options.dialect)
         , mIsVersion24(version == ID3Writer::Version::V24)
         , mSizes(mIsVersion24 ? options.v24Sizes : FrameSizes::Plain)
-        , mUnicode(!mIsVersion24 && options.dialect.writesByteOrderMark ? UnicodeForm{1, true}
-                                                                        : UnicodeForm{2, false})
+        , mUnicode(!mIsVersion24 && options.dialect.writesByteOrderMark ? FrameBodies::marked
+                                                                        : FrameBodies::bigEndian)
     {
     }
 
@@ -148,7 +149,7 @@ class V22Writer : public TagWriter {
 public:
     V22Writer(const FrameStore &frames, const ID3Dialect &dialect)
         : TagWriter(frames, dialect)
-        , mUnicode{1, dialect.writesByteOrderMark}
+        , mUnicode(dialect.writesByteOrderMark ? FrameBodies::marked : FrameBodies::unmarked)
     {
     }
 
@@ -213,10 +214,14 @@ private:
 
     void logLeftOut(const ID3Image &image) const
     {
-        const QString artist = frames().firstStringForFrameID(u"TPE1", u"TP1").value_or(QString());
-        const QString title = frames().firstStringForFrameID(u"TIT2", u"TT2").value_or(QString());
+        const auto text = [this](FieldFrames field) {
+            return frames()
+                .firstStringForFrameID(field.v24, field.v22)
+                .value_or(QStringLiteral("(null)"));
+        };
         qCWarning(logTags).noquote() << QStringLiteral("%1/%2 dataForID3v22 cannot include %3")
-                                            .arg(artist, title, image.descriptionForLog(dialect()));
+                                            .arg(text(Fields::artist), text(Fields::title),
+                                                 image.descriptionForLog(dialect()));
     }
 
     UnicodeForm mUnicode;
