@@ -1,0 +1,284 @@
+"""Other programs see the tags that we write, and we see theirs; the sound stays as it was."""
+
+import hashlib
+import json
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+import mutagen.id3 as id3
+
+PROGRAM = os.environ["TAGWRIGHT_PROGRAM"]
+TOOLS = ("ffmpeg", "ffprobe", "exiftool", "kid3-cli", "lame")
+FIELDS = ("title", "artist", "album", "year", "track", "genres", "bpm", "lyrics")
+
+LATIN = dict(title="Hafenlichter bei Süd", artist="Nila Öster", album="Sea Songs", year="2007",
+             track="3/12", genres="Folk", bpm="96", lyrics="erste Zeile\nzweite Zeile")
+UNICODE = dict(LATIN, title="Φώτα 🎵", artist="Νίλα Ωστερ", album="夜の海", genres="Ρεμπέτικο",
+               lyrics="πρώτη γραμμή\nδεύτερη")
+LONG = dict(LATIN, title="t" * 300, lyrics="Zeile\n" * 40)
+SMALL = dict(title="Fog Signal", artist="Nila Oster", album="Sea Songs", year="2007", track="7",
+             genres="Folk")
+
+failures, checks = [], 0
+
+
+def check(what, got, expected):
+    global checks
+    checks += 1
+    if got != expected:
+        failures.append(f"{what}: {got!r} instead of {expected!r}")
+
+
+def run(*command):
+    return subprocess.run([str(part) for part in command], check=True, capture_output=True).stdout
+
+
+def sha1(data):
+    return hashlib.sha1(data).hexdigest()
+
+
+def sound(path):
+    return run("ffmpeg", "-v", "error", "-i", path, "-map", "0:a", "-c", "copy", "-f", "md5", "-")
+
+
+def id3v2(major, frame):
+    return b"ID3" + bytes((major, 0, 0, 0, 0, 0, len(frame))) + frame
+
+
+ID3V1 = b"TAG" + b"Old title".ljust(122, b"\0") + b"\0\2\x50"
+FRONT = {  # what stands in front of the sound, and behind it, by version
+    "2.2.0": (id3v2(2, b"TT2\0\0\4\0Old"), b""),
+    "2.3.0": (id3v2(3, b"TIT2\0\0\0\4\0\0\0Old"), b""),
+    "2.4.0": (id3v2(4, b"TIT2\0\0\0\4\0\0\0Old"), b""),
+    "1.1": (b"", ID3V1),
+    "2.3.0 and 1.1": (id3v2(3, b"TIT2\0\0\0\4\0\0\0Old"), ID3V1),
+}
+
+
+# What each reader shows: our fields, "compilation", the sum of the "picture", the "version".
+
+def by_mutagen(path):
+    tag = id3.ID3(path, load_v1=False)
+    names = dict(title="TIT2", artist="TPE1", album="TALB", year="TDRC", track="TRCK",
+                 genres="TCON", bpm="TBPM", compilation="TCMP", lyrics="USLT::eng")
+    seen = {field: str(tag[name]) for field, name in names.items() if name in tag}
+    pictures = tag.getall("APIC")
+    if pictures:
+        seen["picture"] = sha1(pictures[0].data)
+    return seen | {"version": ".".join(map(str, tag.version))}
+
+
+def by_ffprobe(path):
+    shown = json.loads(run("ffprobe", "-v", "error", "-of", "json", "-show_entries",
+                           "format_tags:stream=codec_type", path))
+    names = dict(title="title", artist="artist", album="album", date="year", track="track",
+                 genre="genres", TBPM="bpm", TBP="bpm", compilation="compilation")
+    tags = shown["format"].get("tags", {})
+    seen = {names[name]: value for name, value in tags.items() if name in names}
+    if "lyrics-eng" in tags:
+        seen["lyrics"] = tags["lyrics-eng"]
+    if any(stream["codec_type"] == "video" for stream in shown["streams"]):
+        seen["picture"] = sha1(run("ffmpeg", "-v", "error", "-i", path, "-map", "0:v", "-c",
+                                   "copy", "-f", "image2pipe", "-"))
+    return seen
+
+
+def by_exiftool(path, group="ID3v2"):
+    names = dict(Title="title", Artist="artist", Album="album", Year="year", Track="track",
+                 RecordingTime="year", Genre="genres", BeatsPerMinute="bpm", Lyrics="lyrics",
+                 **{"Lyrics-eng": "lyrics"}, Compilation="compilation")
+    seen = {}
+    for key, value in json.loads(run("exiftool", "-j", "-a", "-G1", "-ID3:all", path))[0].items():
+        family, _, name = key.partition(":")
+        if family.startswith(group):
+            seen["version"] = family.removeprefix("ID3v").replace("_", ".") + ".0"
+            if name in names:
+                seen[names[name]] = {"Yes": "1"}.get(value, str(value))
+    picture = run("exiftool", "-b", "-Picture", path)
+    return seen | ({"picture": sha1(picture)} if picture else {})
+
+
+def by_kid3(path, tag="tag2"):
+    names = {"Title": "title", "Artist": "artist", "Album": "album", "Date": "year",
+             "Track Number": "track", "Genre": "genres", "BPM": "bpm", "Lyrics": "lyrics",
+             "Compilation": "compilation"}
+    shown = json.loads(run("kid3-cli", "-c", '{"method":"get","params":["all"]}', path))
+    shown = shown["result"]["taggedFile"][tag]
+    seen = {names[frame["name"]]: str(frame["value"]) for frame in shown["frames"]
+            if frame["name"] in names and frame["value"] != ""}
+    picture = path.with_name("picture")
+    run("kid3-cli", "-c", f"get picture:{picture} 2", path)
+    if picture.exists():
+        seen["picture"] = sha1(picture.read_bytes())
+        picture.unlink()
+    return seen | {"version": shown["format"].removeprefix("ID3v")}
+
+
+READERS = {"mutagen": by_mutagen, "ffprobe": by_ffprobe, "exiftool": by_exiftool, "kid3": by_kid3}
+NOT_SHOWN = {("ffprobe", version): ("version", *missing) for version, missing in
+             {"2.2.0": ("lyrics",), "2.3.0": (), "2.4.0": ()}.items()}  # whoever wrote the tag
+
+
+def by_us(path):
+    return json.loads(run(PROGRAM, "show", "--json", "--id3", "standard", path))
+
+
+def set_fields(path, fields):
+    assignments = [f"{field}={value}" for field, value in fields.items()]
+    done = subprocess.run([PROGRAM, "set", "--json", "--id3", "standard", "--id3v24-sizes",
+                           "accurate", path, *assignments], capture_output=True)
+    check(f"{path.name}: status, errors", (done.returncode, done.stderr.decode()), (0, ""))
+    return json.loads(done.stdout or b'{"written": null, "error": null, "writeVersion": null}')
+
+
+def check_written_tags(song, pictures):
+    before = sound(song)
+    for version, (front, end) in FRONT.items():
+        for name, (fields, picture) in {"latin": (LATIN, pictures[0]), "long": (LONG, pictures[1]),
+                                        "unicode": (UNICODE, pictures[1])}.items():
+            path = song.with_name(f"{version} {name}.mp3")
+            path.write_bytes(front + song.read_bytes() + end)
+            outcome = set_fields(path, fields | {"compilation": "yes", "artwork": picture})
+            written = "2.3.0" if version.endswith("1.1") else version
+            check(f"{path.name}: outcome", (outcome["written"], outcome["error"],
+                                            outcome["writeVersion"]), (True, None, written))
+            check(f"{path.name}: sound", sound(path), before)
+            expected = fields | {"compilation": "1", "version": written,
+                                 "picture": sha1(picture.read_bytes())}
+            for reader, read in READERS.items():
+                title = fields["title"]
+                if reader == "exiftool":  # it does not join surrogates
+                    title = title.replace("🎵", "??????")
+                check_fields(f"{path.name} in {reader}", read(path), expected | {"title": title},
+                             NOT_SHOWN.get((reader, written), ()))
+
+
+def check_fields(what, seen, expected, not_shown=()):
+    for field, value in expected.items():
+        if field not in not_shown:
+            check(f"{what}: {field}", seen.get(field), value)
+
+
+def check_small_tags(song):
+    path = song.with_name("small.mp3")
+    path.write_bytes(song.read_bytes() + ID3V1)
+    check("small: version", set_fields(path, SMALL)["writeVersion"], "1.1")
+    check("small: sound", sound(path), sound(song))
+    check_fields("small in exiftool", by_exiftool(path, "ID3v1"), SMALL)
+    check_fields("small in kid3", by_kid3(path, "tag1"), SMALL)
+    check_fields("small in ffprobe", by_ffprobe(path), SMALL)
+    tag = id3.ID3(path)
+    check("small in mutagen", [str(tag[name]) for name in ("TIT2", "TPE1", "TALB", "TDRC", "TRCK",
+                                                         "TCON")], list(SMALL.values()))
+    both = song.with_name("both.mp3")
+    both.write_bytes(FRONT["2.3.0"][0] + song.read_bytes() + ID3V1)
+    set_fields(both, SMALL)
+    check_fields("both in exiftool", by_exiftool(both, "ID3v1"), SMALL)
+    check_fields("both in kid3", by_kid3(both, "tag1"), SMALL)
+
+
+def check_nothing_lost(song):
+    """Frames that we do not know stay in the eyes of others when another field is set."""
+    for version, major in {"2.3.0": 3, "2.4.0": 4}.items():
+        path = song.with_name(f"rich {version}.mp3")
+        shutil.copy(song, path)
+        tag = id3.ID3()
+        for frame in (id3.TIT2(3, "Song"), id3.TXXX(3, "mood", "ruhig Ω"), id3.TPE2(3, "Ω & Co"),
+                      id3.COMM(3, "deu", "kurz", "Ω Text"), id3.PRIV(owner="own", data=b"\1\0\2"),
+                      id3.POPM("me", 200, 7), id3.UFID("own", b"\0\xff"), id3.TCOM(3, "Ω"),
+                      id3.APIC(0, "image/png", 4, "back", b"\x89PNG\r\n\x1a\nb"),
+                      id3.APIC(0, "image/png", 3, "front", b"\x89PNG\r\n\x1a\nf")):
+            tag.add(frame)
+        tag.save(path, v1=0, v2_version=major)
+        before = {key: frame for key, frame in id3.ID3(path).items() if key != "TIT2"}
+        check(f"{path.name}: outcome", set_fields(path, {"title": "New"})["error"], None)
+        after = id3.ID3(path)
+        check(f"{path.name}: title", str(after.pop("TIT2")), "New")
+        check(f"{path.name}: frames", dict(after), before)
+
+
+def written_by_mutagen(path, fields, v2_version=4, encoding=3):
+    tag = id3.ID3()
+    names = ("TIT2", "TPE1", "TALB", "TDRC", "TRCK", "TCON", "TBPM")
+    for name, field in zip(names, FIELDS):
+        tag.add(getattr(id3, name)(encoding, fields[field]))
+    tag.add(id3.USLT(encoding, "eng", "", fields["lyrics"]))
+    if v2_version == 3:
+        tag.update_to_v23()
+    tag.save(path, v1=0, v2_version=v2_version)
+
+
+def written_by_kid3(path, fields):
+    names = dict(title="title", artist="artist", album="album", year="date", track="track number",
+                 genres="genre", bpm="bpm", lyrics="lyrics")
+    for field, name in names.items():
+        run("kid3-cli", "-c", f"set '{name}' '{fields[field]}' 2", path)
+
+
+def written_by_ffmpeg(path, fields, version="4"):
+    names = dict(title="title", artist="artist", album="album", year="date", track="track",
+                 genres="genre", bpm="TBPM")
+    options = [part for field, name in names.items()
+               for part in ("-metadata", f"{name}={fields[field]}")]
+    plain = path.with_suffix(".plain.mp3")
+    path.rename(plain)
+    run("ffmpeg", "-v", "error", "-i", plain, "-c", "copy", "-id3v2_version", version, *options, path)
+
+
+def written_by_lame(path, fields):
+    wav = path.with_suffix(".wav")
+    run("ffmpeg", "-v", "error", "-i", path, wav)
+    run("lame", "--quiet", "--id3v2-only", "--tt", fields["title"], "--ta", fields["artist"],
+        "--tl", fields["album"], "--ty", fields["year"], "--tn", fields["track"],
+        "--tg", fields["genres"], wav, path)
+
+
+WRITERS = {
+    "mutagen 2.4 UTF-8": (written_by_mutagen, {}, "2.4.0", ()),
+    "mutagen 2.4 UTF-16": (written_by_mutagen, dict(encoding=1), "2.4.0", ()),
+    "mutagen 2.4 big-endian": (written_by_mutagen, dict(encoding=2), "2.4.0", ()),
+    "mutagen 2.3": (written_by_mutagen, dict(v2_version=3, encoding=1), "2.3.0", ()),
+    "kid3": (written_by_kid3, {}, "2.3.0", ()),
+    "ffmpeg 2.4": (written_by_ffmpeg, {}, "2.4.0", ("lyrics",)),
+    "ffmpeg 2.3": (written_by_ffmpeg, dict(version="3"), "2.3.0", ("lyrics",)),
+    "lame": (written_by_lame, {}, "2.3.0", ("lyrics", "bpm")),
+}
+
+
+def check_read_tags(song):
+    for writer, (write, options, version, not_written) in WRITERS.items():
+        for name, fields in {"latin": LATIN, "unicode": UNICODE}.items():
+            path = song.with_name(f"{writer} {name}.mp3")
+            shutil.copy(song, path)
+            write(path, fields, **options)
+            check_fields(f"{path.name} read by us", by_us(path),
+                         fields | {"readVersion": version, "problem": False}, not_written)
+
+
+def main():
+    missing = [tool for tool in TOOLS if not shutil.which(tool)]
+    if missing:
+        sys.exit(f"not installed: {', '.join(missing)}")
+    with tempfile.TemporaryDirectory() as name:
+        folder = Path(name)
+        os.environ.update(HOME=name, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="offscreen")
+        song = folder / "song.mp3"
+        lavfi = ("ffmpeg", "-v", "error", "-f", "lavfi", "-i")
+        run(*lavfi, "sine=440:d=2", "-c:a", "libmp3lame", "-write_xing", "0", "-id3v2_version",
+            "0", "-map_metadata", "-1", song)
+        pictures = [folder / "cover.png", folder / "cover.jpg"]
+        for picture in pictures:
+            run(*lavfi, "mandelbrot=s=160x160", "-frames:v", "1", picture)
+        check_written_tags(song, pictures)
+        check_small_tags(song)
+        check_nothing_lost(song)
+        check_read_tags(song)
+    print(*failures, f"{checks} checks, {len(failures)} failed", sep="\n")
+    sys.exit(1 if failures else 0)
+
+
+main()
