@@ -1,5 +1,6 @@
 """The program as a user runs it: real files, a real site on a loopback port, an empty home."""
 
+import contextlib
 import http.server
 import json
 import os
@@ -51,7 +52,8 @@ class Site(http.server.BaseHTTPRequestHandler):
         self.send_header("Content-Type", kind)
         self.send_header("Content-Length", str(len(body)))
         self.end_headers()
-        self.wfile.write(body)
+        with contextlib.suppress(BrokenPipeError):  # a search that was cancelled meanwhile
+            self.wfile.write(body)
 
     def do_POST(self):
         form = urllib.parse.parse_qs(self.rfile.read(int(self.headers["Content-Length"])).decode())
