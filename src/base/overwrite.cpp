@@ -93,18 +93,26 @@ public:
             || size > std::max(plan.oldSize, plan.newSize);
     }
 
-    /// What of the range lies in the song is compared; beyond its end there is nothing to tell.
     std::error_code look(const PlannedWrite &write)
     {
-        const FileRange range = write.range.intersected({0, mSize});
-        for (qint64 done = 0; done < range.length && !state.isForeign; done += bufferSize) {
-            const qint64 count = std::min(bufferSize, range.length - done);
-            const FileRange chunk = {range.offset + done, count};
-            if (const auto error = readChunk(write, chunk))
-                return error;
-            compare(count);
-        }
-        return {};
+        return look(write.range, [&](FileRange chunk) -> std::error_code {
+            const qint64 from = chunk.offset - write.range.offset;
+            if (write.bytes.isEmpty())
+                return mOld.read({write.keptOffset + from, chunk.length}, mAfter->data());
+            std::copy_n(write.bytes.constData() + from, chunk.length, mAfter->data());
+            return {};
+        });
+    }
+
+    /// The end that a shorter song loses. Until the new size is on the disk, parts of it may hold
+    /// zeros, since a file system clears the rest of its last block.
+    std::error_code lookAtCutEnd()
+    {
+        const qint64 length = std::max<qint64>(mPlan.oldSize - mPlan.newSize, 0);
+        return look({mPlan.newSize, length}, [&](FileRange) -> std::error_code {
+            mAfter->fill('\0');
+            return {};
+        });
     }
 
     SongState state;
@@ -113,19 +121,25 @@ private:
     static constexpr qint64 bufferSize = 65536;
     using Buffer = std::array<char, bufferSize>;
 
-    std::error_code readChunk(const PlannedWrite &write, FileRange chunk)
+    /// What of the range lies in the song is compared; beyond its end there is nothing to tell.
+    template<typename ReadNew>
+    std::error_code look(FileRange range, ReadNew readNew)
     {
-        if (const auto error = readAt(mSong, chunk.offset, mNow->data(), chunk.length))
-            return error;
-        // Where the old song had ended there are zeros until the new bytes are written.
-        mBefore->fill('\0');
-        const FileRange before = chunk.intersected({0, mPlan.oldSize});
-        if (const auto error = mOld.read(before, mBefore->data()))
-            return error;
-        const qint64 from = chunk.offset - write.range.offset;
-        if (write.bytes.isEmpty())
-            return mOld.read({write.keptOffset + from, chunk.length}, mAfter->data());
-        std::copy_n(write.bytes.constData() + from, chunk.length, mAfter->data());
+        range = range.intersected({0, mSize});
+        for (qint64 done = 0; done < range.length && !state.isForeign; done += bufferSize) {
+            const FileRange chunk = {range.offset + done,
+                                     std::min(bufferSize, range.length - done)};
+            if (const auto error = readAt(mSong, chunk.offset, mNow->data(), chunk.length))
+                return error;
+            // Where the old song had ended there are zeros until the new bytes are written.
+            mBefore->fill('\0');
+            if (const auto error =
+                    mOld.read(chunk.intersected({0, mPlan.oldSize}), mBefore->data()))
+                return error;
+            if (const auto error = readNew(chunk))
+                return error;
+            compare(chunk.length);
+        }
         return {};
     }
 
@@ -150,12 +164,6 @@ private:
     std::unique_ptr<Buffer> mAfter = std::make_unique<Buffer>();
 };
 
-/// The end that a shorter song loses, as if it were written with its own bytes.
-PlannedWrite cutEnd(const WritePlan &plan)
-{
-    const qint64 length = std::max<qint64>(plan.oldSize - plan.newSize, 0);
-    return {.range = {plan.newSize, length}, .bytes = {}, .keptOffset = plan.newSize};
-}
 } // namespace
 
 std::error_code overwrite(int song, int savedBytes, const WritePlan &plan)
@@ -196,7 +204,7 @@ std::error_code examine(int song, int savedBytes, const WritePlan &plan, SongSta
     for (const PlannedWrite &write : plan.writes)
         if (const auto error = examination.look(write))
             return error;
-    if (const auto error = examination.look(cutEnd(plan)))
+    if (const auto error = examination.lookAtCutEnd())
         return error;
     state = examination.state;
     return {};
