@@ -170,7 +170,9 @@ std::optional<QString> GenreTable::standardizedGenreFrom(const QString &text)
 
 std::optional<QString> GenreTable::expandedGenres(const std::optional<QString> &genres)
 {
-    if (!genres)
-        return {};
+    // Names are longer than numbers: a damaged text of megabytes must not become ten times as long.
+    constexpr qsizetype longestExpanded = 4096;
+    if (!genres || genres->size() > longestExpanded)
+        return genres;
     return withoutRepeatedPieces(withNamesForNumbers(*genres));
 }

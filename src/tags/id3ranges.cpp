@@ -2,35 +2,26 @@
 
 #include "base/bytes.h"
 #include "base/log.h"
-#include "tags/synchsafe.h"
-
-#include <algorithm>
+#include "tags/id3v2header.h"
 
 namespace {
 
 constexpr qint64 id3v1Length = 128;
-constexpr qint64 id3v2HeaderLength = 10;
 constexpr qint64 headLength = 32;
-
-bool isID3v2Header(const QByteArray &head)
-{
-    const auto isSizeByte = [](char byte) { return (byte & 0x80) == 0; };
-    return head.size() >= id3v2HeaderLength && head.startsWith("ID3") && head[3] != '\xFF'
-        && head[4] != '\xFF' && std::all_of(head.begin() + 6, head.begin() + 10, isSizeByte);
-}
 
 ByteRange id3v2RangeIn(const QString &path, qint64 fileSize, const QByteArray &head)
 {
-    if (!isID3v2Header(head))
+    const auto header = ID3v2Header::headerIn(head);
+    if (!header)
         return {};
-    const qint64 size = SynchSafe::getSynchSafeIntIn(head, 6);
+    const qint64 length = ID3v2Header::length + header->size;
     // A tag too small for a single frame is refused as well: it is what damage looks like.
-    if (size <= 6 || size + id3v2HeaderLength > fileSize) {
+    if (header->size <= ID3v2Header::largestRefusedSize || length > fileSize) {
         qCWarning(logTags).noquote()
             << QStringLiteral("MP3 tag length > file length: %1").arg(path);
         throw MalformedData(QStringLiteral("bad size tag"));
     }
-    return {0, size + id3v2HeaderLength};
+    return {0, length};
 }
 
 } // namespace
