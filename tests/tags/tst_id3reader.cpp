@@ -3,6 +3,7 @@
 #include "support/tempfiles.h"
 #include "tags/genretable.h"
 #include "tags/id3reader.h"
+#include "tags/id3writer.h"
 #include "tags/songbytes.h"
 #include "tags/synchsafe.h"
 
@@ -83,6 +84,7 @@ private Q_SLOTS:
     void readsFrames_data();
     void readsFrames();
     void discards();
+    void standardWritesEveryFrameBack();
     void bombsAreRefused();
     void readsFiles_data();
     void readsFiles();
@@ -254,6 +256,41 @@ void TestID3Reader::discards()
     QCOMPARE(
         readTag(tag(2, frame22("PIC", "\0JPG"_bytes) + frame22("TT2", "\0A"_bytes)), regenerating),
         QStringLiteral("TT2=A!"));
+}
+
+void TestID3Reader::standardWritesEveryFrameBack()
+{
+    const auto frames = [](const QByteArray &picture) {
+        return frame("TRCK", "\0000/12"_bytes) + frame("USLT", "\0engOnly\0"_bytes)
+            + frame("APIC", "\0-->\0\3\0url"_bytes) + picture + frame("TIT2", "e\0Song"_bytes, 0x60)
+            + frame("TXXX", "\0a\0b"_bytes) + frame("COM", "\0eng\0c"_bytes).insert(3, ' ')
+            + frame("TPE1", "\1\xFF\xFE\1A"_bytes);
+    };
+    const QByteArray frames22 = frame22("TYE", "\0000"_bytes) + frame22("TT2", ""_bytes)
+        + frame22("PIC", "\0PNG\3ab\0"_bytes) + frame22("PIC", "\0PNG\3a\0\x89P"_bytes)
+        + frame22("TT2", "\0A"_bytes) + frame22("TT2", "\0B"_bytes);
+    const auto read = [](const QByteArray &bytes) {
+        ID3Contents contents;
+        ID3Reader::getAttributesFromID3v2(bytes, {.dialect = ID3Dialect::standard()}, contents);
+        return contents.frames;
+    };
+    const WriteOptions options{.dialect = ID3Dialect::standard(), .v24Sizes = FrameSizes::Accurate};
+    const auto written = [&options](const FrameStore &store, int major) {
+        const auto made = major == 2
+            ? ID3Writer::dataForID3v22(store, options)
+            : ID3Writer::dataForID3V23orV24(
+                store, major == 4 ? ID3Writer::Version::V24 : ID3Writer::Version::V23, options);
+        return made.pieces.join();
+    };
+    // Each version's own way of writing such a description.
+    const QByteArray pictures[]{"\1PNG\0\3\xFE\xFF\1A\0\0\x89P"_bytes,
+                                "\2PNG\0\3\1A\0\0\x89P"_bytes};
+    for (const int major : {2, 3, 4}) {
+        const FrameStore store =
+            read(tag(major, major == 2 ? frames22 : frames(frame("APIC", pictures[major - 3]))));
+        QCOMPARE(store.entries().size(), major == 2 ? 6 : 8);
+        QVERIFY(read(written(store, major)) == store);
+    }
 }
 
 void TestID3Reader::bombsAreRefused()
