@@ -16,11 +16,12 @@ using enum Asset;
 class TestSource : public WebDBInterface {
 public:
     TestSource(SiteDefinition definition, HVHTTPQueue &queue, QString name, QUrl page,
-               AlbumList found)
+               AlbumList found, QStringList &searches)
         : WebDBInterface(std::move(definition), queue)
         , mName(std::move(name))
         , mPage(std::move(page))
         , mFound(std::move(found))
+        , mSearches(searches)
     {
     }
     [[nodiscard]] QString className() const override { return mName; }
@@ -28,6 +29,7 @@ public:
 protected:
     void startSearch() override
     {
+        mSearches << mName + u':' + albumTitle().value_or(QString());
         addSearchURL(mPage, [this](const FetchResult &) {
             for (const AlbumInfo &album : std::as_const(mFound))
                 addAlbum(album);
@@ -38,6 +40,7 @@ private:
     QString mName;
     QUrl mPage;
     AlbumList mFound;
+    QStringList &mSearches;
 };
 
 AlbumInfo albumOf(const QString &name, const QString &year = {}, const QStringList &tracks = {},
@@ -122,7 +125,7 @@ struct World {
         return [this, source](SiteDefinition definition, HVHTTPQueue &fetcher) {
             const QUrl page = server.url(u"/page?"_qs + source.name);
             return std::make_unique<TestSource>(std::move(definition), fetcher, source.name, page,
-                                                source.albums);
+                                                source.albums, searches);
         };
     }
 
@@ -155,6 +158,7 @@ struct World {
     HttpServer server;
     HVHTTPQueue queue{QString()};
     std::vector<Source> sources;
+    QStringList searches; ///< "source:album searched for"
     SongList library;
     std::shared_ptr<SongFile> song;
     std::unique_ptr<LibraryLending> lending;
@@ -191,7 +195,8 @@ private Q_SLOTS:
         SongInfoTask &task = world.taskFor({.title = u"Dawn"_qs, .artist = u"Ann"_qs}, everything);
         task.setParallelMode(parallel);
         QVERIFY(world.run());
-        // Artwork comes from the second pass, since the album was not known at first.
+        // Artwork comes from a second pass, since the album was not known at first.
+        QCOMPARE(world.searches, (QStringList{u"Discs:"_qs, u"Words:"_qs, u"Discs:Night"_qs}));
         QCOMPARE(world.changes(),
                  u"Artwork=Discs Album=Discs Year=Discs Track=Discs Lyrics=Words"_qs);
         QCOMPARE(task.desiredAssetFlags(), Assets(AssetGenre));
@@ -424,7 +429,7 @@ private Q_SLOTS:
         QFETCH(bool, parallel);
         QFETCH(QString, when);
         World world;
-        const QUrl art = world.art(u"/art"_qs, plainPicture(2000, 2000));
+        const QUrl art = world.art(u"/art"_qs, plainPicture(1000, 1000));
         world.sources = {{u"Discs"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}},
                          {u"More"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}}};
         SongInfoTask &task =
