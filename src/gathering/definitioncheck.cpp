@@ -62,7 +62,7 @@ Fault faultOfFormat(const QVariant &value, const QStringList &placeholders)
 /// A format whose host depends on what is put in would let a page or a tag choose the host.
 Fault faultOfAddressFormat(const QVariant &value, const QStringList &placeholders)
 {
-    const Fault fault = faultOfFormat(value, placeholders);
+    Fault fault = faultOfFormat(value, placeholders);
     const QString format = value.toString();
     if (fault || format.isEmpty())
         return fault;
@@ -174,7 +174,7 @@ Fault faultOfDictionary(const QVariant &value, std::span<const DefinitionKey> sc
 {
     if (value.typeId() != QMetaType::QVariantMap)
         return QStringLiteral("is no dictionary");
-    const Fault fault = faultOfEntries(value.toMap(), schema);
+    Fault fault = faultOfEntries(value.toMap(), schema);
     return fault ? u'/' + *fault : fault;
 }
 

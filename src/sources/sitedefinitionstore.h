@@ -14,7 +14,7 @@ public:
     /// The release that these definitions were written for.
     static constexpr int thisReleaseNumber = 116;
     /// Larger sets are refused.
-    static constexpr qsizetype maxSize = 2 * 1024 * 1024; // bytes
+    static constexpr qsizetype maxSize = qsizetype(2) * 1024 * 1024; // bytes
     /// When newer definitions were last asked for, in seconds since 1970. Unset when the built-in
     /// ones come into use, so that newer ones are asked for at once.
     static constexpr Setting<qint64> lastCheck{"lastDefinitionsCheck", 0};
