@@ -23,13 +23,15 @@ bool isForThisRelease(const SiteDefinitions &definitions)
         >= SiteDefinitionStore::thisReleaseNumber;
 }
 
+constexpr QLatin1String tooLarge{"is larger than 2 MB"};
+
 using Loaded = SiteDefinitionStore::Loaded;
 
 /// A set as it was written; not checked yet.
 Loaded parsedSet(const QByteArray &data)
 {
     if (data.size() > SiteDefinitionStore::maxSize)
-        return {{}, QStringLiteral("is larger than 2 MB")};
+        return {{}, tooLarge};
     const PropertyList::Parsed parsed = PropertyList::parse(data);
     if (!parsed.error.isEmpty())
         return {{}, parsed.error};
@@ -38,13 +40,18 @@ Loaded parsedSet(const QByteArray &data)
     return {SiteDefinitions(parsed.value.toMap()), {}};
 }
 
+void logRefusal(const char *which, const QString &problem)
+{
+    qCWarning(logSources).noquote() << which << "definitions refused:" << problem;
+}
+
 /// The set, or nothing and a log line that names the key at fault.
 SiteDefinitions setThatHolds(const SiteDefinitions &definitions, const char *which)
 {
     const std::optional<QString> problem = problemOfDefinitions(definitions.values());
     if (!problem)
         return definitions;
-    qCWarning(logSources).noquote() << which << "definitions refused:" << *problem;
+    logRefusal(which, *problem);
     return {};
 }
 
@@ -107,10 +114,12 @@ void SiteDefinitionStore::useDefinitions(SiteDefinitions definitions)
 
 bool SiteDefinitionStore::mergeAndStore(const QByteArray &propertyList)
 {
-    const SiteDefinitions parsed = parsedSet(propertyList).definitions;
-    if (!isForThisRelease(parsed))
+    const Loaded parsed = parsedSet(propertyList);
+    if (parsed.error == tooLarge)
+        logRefusal("newer", parsed.error);
+    if (!isForThisRelease(parsed.definitions))
         return false;
-    const SiteDefinitions newer = setThatHolds(parsed, "newer");
+    const SiteDefinitions newer = setThatHolds(parsed.definitions, "newer");
     if (newer.isEmpty())
         return false;
     QVariantMap merged = liveResources().values();

@@ -48,8 +48,6 @@ private Q_SLOTS:
     void formHoldsWhatIsSearched_data();
     void formHoldsWhatIsSearched();
     void brokenRecordIsFetchedAfresh();
-    void fieldsComeFromTheRecord();
-    void refusedPostCompletes();
 
 private:
     void serve(const Pages &results);
@@ -221,24 +219,6 @@ void TestFreeDBInterface::brokenRecordIsFetchedAfresh()
     search({});
     QCOMPARE(mServer->paths().count(u"/disc?id=garbage"_s), 2);
     QCOMPARE(mServer->paths().count(u"/disc?id=1"_s), 1); // the second from the cache
-}
-
-void TestFreeDBInterface::fieldsComeFromTheRecord()
-{
-    serve({{.body = page(1, row("1", "Nila Oster / Salt &amp; Iron"))}});
-    const AlbumInfo album = search({}).value(0);
-    QCOMPARE(album.artist(), u"Nila Oster"_s);
-    QCOMPARE(album.year(), u"1998"_s);
-    QCOMPARE(album.genre(), u"Folk"_s);
-    QCOMPARE(album.trackNames(), (QStringList{u"First Light"_s, u"Low Tide"_s}));
-    QCOMPARE(album.sourceInterfaceName(), u"FreeDBInterface"_s);
-}
-
-void TestFreeDBInterface::refusedPostCompletes()
-{
-    serve({});
-    QVERIFY(search({}, {{u"queryPOST"_s, u"file:///etc/passwd"_s}}).isEmpty());
-    QVERIFY(mServer->requests().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestFreeDBInterface)

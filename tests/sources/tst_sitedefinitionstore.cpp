@@ -32,7 +32,6 @@ class TestSiteDefinitionStore : public QObject {
 private Q_SLOTS:
     void init();
     void builtInSetHolds();
-    void builtInSetAsksForNewerOnes();
     void storedSetIsUsed_data();
     void storedSetIsUsed();
     void brokenSetOfTheUserIsLogged();
@@ -40,7 +39,6 @@ private Q_SLOTS:
     void newerSetIsMerged();
     void filesAreChecked_data();
     void filesAreChecked();
-    void setFromAFileIsUsedForThisProcess();
 
 private:
     std::unique_ptr<QTemporaryDir> mFolder;
@@ -68,13 +66,6 @@ void TestSiteDefinitionStore::builtInSetHolds()
         QVERIFY2(live.definitionOf(className), qPrintable(className));
     }
     QCOMPARE(catalog.find(u"FreeDBInterface"_s)->resourcesPossiblyAvailable.toInt(), 122U);
-}
-
-void TestSiteDefinitionStore::builtInSetAsksForNewerOnes()
-{
-    SiteDefinitionStore::lastCheck.set(*mSettings, 1);
-    SiteDefinitionStore(*mSettings).liveResources();
-    QVERIFY(!SiteDefinitionStore::lastCheck.isSet(*mSettings));
 }
 
 void TestSiteDefinitionStore::storedSetIsUsed_data()
@@ -151,7 +142,7 @@ void TestSiteDefinitionStore::newerSetIsMerged_data()
         << u"newer definitions refused: res_FreeDBInterface/queryPOST is no http or https address"_s;
     QTest::newRow("too large") << xml(
         release(117, {{u"latestReleaseNotes"_s, QString(3 << 20, u'x')}}))
-                               << false << QString();
+                               << false << u"newer definitions refused: is larger than 2 MB"_s;
 }
 
 void TestSiteDefinitionStore::newerSetIsMerged()
@@ -194,14 +185,6 @@ void TestSiteDefinitionStore::filesAreChecked()
     QCOMPARE(loaded.error, error.isEmpty() ? QString() : path + error);
     QCOMPARE(loaded.definitions.isEmpty(), !error.isEmpty());
     QVERIFY(SiteDefinitionStore::loadFile(path + u"no"_s).error.startsWith(path + u"no: "_s));
-}
-
-void TestSiteDefinitionStore::setFromAFileIsUsedForThisProcess()
-{
-    SiteDefinitionStore store(*mSettings);
-    store.useDefinitions(SiteDefinitions({{u"genres"_s, QVariantList{u"Own"_s}}}));
-    QCOMPARE(store.liveResources().genres(), QStringList{u"Own"_s});
-    QCOMPARE(SiteDefinitionStore(*mSettings).liveResources().genres().size(), 192);
 }
 
 QTEST_GUILESS_MAIN(TestSiteDefinitionStore)
