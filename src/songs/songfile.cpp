@@ -172,6 +172,8 @@ void SongFile::adoptCurrentModificationDate()
 bool SongFile::refresh()
 {
     updatePathFromAlias();
+    if (mPath.isEmpty())
+        return false;
     const auto attributes = attributesOfFile(mPath);
     if (!attributes) {
         mStatus = SongStatus::Problem;

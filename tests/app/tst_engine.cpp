@@ -5,7 +5,6 @@
 #include "text/simplifier.h"
 
 #include <QDir>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -19,7 +18,6 @@ private Q_SLOTS:
     void startInstallsWhatTheDefinitionsHold();
     void cacheIsClearedWhenDefinitionsSaySo_data();
     void cacheIsClearedWhenDefinitionsSaySo();
-    void importantLinesOfTheQueueAreForTheUser();
 
 private:
     std::unique_ptr<QTemporaryDir> mHome;
@@ -70,15 +68,6 @@ void TestEngine::cacheIsClearedWhenDefinitionsSaySo()
     engine.start(Engine::Definitions::Fixed);
     QTEST(QFileInfo::exists(ours + u"/page"_s), "isKept");
     QVERIFY(QFileInfo::exists(others));
-}
-
-void TestEngine::importantLinesOfTheQueueAreForTheUser()
-{
-    Engine engine(Engine::Pages::InMemory);
-    engine.start(Engine::Definitions::Fixed);
-    const QSignalSpy lines(&engine.log, &UserLog::lineAdded);
-    Q_EMIT engine.queue.importantLog(u"Network: out of reach"_s);
-    QCOMPARE(lines.size(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestEngine)
