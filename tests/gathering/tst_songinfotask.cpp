@@ -5,9 +5,11 @@
 #include "support/httpserver.h"
 #include "support/writtensong.h"
 
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThreadPool>
 
 namespace {
 using enum Asset;
@@ -83,6 +85,13 @@ struct World {
     {
         server.serve(path, {.type = "image/png", .body = picture});
         return server.url(path);
+    }
+
+    /// What is fetched there stays under way until it is cancelled.
+    void serveNoEndAt(const QString &path)
+    {
+        server.serve(path,
+                     {.body = "begun", .claimedLength = 1000, .then = HttpAnswer::Then::Stall});
     }
 
     void lends(const SongFields &fields)
@@ -167,6 +176,13 @@ struct World {
     std::unique_ptr<SongInfoTask> task;
     std::unique_ptr<QSignalSpy> finished;
 };
+
+/// Keeps every worker thread busy until each was allowed to go on.
+void occupyWorkers(QSemaphore &mayGoOn)
+{
+    for (int i = 0; i < QThreadPool::globalInstance()->maxThreadCount(); ++i)
+        QThreadPool::globalInstance()->start([&mayGoOn] { mayGoOn.acquire(); });
+}
 
 void bothModes()
 {
@@ -430,13 +446,17 @@ private Q_SLOTS:
         QFETCH(bool, parallel);
         QFETCH(QString, when);
         World world;
-        const QUrl art = world.art(u"/art"_qs, plainPicture(1000, 1000));
+        const QUrl art = world.art(u"/art"_qs, plainPicture(300, 300));
         world.sources = {{u"Discs"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}},
                          {u"More"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}}};
         SongInfoTask &task =
             world.taskFor({.title = u"Dawn"_qs, .album = u"Night"_qs}, AssetArtwork);
         task.setParallelMode(parallel);
-        const auto isFetchingArt = [&] { return world.server.paths().contains(u"/art"_qs); };
+        if (when == u"artwork")
+            world.serveNoEndAt(u"/art"_qs);
+        QSemaphore mayCheck;
+        if (when == u"checking")
+            occupyWorkers(mayCheck);
         if (when == u"before")
             task.cancel();
         task.gather();
@@ -445,21 +465,24 @@ private Q_SLOTS:
             QTRY_VERIFY(!world.server.requests().isEmpty());
         }
         if (when == u"artwork" || when == u"checking")
-            QTRY_VERIFY(isFetchingArt());
+            QTRY_VERIFY(world.server.paths().contains(u"/art"_qs));
         if (when == u"checking")
             QTRY_COMPARE(world.queue.numberOfRows(), 0);
         task.cancel();
         task.cancel();
+        mayCheck.release(QThreadPool::globalInstance()->maxThreadCount());
         QVERIFY(world.comesToAnEnd());
         QVERIFY(task.wasCancelled());
         QCOMPARE(task.changedAssetFlags(), Assets());
+        QThreadPool::globalInstance()->waitForDone(); // the semaphore is about to go
         QCOMPARE(world.queue.numberOfRows(), 0);
     }
 
     void aTaskMayGoAwayAtAnyTime()
     {
         World world;
-        const QUrl art = world.art(u"/art"_qs, plainPicture(300, 300));
+        world.serveNoEndAt(u"/art"_qs);
+        const QUrl art = world.server.url(u"/art"_qs);
         world.sources = {{u"Discs"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}}};
         for (const QString &until : {u"/page?Discs"_qs, u"/art"_qs}) {
             world.server.hold();
