@@ -116,6 +116,8 @@ InPlaceFile::Opened InPlaceFile::open(const QString &path)
         return {.file = nullptr, .error = qtTrId("ReasonNotRegular")};
     if (!lockFile(file.get(), patience))
         return {.file = nullptr, .error = qtTrId("ReasonFileBusy")};
+    if (const QString error = recoverJournalsOf(file.get()); !error.isEmpty())
+        return {.file = nullptr, .error = error};
     const auto attributes = FileAttributes::of(file.get());
     if (!attributes)
         return {.file = nullptr, .error = reasonOf(lastError())};

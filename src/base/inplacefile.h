@@ -20,7 +20,8 @@ public:
     struct Opened;
 
     /// Opens for reading and writing; links are followed, and only regular files are opened. Other
-    /// writers of ours wait for it meanwhile, and are refused after a while.
+    /// writers of ours wait for it meanwhile, and are refused after a while. A file that another
+    /// one left half written is put right first.
     [[nodiscard]] static Opened open(const QString &path);
 
     InPlaceFile(const InPlaceFile &) = delete;

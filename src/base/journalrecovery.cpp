@@ -34,47 +34,48 @@ void leaveForLater(const QString &path, const QString &reason)
 }
 
 /// Puts the old bytes back.
-void restore(int song, WriteJournal &journal, const JournalledWrite &write)
+std::error_code restore(int song, WriteJournal &journal, const JournalledWrite &write)
 {
-    if (const auto error = rollBack(song, journal.savedBytes(), write.plan)) {
-        leaveForLater(write.path, reasonOf(error));
-        return;
-    }
+    if (const auto error = rollBack(song, journal.savedBytes(), write.plan))
+        return error;
     write.before.restoreTimes(song);
     journal.drop();
     qCWarning(logBase).noquote() << "** interrupted write rolled back:" << write.path;
+    return {};
 }
 
 /// A song that holds the old bytes or the new ones needs at most its times. Another file in its
 /// place keeps even these.
-void finish(int song, WriteJournal &journal, const JournalledWrite &write, const SongState &state,
-            bool isSameFile)
+std::error_code finish(int song, WriteJournal &journal, const JournalledWrite &write,
+                       const SongState &state, bool isSameFile)
 {
-    if (const auto error = syncAll(song)) {
-        leaveForLater(write.path, reasonOf(error));
-        return;
-    }
+    if (const auto error = syncAll(song))
+        return error;
     if (isSameFile && (state.isOld || write.keepTime == KeepTime::Yes))
         write.before.restoreTimes(song);
     journal.drop();
     qCWarning(logBase).noquote() << (state.isOld ? "** interrupted write had not begun:"
                                                  : "** interrupted write was complete:")
                                  << write.path;
+    return {};
 }
 
-void settle(int song, WriteJournal &journal, const JournalledWrite &write, bool isSameFile)
+/// With an error the song is as it was, and so is its journal.
+std::error_code settle(int song, WriteJournal &journal, const JournalledWrite &write,
+                       bool isSameFile)
 {
     SongState state;
     if (const auto error = examine(song, journal.savedBytes(), write.plan, state))
-        leaveForLater(write.path, reasonOf(error));
-    else if (state.isForeign)
+        return error;
+    if (!state.isForeign && (state.isOld || state.isNew))
+        return finish(song, journal, write, state, isSameFile);
+    if (state.isForeign)
         putAside(journal, write.path, "it was changed since");
-    else if (state.isOld || state.isNew)
-        finish(song, journal, write, state, isSameFile);
     else if (!isSameFile && state.evidence < enoughEvidence)
         putAside(journal, write.path, "another file is in its place");
     else
-        restore(song, journal, write);
+        return restore(song, journal, write);
+    return {};
 }
 
 void recoverSong(WriteJournal &journal, const JournalledWrite &write)
@@ -90,8 +91,9 @@ void recoverSong(WriteJournal &journal, const JournalledWrite &write)
         putAside(journal, write.path, "it is no file any more");
     else if (!lockFile(song.get(), patience))
         leaveForLater(write.path, qtTrId("ReasonFileBusy"));
-    else
-        settle(song.get(), journal, write, attributes->isSameFile(write.before));
+    else if (const auto error =
+                 settle(song.get(), journal, write, attributes->isSameFile(write.before)))
+        leaveForLater(write.path, reasonOf(error));
 }
 
 void recoverJournal(const QString &path)
@@ -114,30 +116,37 @@ void recoverJournal(const QString &path)
     }
 }
 
-template<typename Call>
-void forEachJournal(Call call)
+QStringList journalPaths()
 {
-    const Descriptor folder = openFolder(journalFolder());
-    if (!folder || !lockFile(folder.get(), patience))
-        return;
     const QDir::Filters files = QDir::Files | QDir::Hidden | QDir::System | QDir::NoSymLinks;
+    QStringList paths;
     for (const QString &name :
          QDir(journalFolder()).entryList({QStringLiteral("*.journal")}, files))
-        call(journalFolder() + QLatin1Char('/') + name);
+        paths << journalFolder() + QLatin1Char('/') + name;
+    return paths;
 }
 } // namespace
 
 void recoverJournals()
 {
-    forEachJournal(recoverJournal);
+    const Descriptor folder = openFolder(journalFolder());
+    if (!folder || !lockFile(folder.get(), patience))
+        return;
+    for (const QString &path : journalPaths())
+        recoverJournal(path);
 }
 
-void recoverJournalsOf(const FileAttributes &song)
+QString recoverJournalsOf(int song)
 {
-    forEachJournal([&](const QString &path) {
+    const auto attributes = FileAttributes::of(song);
+    for (const QString &path : journalPaths()) {
         WriteJournal::Found found = WriteJournal::find(path);
-        if (found.state == WriteJournal::Found::State::Complete
-            && found.write.before.isSameFile(song))
-            recoverSong(*found.journal, found.write);
-    });
+        if (!attributes || !found.write.before.isSameFile(*attributes))
+            continue;
+        if (found.state == WriteJournal::Found::State::Busy)
+            return qtTrId("ReasonFileBusy");
+        if (const auto error = settle(song, *found.journal, found.write, true))
+            return qtTrId("ReasonNotRolledBack").arg(reasonOf(error));
+    }
+    return {};
 }

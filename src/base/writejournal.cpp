@@ -268,8 +268,9 @@ WriteJournal::Found WriteJournal::find(const QString &path)
 {
     Descriptor file(
         ::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-    if (!file || !lockFile(file.get(), std::chrono::milliseconds(0)))
+    if (!file)
         return {};
+    const bool isLocked = lockFile(file.get(), std::chrono::milliseconds(0));
     const auto attributes = FileAttributes::of(file.get());
     if (!attributes || attributes->links == 0)
         return {};
@@ -280,7 +281,10 @@ WriteJournal::Found WriteJournal::find(const QString &path)
     } catch (const MalformedData &) {
         found.state = Found::State::Damaged;
     }
-    found.journal = WriteJournal(path, std::move(file));
+    if (isLocked)
+        found.journal = WriteJournal(path, std::move(file));
+    else
+        found.state = Found::State::Busy;
     return found;
 }
 

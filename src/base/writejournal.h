@@ -69,7 +69,7 @@ struct WriteJournal::Found {
     };
     State state = State::Busy;
     std::optional<WriteJournal> journal; ///< nothing when busy
-    JournalledWrite write; ///< when complete
+    JournalledWrite write; ///< when complete; a busy one's too, where it can be told
 };
 
 /// Where journals are while a write is under way.

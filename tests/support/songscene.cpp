@@ -1,10 +1,10 @@
 #include "support/songscene.h"
 
 #include "base/folders.h"
-#include "base/inplacefile.h"
 #include "support/tempfiles.h"
 
-#include <QDir>
+#include <QDirIterator>
+#include <QTest>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -20,15 +20,17 @@ QString folderTemplate()
         + QStringLiteral("/tagwright-XXXXXX");
 }
 
-int writeSong(const QString &path, const FileContents &contents)
+int resultOf(const InPlaceFile::Outcome &outcome)
 {
-    const auto opened = InPlaceFile::open(path);
-    if (!opened.file)
-        return opened.error.isEmpty() ? FailedWithoutReason : Failed;
-    const auto outcome = opened.file->replaceContents(contents, KeepTime::No);
-    if (outcome.kind == InPlaceFile::Outcome::Kind::Failed)
+    using Kind = InPlaceFile::Outcome::Kind;
+    if (outcome.kind == Kind::Failed)
         return outcome.error.isEmpty() ? FailedWithoutReason : Failed;
-    return outcome.kind == InPlaceFile::Outcome::Kind::Written ? Written : Unchanged;
+    return outcome.kind == Kind::Written ? Written : Unchanged;
+}
+
+Shape shape(const char *name, const Parts &parts)
+{
+    return {.name = name, .parts = parts, .expected = bytesFrom(parts, oldBytes())};
 }
 } // namespace
 
@@ -46,40 +48,62 @@ const QByteArray &oldBytes()
     return bytes;
 }
 
-std::vector<Shape> shapes()
+FileContents contentsFrom(const Parts &parts)
 {
-    const QByteArray tag = noise(10'000, 2);
-    const QByteArray end = noise(128, 3);
-    std::vector<Shape> all(5);
-    all[0].name = "head and end of the same size";
-    all[0].contents.append(tag);
-    all[0].contents.keep(tag.size(), songSize - tag.size() - end.size());
-    all[0].contents.append(end);
-    all[0].expected = tag + oldBytes().mid(tag.size(), songSize - tag.size() - end.size()) + end;
-    all[1].name = "grown";
-    all[1].contents.append(tag);
-    all[1].contents.keep(500, songSize - 500);
-    all[1].expected = tag + oldBytes().mid(500);
-    all[2].name = "shrunk";
-    all[2].contents.append(tag);
-    all[2].contents.keep(30'000, songSize - 30'000);
-    all[2].expected = tag + oldBytes().mid(30'000);
-    all[3].name = "ranges change places";
-    all[3].contents.keep(70'000, 30'000);
-    all[3].contents.keep(0, 70'000);
-    all[3].expected = oldBytes().mid(70'000) + oldBytes().left(70'000);
-    all[4].name = "end added";
-    all[4].contents.keep(0, songSize);
-    all[4].contents.append(end);
-    all[4].expected = oldBytes() + end;
+    FileContents contents;
+    for (const Part &part : parts) {
+        contents.append(part.bytes);
+        contents.keep(part.offset, part.length);
+    }
+    return contents;
+}
+
+QByteArray bytesFrom(const Parts &parts, const QByteArray &old)
+{
+    QByteArray bytes;
+    for (const Part &part : parts)
+        bytes += part.bytes + old.mid(part.offset, part.length);
+    return bytes;
+}
+
+const std::vector<Shape> &shapes()
+{
+    static const QByteArray tag = noise(10'000, 2);
+    static const QByteArray end = noise(128, 3);
+    static const std::vector<Shape> all = {
+        shape("head and end of the same size",
+              {{tag}, {.offset = 10'000, .length = songSize - 10'128}, {end}}),
+        shape("grown", {{tag}, {.offset = 500, .length = songSize - 500}}),
+        shape("shrunk", {{tag}, {.offset = 30'000, .length = songSize - 30'000}}),
+        shape("ranges change places", {{.offset = 70'000, .length = 30'000}, {.length = 70'000}}),
+        shape("end added", {{.length = songSize}, {end}})};
     return all;
+}
+
+void addShapes()
+{
+    QTest::addColumn<Shape>("shape");
+    for (const Shape &shape : shapes())
+        QTest::newRow(shape.name) << shape;
+}
+
+void makeOld(const QString &path)
+{
+    ::utimensat(AT_FDCWD, QFile::encodeName(path).constData(), longAgo, 0);
+}
+
+bool hasOldTime(const QString &path)
+{
+    struct stat found = {};
+    ::stat(QFile::encodeName(path).constData(), &found);
+    return found.st_mtim.tv_sec == longAgo[1].tv_sec && found.st_mtim.tv_nsec == longAgo[1].tv_nsec;
 }
 
 Scene::Scene()
     : mFolder(folderTemplate())
 {
     writeFile(path(), oldBytes());
-    ::utimensat(AT_FDCWD, QFile::encodeName(path()).constData(), longAgo, 0);
+    makeOld(path());
     qputenv("XDG_STATE_HOME", QFile::encodeName(mFolder.filePath(QStringLiteral("state"))));
 }
 
@@ -93,29 +117,37 @@ bool Scene::isOld() const
     return fileContents(path()) == oldBytes();
 }
 
-bool Scene::hasOldTime() const
-{
-    struct stat found = {};
-    ::stat(QFile::encodeName(path()).constData(), &found);
-    return found.st_mtim.tv_sec == longAgo[1].tv_sec && found.st_mtim.tv_nsec == longAgo[1].tv_nsec;
-}
-
 bool Scene::isNew(const Shape &shape) const
 {
     return fileContents(path()) == shape.expected;
 }
 
-QStringList Scene::leftOvers()
+QStringList filesIn(const QString &folder)
 {
-    const QDir state(stateFolder());
-    return QDir(state.filePath(QStringLiteral("journal"))).entryList(QDir::Files)
-        + QDir(state.filePath(QStringLiteral("kept"))).entryList(QDir::Files);
+    QStringList found;
+    QDirIterator each(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (each.hasNext())
+        found << each.next();
+    return found;
+}
+
+QStringList leftOvers()
+{
+    return filesIn(stateFolder());
+}
+
+InPlaceFile::Outcome replace(const QString &path, const Parts &parts, KeepTime keepTime)
+{
+    const auto opened = InPlaceFile::open(path);
+    if (!opened.file)
+        return {.kind = InPlaceFile::Outcome::Kind::Failed, .error = opened.error};
+    return opened.file->replaceContents(contentsFrom(parts), keepTime);
 }
 
 TracedRun write(const Scene &scene, const Shape &shape, Disturbance disturbance,
                 const std::function<void(const TracedCall &)> &observer)
 {
-    return runTraced([&] { return writeSong(scene.path(), shape.contents); }, disturbance,
+    return runTraced([&] { return resultOf(replace(scene.path(), shape.parts)); }, disturbance,
                      observer);
 }
 

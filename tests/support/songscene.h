@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/filecontents.h"
+#include "base/inplacefile.h"
 #include "support/tracedprocess.h"
 
 #include <QStringList>
@@ -15,14 +15,38 @@ constexpr int songSize = 100'000;
 
 const QByteArray &oldBytes();
 
+/// New bytes, or a range kept from the old file.
+struct Part {
+    QByteArray bytes = {};
+    qint64 offset = 0;
+    qint64 length = 0;
+};
+using Parts = QList<Part>;
+
+FileContents contentsFrom(const Parts &parts);
+QByteArray bytesFrom(const Parts &parts, const QByteArray &old);
+
 /// What a write makes of the song.
 struct Shape {
-    const char *name;
-    FileContents contents;
-    QByteArray expected;
+    const char *name = nullptr;
+    Parts parts = {};
+    QByteArray expected = {};
 };
 
-std::vector<Shape> shapes();
+const std::vector<Shape> &shapes();
+
+/// A row for each shape, in the column "shape".
+void addShapes();
+
+/// Gives a file times of long ago, by which a later write shows however coarse the clock is.
+void makeOld(const QString &path);
+bool hasOldTime(const QString &path);
+
+/// The paths of all files in the folder and those in it.
+QStringList filesIn(const QString &folder);
+
+/// Journals, and bytes that were put aside.
+QStringList leftOvers();
 
 /// A song with an old time and the state folder of the program that writes it. Made afresh it
 /// becomes the one that this process and its children use.
@@ -32,11 +56,7 @@ public:
 
     [[nodiscard]] QString path() const;
     [[nodiscard]] bool isOld() const;
-    [[nodiscard]] bool hasOldTime() const;
     [[nodiscard]] bool isNew(const Shape &shape) const;
-
-    /// Journals, and bytes that were put aside.
-    [[nodiscard]] static QStringList leftOvers();
 
 private:
     QTemporaryDir mFolder;
@@ -45,10 +65,14 @@ private:
 /// What the process of a write returns.
 enum WriteResult { Written, Failed, FailedWithoutReason, Unchanged };
 
+/// Writes in this process.
+InPlaceFile::Outcome replace(const QString &path, const Parts &parts,
+                             KeepTime keepTime = KeepTime::No);
+
 /// Writes or recovers in a process of its own.
 TracedRun write(const Scene &scene, const Shape &shape, Disturbance disturbance,
                 const std::function<void(const TracedCall &)> &observer = {});
-TracedRun recover(Disturbance disturbance = {});
+TracedRun recover(Disturbance disturbance);
 
 /// Keeps what the program logs out of the test's report.
 class Quiet {
@@ -61,3 +85,6 @@ public:
 private:
     QtMessageHandler mFormer;
 };
+
+Q_DECLARE_METATYPE(Part)
+Q_DECLARE_METATYPE(Shape)
