@@ -145,9 +145,12 @@ private:
 
     void compare(qint64 length)
     {
-        for (size_t i = 0; i < static_cast<size_t>(length); ++i) {
-            const bool old = (*mNow)[i] == (*mBefore)[i];
-            const bool changed = (*mNow)[i] == (*mAfter)[i];
+        const char *now = mNow->data();
+        const char *before = mBefore->data();
+        const char *after = mAfter->data();
+        for (qint64 i = 0; i < length; ++i) {
+            const bool old = now[i] == before[i];
+            const bool changed = now[i] == after[i];
             state.isOld = state.isOld && old;
             state.isNew = state.isNew && changed;
             state.isForeign = state.isForeign || (!old && !changed);
