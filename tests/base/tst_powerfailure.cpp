@@ -51,6 +51,9 @@ public:
 
     void failPower()
     {
+        for (const QString &path : leftOvers())
+            if (!mSynced.contains(path))
+                mSynced[path] = {};
         for (auto it = mSynced.cbegin(); it != mSynced.cend(); ++it)
             if (QFile::exists(it.key()))
                 mWritten[it.key()] = fileContents(it.key());
