@@ -134,8 +134,8 @@ Fault faultOfValue(const QVariant &value, DefinitionKind kind)
         return faultOfAddressFormat(value, {textPlaceholder});
     case DefinitionKind::ArtistTitleAddressFormat:
         return faultOfAddressFormat(value, {textPlaceholder, textPlaceholder});
-    case DefinitionKind::ParseSpecification:
-        return faultOfDictionary(value, parseSpecificationSchema());
+    case DefinitionKind::ParseRecipe:
+        return faultOfDictionary(value, parseRecipeSchema());
     case DefinitionKind::Integer:
     case DefinitionKind::Number:
     case DefinitionKind::Switch:

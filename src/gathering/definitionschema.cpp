@@ -25,19 +25,16 @@ constexpr std::array common{
     DefinitionKey{"minInterval", Number},
 };
 
-constexpr std::array parseSpecification{
+constexpr std::array parseRecipe{
     DefinitionKey{"listBegin", Text},  DefinitionKey{"listEnd", Text},
     DefinitionKey{"entryBegin", Text}, DefinitionKey{"textBegin", Text},
     DefinitionKey{"textEnd", Text},
 };
 
 constexpr std::array freeDB{
-    DefinitionKey{"queryPOST", Address},
-    DefinitionKey{"parseAlbumList", ParseSpecification},
-    DefinitionKey{"firstResultsFragment", Text},
-    DefinitionKey{"moreResultsFragment", Text},
-    DefinitionKey{"discInfoURL", AddressFormat},
-    DefinitionKey{"albumResultDelimiter", Text},
+    DefinitionKey{"queryPOST", Address},         DefinitionKey{"parseAlbumList", ParseRecipe},
+    DefinitionKey{"firstResultsFragment", Text}, DefinitionKey{"moreResultsFragment", Text},
+    DefinitionKey{"discInfoURL", AddressFormat}, DefinitionKey{"albumResultDelimiter", Text},
 };
 
 constexpr std::array cdUniverse{
@@ -45,12 +42,12 @@ constexpr std::array cdUniverse{
     DefinitionKey{"queryArtistName", AddressFormat},
     DefinitionKey{"multiMatch", Text},
     DefinitionKey{"multiURLPrefix", AddressPrefix},
-    DefinitionKey{"multiMatchParse", ParseSpecification},
+    DefinitionKey{"multiMatchParse", ParseRecipe},
     DefinitionKey{"artistBegin", Text},
     DefinitionKey{"albumBegin", Text},
     DefinitionKey{"albumEnd", Text},
     DefinitionKey{"rootURLPrefix", AddressPrefix},
-    DefinitionKey{"albumListParse", ParseSpecification},
+    DefinitionKey{"albumListParse", ParseRecipe},
     DefinitionKey{"parseAlbumArtist", Text},
     DefinitionKey{"parseAlbumTitle", Text},
     DefinitionKey{"parseAlbumArtURLBegin", Text},
@@ -70,8 +67,8 @@ constexpr std::array tower{
     DefinitionKey{"albumTitleAfter", Text},
     DefinitionKey{"albumArtistAfter", Text},
     DefinitionKey{"albumPageListIndicator", Text},
-    DefinitionKey{"parseAlbumPageList", ParseSpecification},
-    DefinitionKey{"parseAlbumList", ParseSpecification},
+    DefinitionKey{"parseAlbumPageList", ParseRecipe},
+    DefinitionKey{"parseAlbumList", ParseRecipe},
     DefinitionKey{"parseAlbumArtist", Text},
     DefinitionKey{"parseAlbumTitle", Text},
     DefinitionKey{"parseAlbumArtURL", Text},
@@ -86,11 +83,11 @@ constexpr std::array googleImage{
     DefinitionKey{"queryArtistAndAlbum", AddressFormat},
     DefinitionKey{"similarThreshold", Integer},
     DefinitionKey{"scriptTrim", Text},
-    DefinitionKey{"scriptParse", ParseSpecification},
+    DefinitionKey{"scriptParse", ParseRecipe},
     DefinitionKey{"scriptChunkOrder", Text},
     DefinitionKey{"htmlPrefix", AddressPrefix},
     DefinitionKey{"htmlDelimiters", Text},
-    DefinitionKey{"htmlParse", ParseSpecification},
+    DefinitionKey{"htmlParse", ParseRecipe},
 };
 
 constexpr std::array bestCovers{
@@ -104,8 +101,8 @@ constexpr std::array coverKingdom{
     DefinitionKey{"baseURL", Address},
     DefinitionKey{"query", TextFormat},
     DefinitionKey{"coverAudioPrefix", Address},
-    DefinitionKey{"mainListParse", ParseSpecification},
-    DefinitionKey{"resourceListParse", ParseSpecification},
+    DefinitionKey{"mainListParse", ParseRecipe},
+    DefinitionKey{"resourceListParse", ParseRecipe},
 };
 
 constexpr std::array ckDigest{
@@ -119,7 +116,7 @@ constexpr std::array fredoCovers{
 
 constexpr std::array lyricsAndSongs{
     DefinitionKey{"queryArtistTitle", ArtistTitleAddressFormat},
-    DefinitionKey{"parseSearchResults", ParseSpecification},
+    DefinitionKey{"parseSearchResults", ParseRecipe},
     DefinitionKey{"linkPrefix", Text},
     DefinitionKey{"lyricHead", Text},
     DefinitionKey{"lyricFoot", Text},
@@ -129,7 +126,7 @@ constexpr std::array lyricsAndSongs{
 
 constexpr std::array leosLyrics{
     DefinitionKey{"queryArtistTitle", ArtistTitleAddressFormat},
-    DefinitionKey{"parseSearchResults", ParseSpecification},
+    DefinitionKey{"parseSearchResults", ParseRecipe},
     DefinitionKey{"baseURL", AddressPrefix},
     DefinitionKey{"keepLooking", Switch},
     DefinitionKey{"nextResultsPage", Text},
@@ -140,8 +137,8 @@ constexpr std::array leosLyrics{
 
 constexpr std::array askLyrics{
     DefinitionKey{"queryArtist", AddressFormat},
-    DefinitionKey{"artistListParse", ParseSpecification},
-    DefinitionKey{"songListParse", ParseSpecification},
+    DefinitionKey{"artistListParse", ParseRecipe},
+    DefinitionKey{"songListParse", ParseRecipe},
     DefinitionKey{"linkPrefix", Text},
 };
 
@@ -176,7 +173,7 @@ std::span<const SourceSchema> sourceSchemas()
     return sources;
 }
 
-std::span<const DefinitionKey> parseSpecificationSchema()
+std::span<const DefinitionKey> parseRecipeSchema()
 {
-    return parseSpecification;
+    return parseRecipe;
 }

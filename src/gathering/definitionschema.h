@@ -13,7 +13,7 @@ enum class DefinitionKind {
     AddressPrefix, ///< put before a link, so that it begins with http or https; may be empty
     AddressFormat, ///< an address with one "%@" behind its host; empty: not available
     ArtistTitleAddressFormat, ///< the same with two: artist, then song title
-    ParseSpecification, ///< a dictionary of the five page markers
+    ParseRecipe, ///< a dictionary of the five page markers
     Integer, ///< a number, or a text of one
     Number, ///< the same with a fraction
     Switch, ///< true or false, or an integer of which 0 is false
@@ -38,5 +38,5 @@ struct SourceSchema {
 [[nodiscard]] std::span<const DefinitionKey> commonSchema();
 /// The keys of each source class.
 [[nodiscard]] std::span<const SourceSchema> sourceSchemas();
-/// The five markers of a parse specification.
-[[nodiscard]] std::span<const DefinitionKey> parseSpecificationSchema();
+/// The five markers of a parse recipe.
+[[nodiscard]] std::span<const DefinitionKey> parseRecipeSchema();

@@ -24,7 +24,7 @@ public:
     /// Numbers may stand as texts; 0 when the key is missing. A fraction is cut off.
     [[nodiscard]] int integer(const QString &key) const;
     [[nodiscard]] double number(const QString &key) const;
-    /// A parse specification, or any other dictionary below the key.
+    /// A parse recipe, or any other dictionary below the key.
     [[nodiscard]] std::optional<QVariantMap> dictionary(const QString &key) const;
     [[nodiscard]] bool holds(const QStringList &keys) const;
     /// The format below `key` with the values put in place of "%@" or "%d", in order; nothing

@@ -148,7 +148,7 @@ void TestSiteDefinition::faultsAreNamed_data()
     row("format of another scheme", freeDB, "discInfoURL", u"ftp://a/%@"_s, notHttp);
     row("scheme left open", freeDB, "discInfoURL", u"%@"_s, notHttp);
     row("marker that is a number", freeDB, "firstResultsFragment", 7, u"is no text"_s);
-    QTest::newRow("marker inside a parse specification")
+    QTest::newRow("marker inside a parse recipe")
         << freeDB << u"parseAlbumList/listEnd"_s << QVariant(7) << u"is no text"_s;
     row("two texts wanted", u"LeosLyricsInterface"_s, "queryArtistTitle", u"http://a/%@"_s,
         u"must hold %@, %@ and no other placeholder (%% is a percent sign)"_s);
@@ -186,7 +186,7 @@ void TestSiteDefinition::documentationNamesEveryKey()
     };
     verifyNamed(page, topLevelSchema());
     verifyNamed(page, commonSchema());
-    verifyNamed(page, parseSpecificationSchema());
+    verifyNamed(page, parseRecipeSchema());
     for (const SourceSchema &source : sourceSchemas()) {
         const QString heading = u"### "_s + QString::fromLatin1(source.className) + u'\n';
         QVERIFY2(page.contains(heading), source.className);

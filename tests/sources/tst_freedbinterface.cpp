@@ -170,7 +170,7 @@ void TestFreeDBInterface::searches_data()
     add("nowhere to search", {}, {{.body = page(1, one)}}, {}, {{u"queryPOST"_s, QString()}});
     add("nowhere to read discs", {}, {{.body = page(1, one)}}, {}, {{u"discInfoURL"_s, QString()}});
     add("no delimiter", {}, {{.body = page(1, one)}}, {}, {{u"albumResultDelimiter"_s, QString()}});
-    add("no parse specification", {}, {{.body = page(1, one)}}, {},
+    add("no parse recipe", {}, {{.body = page(1, one)}}, {},
         {{u"parseAlbumList"_s, QVariantMap()}});
 }
 
