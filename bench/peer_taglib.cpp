@@ -48,7 +48,10 @@ TagLib::String frameText(const TagLib::ID3v2::Tag *tag, const char *id)
 std::string sha1(const ByteVector &data)
 {
     unsigned char digest[SHA_DIGEST_LENGTH];
-    SHA1(reinterpret_cast<const unsigned char *>(data.data()), data.size(), digest);
+    SHA_CTX context;
+    SHA1_Init(&context);
+    SHA1_Update(&context, data.data(), data.size());
+    SHA1_Final(digest, &context);
     std::string hex;
     for (const unsigned char byte : digest) {
         char two[3];

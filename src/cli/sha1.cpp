@@ -9,8 +9,10 @@
 
 QString sha1Hex(QByteArrayView bytes)
 {
+    SHA_CTX context;
+    SHA1_Init(&context);
+    SHA1_Update(&context, bytes.data(), static_cast<size_t>(bytes.size()));
     QByteArray digest(SHA_DIGEST_LENGTH, Qt::Uninitialized);
-    SHA1(reinterpret_cast<const unsigned char *>(bytes.data()), static_cast<size_t>(bytes.size()),
-         reinterpret_cast<unsigned char *>(digest.data()));
+    SHA1_Final(reinterpret_cast<unsigned char *>(digest.data()), &context);
     return QString::fromLatin1(digest.toHex());
 }
