@@ -32,6 +32,13 @@ void Report::object(const QJsonObject &object)
     print(QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
 }
 
+void Report::object(const std::function<void(JsonWriter &)> &write)
+{
+    JsonWriter json;
+    write(json);
+    print(json.json() + '\n');
+}
+
 void Report::text(const QString &lines)
 {
     print(lines.toUtf8() + '\n');

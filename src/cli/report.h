@@ -1,9 +1,12 @@
 #pragma once
 
 #include "cli/commandline.h"
+#include "cli/jsonwriter.h"
 
 #include <QJsonObject>
 #include <QString>
+
+#include <functional>
 
 enum class ReportFormat { Text, JsonLines };
 
@@ -20,6 +23,8 @@ public:
 
     /// One line of JSON.
     void object(const QJsonObject &object);
+    /// The same, written straight into the line.
+    void object(const std::function<void(JsonWriter &)> &write);
     /// One line (or several) of text, without the last line end.
     void text(const QString &lines);
     /// What has been printed is handed on now, not when the buffer is full.

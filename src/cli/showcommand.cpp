@@ -46,7 +46,8 @@ private:
     void print(const QString &path, const AudioInfoTag &tag)
     {
         if (mReport.format() == ReportFormat::JsonLines)
-            mReport.object(tagAsJson(path, tag, mFrames, mOptions.dialect));
+            mReport.object(
+                [&](JsonWriter &json) { writeTag(json, path, tag, mFrames, mOptions.dialect); });
         else
             mReport.text(tagAsText(path, tag, mFrames, mOptions.dialect));
     }
@@ -60,7 +61,7 @@ private:
     void noTag(const FoundPath &found, const QString &reason)
     {
         if (mReport.format() == ReportFormat::JsonLines)
-            mReport.object(noTagAsJson(found.path, reason));
+            mReport.object([&](JsonWriter &json) { writeNoTag(json, found.path, reason); });
         mReport.error(found.path, reason);
     }
 

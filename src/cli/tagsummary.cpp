@@ -3,66 +3,96 @@
 #include "cli/sha1.h"
 #include "tags/mp3infotag.h"
 
-#include <QJsonArray>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QJsonValue textOrNull(const std::optional<QString> &text)
+void writeImageKeys(JsonWriter &json, const ID3Image &image, const ID3Dialect &dialect)
 {
-    return text && !text->isEmpty() ? QJsonValue(*text) : QJsonValue();
+    json.key("mime"_L1);
+    json.textOrNull(image.mimeFormat(dialect));
+    json.key("suffix"_L1);
+    json.textOrNull(image.filenameSuffix(dialect));
+    json.key("description"_L1);
+    json.textOrNull(image.description);
+    json.key("pictureType"_L1);
+    json.number(image.pictureType);
+    json.key("textEncoding"_L1);
+    json.number(image.textEncoding);
+    json.key("bytes"_L1);
+    json.number(image.data.size());
+    json.key("sha1"_L1);
+    json.textOrNull(image.data.isEmpty() ? QString() : sha1Hex(image.data));
 }
 
-QJsonObject imageAsJson(const ID3Image &image, const ID3Dialect &dialect)
-{
-    return {
-        {u"mime"_s, textOrNull(image.mimeFormat(dialect))},
-        {u"suffix"_s, textOrNull(image.filenameSuffix(dialect))},
-        {u"description"_s, textOrNull(image.description)},
-        {u"pictureType"_s, image.pictureType},
-        {u"textEncoding"_s, image.textEncoding},
-        {u"bytes"_s, image.data.size()},
-        {u"sha1"_s, image.data.isEmpty() ? QJsonValue() : QJsonValue(sha1Hex(image.data))},
-    };
-}
-
-/// A frame's content as the keys that its kind has.
+/// Writes the keys that a frame's kind of content has.
 struct ContentAsJson {
+    JsonWriter &json;
     const ID3Dialect &dialect;
 
-    QJsonObject operator()(const QStringList &strings) const
+    void operator()(const QStringList &strings) const
     {
-        return {{u"kind"_s, u"text"_s}, {u"strings"_s, QJsonArray::fromStringList(strings)}};
+        writeKind(u"text");
+        json.key("strings"_L1);
+        json.beginArray();
+        for (const QString &string : strings)
+            json.text(string);
+        json.endArray();
     }
-    QJsonObject operator()(const TextBlock &lyrics) const
+    void operator()(const TextBlock &lyrics) const
     {
-        return {{u"kind"_s, u"lyrics"_s},
-                {u"text"_s, textOrNull(lyrics.text)},
-                {u"desc"_s, textOrNull(lyrics.desc)},
-                {u"lang"_s, textOrNull(lyrics.lang)}};
+        writeKind(u"lyrics");
+        json.key("text"_L1);
+        json.textOrNull(lyrics.text);
+        json.key("desc"_L1);
+        json.textOrNull(lyrics.desc);
+        json.key("lang"_L1);
+        json.textOrNull(lyrics.lang);
     }
-    QJsonObject operator()(const ID3Image &image) const
+    void operator()(const ID3Image &image) const
     {
-        QJsonObject object = imageAsJson(image, dialect);
-        object.insert(u"kind", u"image"_s);
-        return object;
+        writeKind(u"image");
+        writeImageKeys(json, image, dialect);
     }
-    QJsonObject operator()(const QByteArray &raw) const
+    void operator()(const QByteArray &raw) const
     {
-        return {{u"kind"_s, u"raw"_s}, {u"hex"_s, QString::fromLatin1(raw.toHex())}};
+        writeKind(u"raw");
+        json.key("hex"_L1);
+        json.text(QString::fromLatin1(raw.toHex()));
+    }
+
+private:
+    void writeKind(QStringView kind) const
+    {
+        json.key("kind"_L1);
+        json.text(kind);
     }
 };
 
-QJsonArray framesAsJson(const FrameStore &frames, const ID3Dialect &dialect)
+void writeFrames(JsonWriter &json, const FrameStore &frames, const ID3Dialect &dialect)
 {
-    QJsonArray array;
+    json.key("frames"_L1);
+    json.beginArray();
     for (const FrameStore::Entry &entry : frames.entries()) {
-        QJsonObject object = std::visit(ContentAsJson{dialect}, entry.content);
-        object.insert(u"id", entry.id);
-        array.append(object);
+        json.beginObject();
+        json.key("id"_L1);
+        json.text(entry.id);
+        std::visit(ContentAsJson{json, dialect}, entry.content);
+        json.endObject();
     }
-    return array;
+    json.endArray();
+}
+
+void writeImages(JsonWriter &json, const QList<ID3Image> &images, const ID3Dialect &dialect)
+{
+    json.key("images"_L1);
+    json.beginArray();
+    for (const ID3Image &image : images) {
+        json.beginObject();
+        writeImageKeys(json, image, dialect);
+        json.endObject();
+    }
+    json.endArray();
 }
 
 QString typeName(const AudioInfoTag &tag)
@@ -142,37 +172,55 @@ const MP3InfoTag *tagWithFrames(const AudioInfoTag &tag, ListFrames frames)
 
 } // namespace
 
-QJsonObject tagAsJson(const QString &path, const AudioInfoTag &tag, ListFrames frames,
-                      const ID3Dialect &dialect)
+void writeTag(JsonWriter &json, const QString &path, const AudioInfoTag &tag, ListFrames frames,
+              const ID3Dialect &dialect)
 {
-    QJsonObject object{
-        {u"path"_s, path},
-        {u"type"_s, typeName(tag)},
-        {u"compilation"_s, tag.isPartOfCompilation()},
-        {u"trackNumber"_s, tag.trackNumber()},
-        {u"numberOfTracks"_s, tag.numberOfTracksOnAlbum()},
-        {u"problem"_s, tag.encounteredProblemDecoding()},
-    };
-    for (const NamedText &text : texts)
-        object.insert(text.key, textOrNull((tag.*text.value)()));
-    QJsonArray images;
-    for (const ID3Image &image : tag.images())
-        images.append(imageAsJson(image, dialect));
-    object.insert(u"images", images);
+    json.beginObject();
+    json.key("path"_L1);
+    json.text(path);
+    json.key("type"_L1);
+    json.text(typeName(tag));
+    for (const NamedText &text : texts) {
+        json.key(text.key);
+        json.textOrNull((tag.*text.value)());
+    }
+    json.key("compilation"_L1);
+    json.boolean(tag.isPartOfCompilation());
+    json.key("trackNumber"_L1);
+    json.number(tag.trackNumber());
+    json.key("numberOfTracks"_L1);
+    json.number(tag.numberOfTracksOnAlbum());
+    json.key("problem"_L1);
+    json.boolean(tag.encounteredProblemDecoding());
+    writeImages(json, tag.images(), dialect);
     if (const MP3InfoTag *mp3 = tagWithFrames(tag, frames))
-        object.insert(u"frames", framesAsJson(mp3->frames(), dialect));
-    return object;
+        writeFrames(json, mp3->frames(), dialect);
+    json.endObject();
 }
 
-QJsonObject noTagAsJson(const QString &path, const QString &error)
+void writeNoTag(JsonWriter &json, const QString &path, const QString &error)
 {
-    QJsonObject object{{u"path"_s, path},           {u"type"_s, QJsonValue()},
-                       {u"compilation"_s, false},   {u"trackNumber"_s, 0},
-                       {u"numberOfTracks"_s, 0},    {u"problem"_s, false},
-                       {u"images"_s, QJsonArray()}, {u"error"_s, error}};
-    for (const NamedText &text : texts)
-        object.insert(text.key, QJsonValue());
-    return object;
+    json.beginObject();
+    json.key("path"_L1);
+    json.text(path);
+    json.key("type"_L1);
+    json.null();
+    for (const NamedText &text : texts) {
+        json.key(text.key);
+        json.null();
+    }
+    for (const auto flag : {"compilation"_L1, "problem"_L1}) {
+        json.key(flag);
+        json.boolean(false);
+    }
+    for (const auto count : {"trackNumber"_L1, "numberOfTracks"_L1}) {
+        json.key(count);
+        json.number(0);
+    }
+    writeImages(json, {}, {});
+    json.key("error"_L1);
+    json.text(error);
+    json.endObject();
 }
 
 QString tagAsText(const QString &path, const AudioInfoTag &tag, ListFrames frames,

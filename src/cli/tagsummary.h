@@ -1,19 +1,19 @@
 #pragma once
 
+#include "cli/jsonwriter.h"
 #include "tags/audioinfotag.h"
 
-#include <QJsonObject>
 #include <QString>
 
 /// Whether every frame is listed too.
 enum class ListFrames { No, Yes };
 
 /// A song's tag as JSON, with the keys that `show --json` promises.
-QJsonObject tagAsJson(const QString &path, const AudioInfoTag &tag, ListFrames frames,
-                      const ID3Dialect &dialect);
+void writeTag(JsonWriter &json, const QString &path, const AudioInfoTag &tag, ListFrames frames,
+              const ID3Dialect &dialect);
 
 /// The same keys for a file that gets no tag.
-QJsonObject noTagAsJson(const QString &path, const QString &error);
+void writeNoTag(JsonWriter &json, const QString &path, const QString &error);
 
 /// A song's tag laid out for reading.
 QString tagAsText(const QString &path, const AudioInfoTag &tag, ListFrames frames,
