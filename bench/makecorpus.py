@@ -77,7 +77,7 @@ def song(rng, number, audio_bytes):
               "genre": rng.choice(GENRES)}
     kind = number % 6
     version = (2, 3, 4, 0, 3, 0)[kind]
-    has_art = version != 0 and number % 4 == 1
+    has_art = version != 0 and number // 6 % 8 < 3
     head = id3v2(rng, version, fields, has_art) if version else b""
     tail = id3v1(fields) if kind in (3, 4) else b""
     return head + FRAME * (audio_bytes // len(FRAME)) + tail
