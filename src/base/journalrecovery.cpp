@@ -119,10 +119,11 @@ void recoverJournal(const QString &path)
 QStringList journalPaths()
 {
     const QDir::Filters files = QDir::Files | QDir::Hidden | QDir::System | QDir::NoSymLinks;
+    // Not by a name filter, whose pattern takes longer to prepare than a program to start.
     QStringList paths;
-    for (const QString &name :
-         QDir(journalFolder()).entryList({QStringLiteral("*.journal")}, files))
-        paths << journalFolder() + QLatin1Char('/') + name;
+    for (const QString &name : QDir(journalFolder()).entryList(files))
+        if (name.endsWith(QLatin1String(".journal")))
+            paths << journalFolder() + QLatin1Char('/') + name;
     return paths;
 }
 } // namespace
