@@ -63,7 +63,8 @@ std::optional<FieldAssignment> assignmentIn(const std::string &argument)
 /// The parser over one Arguments value that its options write into.
 class Parser {
 public:
-    Parser();
+    /// `command`: the first word of the command line.
+    explicit Parser(std::string_view command);
     ParsedCommandLine parse(int argc, const char *const *argv);
 
 private:
@@ -89,12 +90,15 @@ private:
     std::vector<std::string> mPositionals;
 };
 
-Parser::Parser()
+Parser::Parser(std::string_view command)
 {
     mApp.set_version_flag("--version", "tagwright " TAGWRIGHT_VERSION);
     mApp.add_flag("--verbose", mArguments.verbose, "Write diagnostics to standard error");
     mApp.require_subcommand(0, 1);
     addShow();
+    // The most called command is to start at once, and building the others' options takes time.
+    if (command == "show")
+        return;
     addSet();
     addRegenerate();
     addGather();
@@ -287,5 +291,5 @@ ParsedCommandLine Parser::parse(int argc, const char *const *argv)
 
 ParsedCommandLine parseCommandLine(int argc, const char *const *argv)
 {
-    return Parser().parse(argc, argv);
+    return Parser(argc > 1 ? argv[1] : "").parse(argc, argv);
 }
