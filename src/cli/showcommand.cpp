@@ -28,7 +28,7 @@ public:
 
     void show(const FoundPath &found)
     {
-        const auto song = SongBytes::open(found.path);
+        const auto song = openForTag(found.path);
         if (!song)
             return noTag(found, qtTrId("ErrorCannotOpenForRead"));
         if (song->size() <= SongFile::maxBytesOfNoSong)

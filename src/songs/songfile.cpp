@@ -40,7 +40,7 @@ bool isSameTime(const timespec &time, const timespec &other)
 
 TagOrReason readTagOf(const QString &path, const ReadOptions &options)
 {
-    if (const auto bytes = SongBytes::open(path))
+    if (const auto bytes = openForTag(path))
         return readTag(*bytes, options);
     const bool isThere = attributesOfFile(path).has_value();
     return {nullptr, isThere ? qtTrId("ErrorCannotOpenForRead") : qtTrId("ErrorSongVanished")};

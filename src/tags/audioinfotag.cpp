@@ -95,7 +95,7 @@ bool AudioInfoTag::matchString(const QString &text) const
 
 void AudioInfoTag::gatherTagsFromPathname(const QString &path)
 {
-    if (title())
+    if (hasTitle())
         return;
     constexpr qsizetype suffixLength = 4; // an extension of another length stays
     QString name = path.sliced(path.lastIndexOf(u'/') + 1).trimmed();

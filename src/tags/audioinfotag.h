@@ -42,6 +42,9 @@ public:
     [[nodiscard]] virtual QList<ID3Image> images() const { return {}; }
     [[nodiscard]] virtual int numberOfImages() const;
 
+    /// Whether there is a title, be it one that we cannot read.
+    [[nodiscard]] virtual bool hasTitle() const { return title().has_value(); }
+
     // An empty text removes the field. Every setter of a concrete tag marks it as modified.
     virtual void setTitle(const QString &) { }
     virtual void setArtist(const QString &) { }

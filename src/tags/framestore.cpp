@@ -38,6 +38,12 @@ std::optional<QString> FrameStore::firstStringForFrameID(QStringView id, QString
     return strings->front();
 }
 
+QString FrameStore::textForLog(QStringView id, QStringView orID) const
+{
+    constexpr qsizetype longest = 500;
+    return firstStringForFrameID(id, orID).value_or(QStringLiteral("(null)")).left(longest);
+}
+
 void FrameStore::setObject(FrameContent object, const QString &forFrameID)
 {
     const auto called = [&](const Entry &entry) { return entry.id == forFrameID; };
@@ -61,6 +67,7 @@ void FrameStore::addObject(FrameContent object, const QString &forFrameID)
 void FrameStore::removeAllObjectsForFrameID(QStringView id)
 {
     std::erase_if(mEntries, [id](const Entry &entry) { return entry.id == id; });
+    mRemoved.append(id.toString());
 }
 
 QList<ID3Image> FrameStore::images() const

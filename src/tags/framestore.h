@@ -39,11 +39,18 @@ public:
     [[nodiscard]] std::optional<QString> firstStringForFrameID(QStringView id,
                                                                QStringView orID) const;
 
+    /// The same for a line of the log: "(null)" when there is none, and cut, since a damaged tag
+    /// may ask for many lines with a title of megabytes.
+    [[nodiscard]] QString textForLog(QStringView id, QStringView orID) const;
+
     /// Replaces the content of the first entry called `id`, or appends one.
     void setObject(FrameContent object, const QString &forFrameID);
     void setString(const QString &string, const QString &forFrameID);
     void addObject(FrameContent object, const QString &forFrameID);
     void removeAllObjectsForFrameID(QStringView id);
+
+    /// Whether a field was emptied since the tag was read: it is then absent on purpose.
+    [[nodiscard]] bool wasRemoved(QStringView id) const { return mRemoved.contains(id); }
 
     [[nodiscard]] QList<ID3Image> images() const;
     [[nodiscard]] int numberOfImages() const;
@@ -53,4 +60,5 @@ public:
 
 private:
     std::vector<Entry> mEntries;
+    QStringList mRemoved; ///< IDs
 };

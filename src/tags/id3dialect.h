@@ -17,6 +17,7 @@ struct ID3Dialect {
     bool guessesPicturesBySignature; ///< else: by the two tests of `autodetectMIMEFormat`
     bool keepsPictureDetails; ///< type, description and place in the tag are written as read
     bool writesByteOrderMark; ///< Unicode in v2.2 and v2.3 as encoding 1 with the mark
+    bool removesFooter; ///< of v2.4, with its tag; else: it stays in front of the audio
     bool dropsTagWithoutFrames; ///< else: a header of size 0 is written
     bool writesID3v1TrackAlways; ///< else: only when there is a year
     bool leavesOutUnknownContent; ///< else: the ID stands without size or body
@@ -28,7 +29,7 @@ struct ID3Dialect {
     static constexpr ID3Dialect classic() { return {}; }
     static constexpr ID3Dialect standard()
     {
-        return {true, true, true, true, true, true, true, true,
+        return {true, true, true, true, true, true, true, true, true,
                 true, true, true, true, true, true, true, true};
     }
 };

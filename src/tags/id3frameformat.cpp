@@ -22,9 +22,12 @@ namespace {
 /// zlib's best ratio is about 1,030.
 constexpr qsizetype bestRatio = 1024;
 
-/// At most `most` bytes; nothing when there would be more, or when the data are damaged.
-std::optional<QByteArray> inflated(QByteArrayView deflated, qsizetype most)
+/// Nothing when there would be more than `inflationLeft`, or when the data are damaged: also what
+/// was inflated in vain counts, since it took its time. What the frame claims of its decompressed
+/// size is not believed.
+std::optional<QByteArray> inflated(QByteArrayView deflated, qsizetype &inflationLeft)
 {
+    const qsizetype most = qMin(inflationLeft, bestRatio * deflated.size());
     z_stream stream{};
     if (inflateInit(&stream) != Z_OK)
         return {};
@@ -42,16 +45,8 @@ std::optional<QByteArray> inflated(QByteArrayView deflated, qsizetype most)
         status = inflate(&stream, Z_NO_FLUSH);
         plain.chop(stream.avail_out);
     }
+    inflationLeft -= plain.size();
     return status == Z_STREAM_END ? std::optional(plain) : std::nullopt;
-}
-
-/// What the frame claims of its decompressed size is not believed.
-std::optional<QByteArray> inflatedFrame(QByteArrayView body, qsizetype &inflationLeft)
-{
-    const auto plain = inflated(body, qMin(inflationLeft, bestRatio * body.size()));
-    if (plain)
-        inflationLeft -= plain->size();
-    return plain;
 }
 
 } // namespace
@@ -70,6 +65,5 @@ std::optional<QByteArray> plainFrameBody(QByteArrayView body, const ID3FrameForm
         plain = ID3Unsynchronisation::undone(body);
         body = plain;
     }
-    return format.isCompressed ? inflatedFrame(body, inflationLeft)
-                               : std::optional(body.toByteArray());
+    return format.isCompressed ? inflated(body, inflationLeft) : std::optional(body.toByteArray());
 }

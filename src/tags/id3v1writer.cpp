@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -15,8 +16,9 @@ using FrameBodies::isLatin1;
 
 constexpr qsizetype textLength = 30;
 constexpr qsizetype yearLength = 4;
-constexpr qsizetype commentOffset = 97;
-constexpr qsizetype commentLength = 28;
+constexpr qsizetype tagLength = 128;
+constexpr qsizetype trackOffset = 126;
+constexpr qsizetype genreOffset = 127;
 constexpr int noGenre = 255;
 
 QString textOf(const FrameStore &frames, const FieldFrames &field)
@@ -67,11 +69,39 @@ int genreNumber(const FrameStore &frames)
     return index < noGenre ? index : noGenre;
 }
 
-void put(QByteArray &tag, qsizetype offset, qsizetype length, const QString &text)
-{
-    const QByteArray bytes = text.toLatin1().left(length);
-    tag.replace(offset, bytes.size(), bytes);
-}
+/// A tag being made on top of another.
+class TagWriter {
+public:
+    TagWriter(const FrameStore &frames, const QByteArray &base)
+        : mFrames(frames)
+        , mKeeps(!base.isEmpty())
+        , mTag(mKeeps ? base : QByteArray("TAG").leftJustified(tagLength, '\0'))
+    {
+    }
+
+    /// What the frames say nothing of stays, unless it was removed from them.
+    [[nodiscard]] bool stays(const FieldFrames &field) const
+    {
+        return mKeeps && textOf(mFrames, field).isEmpty() && !mFrames.wasRemoved(field.v24)
+            && !mFrames.wasRemoved(field.v22);
+    }
+
+    void put(qsizetype offset, qsizetype length, const FieldFrames &field)
+    {
+        const QByteArray text = textOf(mFrames, field).toLatin1();
+        if (!stays(field))
+            mTag.replace(offset, length, text.leftJustified(length, '\0', true));
+    }
+
+    void putNumber(qsizetype offset, int number) { mTag[offset] = static_cast<char>(number); }
+
+    [[nodiscard]] QByteArray take() && { return std::move(mTag); }
+
+private:
+    const FrameStore &mFrames;
+    bool mKeeps;
+    QByteArray mTag;
+};
 
 } // namespace
 
@@ -90,18 +120,19 @@ bool ID3Writer::canWriteID3v11WithoutLoss(const FrameStore &frames, const ID3Dia
 QByteArray ID3Writer::dataForID3v11(const FrameStore &frames, const ID3Dialect &dialect,
                                     const QByteArray &previous)
 {
-    QByteArray tag(128, '\0');
-    const QString year = textOf(frames, Fields::year);
-    put(tag, 0, 3, QStringLiteral("TAG"));
-    put(tag, 3, textLength, textOf(frames, Fields::title));
-    put(tag, 33, textLength, textOf(frames, Fields::artist));
-    put(tag, 63, textLength, textOf(frames, Fields::album));
-    put(tag, 93, yearLength, year);
-    if (dialect.losesNothing && previous.size() == tag.size())
-        tag.replace(commentOffset, commentLength, previous.mid(commentOffset, commentLength));
+    const bool keeps = dialect.losesNothing && previous.size() == tagLength;
+    TagWriter tag(frames, keeps ? previous : QByteArray());
+    tag.put(3, textLength, Fields::title);
+    tag.put(33, textLength, Fields::artist);
+    tag.put(63, textLength, Fields::album);
+    tag.put(93, yearLength, Fields::year);
     // Asking for the year is kept: other programs' copies of such tags compare equal to ours.
-    if (!year.isEmpty() || dialect.writesID3v1TrackAlways)
-        tag[126] = static_cast<char>(leadingNumber(textOf(frames, Fields::track)) & 0xFF);
-    tag[127] = static_cast<char>(genreNumber(frames));
-    return tag;
+    const bool hasTrack = dialect.writesID3v1TrackAlways || !textOf(frames, Fields::year).isEmpty();
+    if (hasTrack && !tag.stays(Fields::track)) {
+        tag.putNumber(trackOffset - 1, 0);
+        tag.putNumber(trackOffset, leadingNumber(textOf(frames, Fields::track)) & 0xFF);
+    }
+    if (!tag.stays(Fields::genres))
+        tag.putNumber(genreOffset, genreNumber(frames));
+    return std::move(tag).take();
 }

@@ -13,8 +13,8 @@ namespace ID3Writer {
 /// dialect loses nothing: then every frame must fit.
 [[nodiscard]] bool canWriteID3v11WithoutLoss(const FrameStore &frames, const ID3Dialect &dialect);
 
-/// An ID3v1.1 tag. `previous`: the tag that it replaces, or nothing; a dialect that loses
-/// nothing takes the comment from there, as only files without ID3v2 have it in their frames.
+/// An ID3v1.1 tag. `previous`: the tag that it replaces, or nothing; in a dialect that loses
+/// nothing the comment stays as it is there, and so does every field that the frames never held.
 [[nodiscard]] QByteArray dataForID3v11(const FrameStore &frames, const ID3Dialect &dialect,
                                        const QByteArray &previous);
 

@@ -156,8 +156,9 @@ bool FramesReader::addPicture(const Frame &frame)
         failForPicture();
         return false;
     }
-    // No "PIC" is written for a picture without data.
-    if (losesNothing() && picture->data.isEmpty())
+    // No "PIC" is written for a picture without data, and a link to one elsewhere is none.
+    const bool isPicture = !picture->data.isEmpty() && picture->storedMimeFormat != u"image/-->";
+    if (losesNothing() && !isPicture)
         return false;
     mContents.frames.addObject(*std::move(picture), audioImageFrame);
     return true;
@@ -165,11 +166,10 @@ bool FramesReader::addPicture(const Frame &frame)
 
 void FramesReader::failForPicture()
 {
-    const auto text = [this](QStringView id, QStringView orID) {
-        return mContents.frames.firstStringForFrameID(id, orID).value_or(QStringLiteral("(null)"));
-    };
+    const FrameStore &frames = mContents.frames;
     qCWarning(logTags).noquote() << QStringLiteral("ID3v22 PIC nil (%1/%2)")
-                                        .arg(text(u"TPE1", u"TP1"), text(u"TIT2", u"TT2"));
+                                        .arg(frames.textForLog(u"TPE1", u"TP1"),
+                                             frames.textForLog(u"TIT2", u"TT2"));
     mContents.encounteredProblem = true;
     if (!discardsMalformed())
         throw MalformedData(QStringLiteral("getAttributesFromID3v22"));

@@ -101,10 +101,9 @@ private:
 /// "*** id3v23 '<ID>' <what> (<title>)"
 void FramesReader::logFrame(const char *what, const QString &id) const
 {
-    const QString title =
-        mContents.frames.firstStringForFrameID(u"TIT2", u"TT2").value_or(QStringLiteral("(null)"));
-    qCWarning(logTags).noquote()
-        << QStringLiteral("*** id3v23 '%1' %2 (%3)").arg(id, QLatin1String(what), title);
+    qCWarning(logTags).noquote() << QStringLiteral("*** id3v23 '%1' %2 (%3)")
+                                        .arg(id, QLatin1String(what),
+                                             mContents.frames.textForLog(u"TIT2", u"TT2"));
 }
 
 void FramesReader::problem(const char *what, const QString &id)
@@ -165,7 +164,7 @@ std::optional<qsizetype> FramesReader::sizeAt(qsizetype position, const QString 
 bool FramesReader::hasDataLength(const Frame &frame) const
 {
     constexpr quint16 dataLengthIndicator = 0x0001;
-    if (dialect().undoesUnsynchronisation || !(frame.flags & dataLengthIndicator)
+    if (dialect().inflatesRecognisedFrames || !(frame.flags & dataLengthIndicator)
         || frame.bodyAt + 4 > mTag.size())
         return false;
     const qsizetype length = SynchSafe::getSynchSafeIntIn(mTag, frame.bodyAt);
@@ -313,6 +312,8 @@ bool FramesReader::addPicture(const Body &body)
             throw MalformedData(QStringLiteral("getAttributesFromID3v23"));
         return false;
     }
+    if (dialect().losesNothing && picture->data.isEmpty())
+        return false;
     mContents.frames.addObject(*std::move(picture), audioImageFrame);
     return true;
 }

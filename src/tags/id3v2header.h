@@ -11,6 +11,7 @@ struct ID3v2Header {
     // Flags.
     static constexpr int unsynchronised = 0x80;
     static constexpr int extended = 0x40;
+    static constexpr int footer = 0x10; ///< of v2.4: the header stands behind the tag as well
 
     int major = 0;
     int revision = 0; ///< as the signed byte it has always been shown as

@@ -215,9 +215,7 @@ private:
     void logLeftOut(const ID3Image &image) const
     {
         const auto text = [this](FieldFrames field) {
-            return frames()
-                .firstStringForFrameID(field.v24, field.v22)
-                .value_or(QStringLiteral("(null)"));
+            return frames().textForLog(field.v24, field.v22);
         };
         qCWarning(logTags).noquote() << QStringLiteral("%1/%2 dataForID3v22 cannot include %3")
                                             .arg(text(Fields::artist), text(Fields::title),

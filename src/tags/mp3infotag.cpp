@@ -1,18 +1,11 @@
 #include "tags/mp3infotag.h"
 
-#include "tags/filetype.h"
 #include "tags/id3reader.h"
 #include "tags/id3writer.h"
 #include "tags/mp3rewrite.h"
 #include "text/integervalue.h"
 
 #include <utility>
-
-std::unique_ptr<MP3InfoTag> MP3InfoTag::tagWithPath(const QString &path, const ReadOptions &options)
-{
-    const auto song = SongBytes::open(path);
-    return song ? tagWithBytes(*song, options) : nullptr;
-}
 
 std::unique_ptr<MP3InfoTag> MP3InfoTag::tagWithBytes(const SongBytes &song,
                                                      const ReadOptions &options)
@@ -92,6 +85,17 @@ QList<ID3Image> MP3InfoTag::images() const
 int MP3InfoTag::numberOfImages() const
 {
     return mFrames.numberOfImages();
+}
+
+/// An encrypted title, or one of a group, is kept as raw bytes behind flags that say so: the name
+/// of the file must not take its place.
+bool MP3InfoTag::hasTitle() const
+{
+    const FrameContent *content =
+        mFrames.firstObjectForFrameID(Fields::title.v24, Fields::title.v22);
+    const auto *raw = content ? std::get_if<QByteArray>(content) : nullptr;
+    return raw ? raw->size() > 2 && !raw->startsWith(QByteArrayView("\0\0", 2))
+               : title().has_value();
 }
 
 QString MP3InfoTag::frameID(FieldFrames field) const

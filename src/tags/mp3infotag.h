@@ -16,7 +16,6 @@ public:
     MP3InfoTag() = default;
 
     /// The tag of the file; null, with a log line, when it cannot be read at all.
-    static std::unique_ptr<MP3InfoTag> tagWithPath(const QString &path, const ReadOptions &options);
     static std::unique_ptr<MP3InfoTag> tagWithBytes(const SongBytes &song,
                                                     const ReadOptions &options);
 
@@ -33,6 +32,7 @@ public:
     [[nodiscard]] bool isPartOfCompilation() const override;
     [[nodiscard]] QList<ID3Image> images() const override;
     [[nodiscard]] int numberOfImages() const override;
+    [[nodiscard]] bool hasTitle() const override;
 
     void setTitle(const QString &title) override;
     void setArtist(const QString &artist) override;

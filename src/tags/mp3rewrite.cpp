@@ -3,6 +3,7 @@
 #include "base/bytes.h"
 #include "tags/id3ranges.h"
 #include "tags/id3v1writer.h"
+#include "tags/id3v2header.h"
 #include "tags/id3writer.h"
 
 #include <QCoreApplication>
@@ -37,6 +38,17 @@ void requireMPEGAudio(const InPlaceFile &file, const ID3Ranges &ranges)
         throw MalformedData(QStringLiteral("ID3v2.%1").arg(major));
     if (bytesOf(file, ranges.id3v2.end(), 8).endsWith("ftyp"))
         throw MalformedData(QStringLiteral("MP4"));
+}
+
+/// The bytes of the footer behind a v2.4 tag: only such as repeat the header are one, lest audio
+/// be taken for it.
+qint64 footerLength(const InPlaceFile &file, const ByteRange &tag)
+{
+    const QByteArray header = bytesOf(file, tag.location, ID3v2Header::length);
+    const bool isClaimed = tag.length > 0 && header[3] == 4 && (header[5] & ID3v2Header::footer);
+    const bool isThere =
+        isClaimed && bytesOf(file, tag.end(), ID3v2Header::length) == "3DI" + header.sliced(3);
+    return isThere ? ID3v2Header::length : 0;
 }
 
 TagPieces::Made id3v2Tag(const FrameStore &frames, const QString &version,
@@ -95,7 +107,9 @@ try {
     const auto read = [&file = *file](qint64 offset, qint64 length) {
         return bytesOf(file, offset, length);
     };
-    const ID3Ranges old = ID3Ranges::rangesIn(path, file->size(), read);
+    ID3Ranges old = ID3Ranges::rangesIn(path, file->size(), read);
+    if (options.dialect.removesFooter)
+        old.id3v2.length += footerLength(*file, old.id3v2);
     requireMPEGAudio(*file, old);
     const Tags tags = newTags(*file, old, frames, version, options);
     if (!tags.id3v2.error.isEmpty())

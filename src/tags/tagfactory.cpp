@@ -50,6 +50,14 @@ TagOrReason tagOfClass(TagClass tagClass, const SongBytes &song, const ReadOptio
 
 } // namespace
 
+std::unique_ptr<SongBytes> openForTag(const QString &path)
+{
+    auto song = SongBytes::open(path);
+    if (!song && FileType::claimsToBeMP3(path))
+        qCWarning(logTags).noquote() << QStringLiteral("MP3 nil filehandle for %1").arg(path);
+    return song;
+}
+
 TagOrReason readTag(const SongBytes &song, const ReadOptions &options)
 {
     TagOrReason read = tagOfClass(classOf(song), song, options);
@@ -60,9 +68,6 @@ TagOrReason readTag(const SongBytes &song, const ReadOptions &options)
 
 std::unique_ptr<AudioInfoTag> tagWithPath(const QString &path, const ReadOptions &options)
 {
-    if (const auto song = SongBytes::open(path))
-        return readTag(*song, options).tag;
-    if (FileType::claimsToBeMP3(path))
-        qCWarning(logTags).noquote() << QStringLiteral("MP3 nil filehandle for %1").arg(path);
-    return {};
+    const auto song = openForTag(path);
+    return song ? readTag(*song, options).tag : nullptr;
 }

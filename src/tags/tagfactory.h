@@ -6,6 +6,9 @@
 
 class SongBytes;
 
+/// The song opened for readTag(); null, with a log line, when it cannot be read.
+[[nodiscard]] std::unique_ptr<SongBytes> openForTag(const QString &path);
+
 /// A tag, or why there is none: one line for the user.
 struct TagOrReason {
     std::unique_ptr<AudioInfoTag> tag;

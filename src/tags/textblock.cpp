@@ -45,7 +45,9 @@ std::optional<TextBlock> TextBlock::textBlockIn(QByteArrayView bytes, qsizetype 
     }
     TextBlock block;
     const QByteArrayView language = bytes.sliced(offset + 1, languageLength);
-    if (!language.contains('\0'))
+    if (dialect.losesNothing && language == QByteArrayView("\0\0\0", languageLength))
+        block.lang = QString(); // unlike none, it is not written as "eng"
+    else if (dialect.losesNothing || !language.contains('\0'))
         block.lang = QString::fromLatin1(language);
 
     const qsizetype end = offset + length;

@@ -11,7 +11,7 @@
 struct TextBlock {
     std::optional<QString> text;
     std::optional<QString> desc; ///< the content descriptor
-    std::optional<QString> lang; ///< three letters
+    std::optional<QString> lang; ///< three letters; empty for three zero bytes
 
     bool operator==(const TextBlock &) const = default;
 

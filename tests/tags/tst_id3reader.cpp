@@ -1,77 +1,35 @@
 #include "base/bytes.h"
-#include "support/bytesliteral.h"
+#include "support/id3bytes.h"
+#include "support/table.h"
 #include "support/tempfiles.h"
 #include "tags/genretable.h"
 #include "tags/id3reader.h"
 #include "tags/id3writer.h"
 #include "tags/songbytes.h"
-#include "tags/synchsafe.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-
-QByteArray number(quint32 value, int bytes = 4)
-{
-    ByteWriter writer;
-    writer.u32(value);
-    return writer.data().last(bytes);
-}
-
-QByteArray tag(int major, const QByteArray &frames, int flags = 0)
-{
-    const auto size = SynchSafe::synchSafe(static_cast<quint32>(frames.size()));
-    return "ID3" + QByteArray(1, char(major)) + '\0' + char(flags) + number(size) + frames;
-}
-
-QByteArray frame(const char *id, const QByteArray &body, int flags = 0)
-{
-    return id + number(quint32(body.size())) + number(quint32(flags), 2) + body;
-}
-
-QByteArray safeFrame(const char *id, const QByteArray &body, int flags = 0)
-{
-    const auto size = SynchSafe::synchSafe(static_cast<quint32>(body.size()));
-    return id + number(size) + number(quint32(flags), 2) + body;
-}
-
-QByteArray frame22(const char *id, const QByteArray &body)
-{
-    return id + number(quint32(body.size()), 3) + body;
-}
 
 QByteArray deflated(const QByteArray &plain)
 {
     return qCompress(plain).sliced(4);
 }
 
-QString shown(const FrameContent &content)
-{
-    if (const auto *strings = std::get_if<QStringList>(&content))
-        return strings->join(u'+');
-    if (const auto *block = std::get_if<TextBlock>(&content))
-        return block->text.value_or(QString());
-    if (const auto *image = std::get_if<ID3Image>(&content))
-        return QStringLiteral("%1 bytes").arg(image->data.size());
-    return u'#' + QString::fromLatin1(std::get<QByteArray>(content).left(12).toHex());
-}
-
-/// The frames of the tag, its version and "!" after a problem; or why it cannot be read.
+/// The frames of the tag, and "!" after a problem; or why it cannot be read.
 QString readTag(const QByteArray &bytes, const ReadOptions &options)
 try {
     ID3Contents contents;
     ID3Reader::getAttributesFromID3v2(bytes, options, contents);
-    QStringList lines;
-    for (const auto &[id, content] : contents.frames.entries())
-        lines +=
-            QStringLiteral("%1=%2").arg(QString(id).replace(QChar::Null, u'?'), shown(content));
-    return lines.join(u' ') + (contents.encounteredProblem ? QStringLiteral("!") : QString());
+    return shown(contents.frames) + (contents.encounteredProblem ? u"!"_s : QString());
 } catch (const MalformedData &malformed) {
     return malformed.reason();
 }
 
-const QByteArray title = frame("TIT2", "\0Song"_bytes);
+const QByteArray title = frame("TIT2", "\0Song"_ba);
 const QByteArray private300 = QByteArray(288, 'p'); // 288 has another sync-safe reading
 
 } // namespace
@@ -92,137 +50,137 @@ private Q_SLOTS:
 
 void TestID3Reader::initTestCase()
 {
-    GenreTable::install({QStringLiteral("Blues"), QStringLiteral("Rock")});
+    GenreTable::install({u"Blues"_s, u"Rock"_s});
 }
 
 void TestID3Reader::readsFrames_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QStringList>("logs");
-    QTest::addColumn<QString>("inClassic");
-    QTest::addColumn<QString>("inStandard");
-    const auto row = [](const char *name, const QByteArray &bytes, const char *inClassic,
-                        const char *inStandard, const QStringList &logs = {}) {
-        QTest::newRow(name) << bytes << logs << QString::fromLatin1(inClassic)
-                            << QString::fromLatin1(inStandard);
+    const Table<QByteArray, QStringList, QString, QString> add("bytes", "logs", "inClassic",
+                                                               "inStandard");
+    const auto row = [&add](const char *name, const QByteArray &bytes, const char *inClassic,
+                            const char *inStandard, const QStringList &logs = {}) {
+        add(name, bytes, logs, QString::fromLatin1(inClassic), QString::fromLatin1(inStandard));
     };
     const auto both = [&row](const char *name, const QByteArray &bytes, const char *frames) {
         row(name, bytes, frames, frames);
     };
 
-    both("text, and padding after it", tag(3, title + QByteArray(30, '\0')), "TIT2=Song");
+    both("text, and padding after it", id3Tag(3, title + QByteArray(30, '\0')), "TIT2=Song");
     both("several strings, several frames",
-         tag(3, frame("TPE1", "\0A\0B\0"_bytes) + frame("TPE1", "\0C"_bytes)), "TPE1=A+B TPE1=C");
-    both("TYER is stored as TDRC", tag(3, frame("TYER", "\0002004"_bytes)), "TDRC=2004");
-    both("a single genre is expanded", tag(3, frame("TCON", "\0(1)"_bytes)), "TCON=Rock");
-    both("several genres are not", tag(4, frame("TCON", "\0(1)\0(0)"_bytes)), "TCON=(1)+(0)");
-    both("unknown frames with their flags", tag(3, frame("PRIV", "own"_bytes, 0x4000)),
+         id3Tag(3, frame("TPE1", "\0A\0B\0"_ba) + frame("TPE1", "\0C"_ba)), "TPE1=A+B TPE1=C");
+    both("TYER is stored as TDRC", id3Tag(3, frame("TYER", "\0002004"_ba)), "TDRC=2004");
+    both("a single genre is expanded", id3Tag(3, frame("TCON", "\0(1)"_ba)), "TCON=Rock");
+    both("several genres are not", id3Tag(4, frame("TCON", "\0(1)\0(0)"_ba)), "TCON=(1)+(0)");
+    both("unknown frames with their flags", id3Tag(3, frame("PRIV", "own"_ba, 0x4000)),
          "PRIV=#40006f776e");
-    both("lyrics", tag(3, frame("USLT", "\0eng\0Words"_bytes)), "USLT=Words");
-    both("picture", tag(3, frame("APIC", "\0image/png\0\3\0\x89P"_bytes)), "[image]=2 bytes");
-    both("plain sizes in v2.4", tag(4, frame("PRIV", private300) + title),
+    both("lyrics", id3Tag(3, frame("USLT", "\0eng\0Words"_ba)), "USLT=Words");
+    both("picture", id3Tag(3, frame("APIC", "\0image/png\0\3\0\x89P"_ba)), "[image]=2 bytes");
+    both("plain sizes in v2.4", id3Tag(4, frame("PRIV", private300) + title),
          "PRIV=#000070707070707070707070 TIT2=Song");
-    both("unknown version", tag(5, title), "cannot read ID3v2.5.0");
-    both("no bytes at all", ""_bytes, "");
-    row("a picture of v2.2 in v2.3", tag(3, frame("PIC", "\0"_bytes).insert(3, '\0')),
+    both("unknown version", id3Tag(5, title), "cannot read ID3v2.5.0");
+    both("no bytes at all", ""_ba, "");
+    row("a picture of v2.2 in v2.3", id3Tag(3, frame("PIC", "\0"_ba).insert(3, '\0')),
         "getAttributesFromID3v23", "PIC?=#000000",
-        {QStringLiteral("classic: *** ID3v23 'PIC' recognized but no handler")});
+        {u"classic: *** ID3v23 'PIC' recognized but no handler"_s});
 
-    row("a year of zeros is dropped", tag(3, frame("TYER", "\0000000"_bytes)), "",
+    row("a year of zeros is dropped", id3Tag(3, frame("TYER", "\0000000"_ba)), "",
         "TDRC=#00000030303030");
     row("a track of zero is dropped",
-        tag(3, frame("TRCK", "\0000/12"_bytes) + frame("TRCK", "\0003/12"_bytes)), "TRCK=3/12",
+        id3Tag(3, frame("TRCK", "\0000/12"_ba) + frame("TRCK", "\0003/12"_ba)), "TRCK=3/12",
         "TRCK=#000000302f3132 TRCK=3/12");
-    row("an empty text is dropped", tag(3, frame("TIT2", "\0"_bytes)), "", "TIT2=#000000");
-    row("lyrics without text are dropped", tag(3, frame("USLT", "\0engOnly\0"_bytes)), "",
+    row("an empty text is dropped", id3Tag(3, frame("TIT2", "\0"_ba)), "", "TIT2=#000000");
+    row("lyrics without text are dropped", id3Tag(3, frame("USLT", "\0engOnly\0"_ba)), "",
         "USLT=#000000656e674f6e6c7900");
-    row("a short picture is skipped", tag(3, frame("APIC", "\0\0\0\0"_bytes)), "",
+    row("a short picture is skipped", id3Tag(3, frame("APIC", "\0\0\0\0"_ba)), "",
         "APIC=#000000000000");
-    row("a link to a picture", tag(3, frame("APIC", "\0-->\0\3\0url"_bytes)), "[image]=3 bytes",
+    row("a picture whose description has no encoding",
+        id3Tag(3, frame("APIC", "\x09image/png\0\3d\0\x89P"_ba)), "[image]=0 bytes",
+        "APIC=#000009696d6167652f706e67");
+    row("a link to a picture", id3Tag(3, frame("APIC", "\0-->\0\3\0url"_ba)), "[image]=3 bytes",
         "APIC=#0000002d2d3e00030075726c");
-    row("an ID of v2.2 in v2.3", tag(3, frame("TT2", "\0A"_bytes).insert(3, '\0')), "TT2=A",
+    row("an ID of v2.2 in v2.3", id3Tag(3, frame("TT2", "\0A"_ba).insert(3, '\0')), "TT2=A",
         "TIT2=A");
 
-    row("sync-safe sizes in v2.3", tag(3, safeFrame("PRIV", private300) + title),
+    row("sync-safe sizes in v2.3", id3Tag(3, safeFrame("PRIV", private300) + title),
         "PRIV=#000070707070707070707070 TIT2=Song", "PRIV=#000070707070707070707070 TIT2=Song");
-    row("the last of v2.4, sizes ambiguous", tag(4, title + safeFrame("PRIV", private300)),
+    row("the last of v2.4, sizes ambiguous", id3Tag(4, title + safeFrame("PRIV", private300)),
         "TIT2=Song PRIV=#000070707070707070707070", "TIT2=Song PRIV=#000070707070707070707070");
-    row("a size that leads nowhere", tag(3, title + "PRIV" + number(200) + number(0, 2) + "abc"),
+    row("a size that leads nowhere", id3Tag(3, title + "PRIV" + number(200) + number(0, 2) + "abc"),
         "TIT2=Song PRIV=#0000616263!", "TIT2=Song PRIV=#0000616263!",
-        {QStringLiteral("*** id3v23 'PRIV' invalid size (Song)")});
-    row("a frame over the tag's end", tag(3, title + "PRIV" + number(100) + number(0, 2) + "abc"),
-        "TIT2=Song!", "TIT2=Song!", {QStringLiteral("*** id3v23 'PRIV' overrun (Song)")});
+        {u"*** id3v23 'PRIV' invalid size (Song)"_s});
+    row("a frame over the tag's end",
+        id3Tag(3, title + "PRIV" + number(100) + number(0, 2) + "abc"), "TIT2=Song!", "TIT2=Song!",
+        {u"*** id3v23 'PRIV' overrun (Song)"_s});
 
     row("both readings of a v2.4 size fit",
-        tag(4,
-            safeFrame("PRIV", QByteArray(256, 'p'))
-                + safeFrame("TIT2", '\0' + QByteArray(300, 'A'))),
+        id3Tag(4,
+               safeFrame("PRIV", QByteArray(256, 'p'))
+                   + safeFrame("TIT2", '\0' + QByteArray(300, 'A'))),
         "PRIV=#000070707070707070707070 AAAA=#414141414141414141414141!",
-        qPrintable(QStringLiteral("PRIV=#000070707070707070707070 TIT2=") + QString(300, u'A')),
-        {QStringLiteral("classic: *** id3v23 'AAAA' invalid size ((null))")});
+        qPrintable(u"PRIV=#000070707070707070707070 TIT2="_s + QString(300, u'A')),
+        {u"classic: *** id3v23 'AAAA' invalid size ((null))"_s});
     row("an unsynchronised v2.3 tag",
-        tag(3, frame("PRIV", "\xFF\xE0"_bytes).insert(11, '\0'), 0x80), "PRIV=#0000ff00",
-        "PRIV=#0000ffe0", {QStringLiteral("classic: *** ID3V2.4 UNSYNCHRONIZED ***")});
+        id3Tag(3, frame("PRIV", "\xFF\xE0"_ba).insert(11, '\0'), 0x80), "PRIV=#0000ff00",
+        "PRIV=#0000ffe0", {u"classic: *** ID3V2.4 UNSYNCHRONIZED ***"_s});
     row("an unsynchronised v2.4 frame",
-        tag(4, frame("APIC", "\0image/png\0\3\0\xFF\0\xE0"_bytes, 0x0002)), "[image]=3 bytes",
+        id3Tag(4, frame("APIC", "\0image/png\0\3\0\xFF\0\xE0"_ba, 0x0002)), "[image]=3 bytes",
         "[image]=2 bytes");
     row("an unknown unsynchronised frame stays as it is",
-        tag(4, frame("PRIV", "\xFF\0\xE0"_bytes, 0x0002)), "PRIV=#0002ff00e0", "PRIV=#0002ff00e0");
+        id3Tag(4, frame("PRIV", "\xFF\0\xE0"_ba, 0x0002)), "PRIV=#0002ff00e0", "PRIV=#0002ff00e0");
     row("only the v2.4 tag says that its frames are unsynchronised",
-        tag(4, frame("PRIV", "\xFF\0\xE0"_bytes), 0x80), "PRIV=#0000ff00e0", "PRIV=#0000ffe0",
-        {QStringLiteral("classic: *** ID3V2.4 UNSYNCHRONIZED ***")});
-    row("extended header of v2.4", tag(4, "\0\0\0\6\1\0"_bytes + title, 0x40), "", "TIT2=Song");
-    both("extended header of v2.3", tag(3, "\0\0\0\6\0\0\0\0\0\0"_bytes + title, 0x40),
+        id3Tag(4, frame("PRIV", "\xFF\0\xE0"_ba), 0x80), "PRIV=#0000ff00e0", "PRIV=#0000ffe0",
+        {u"classic: *** ID3V2.4 UNSYNCHRONIZED ***"_s});
+    row("extended header of v2.4", id3Tag(4, "\0\0\0\6\1\0"_ba + title, 0x40), "", "TIT2=Song");
+    both("extended header of v2.3", id3Tag(3, "\0\0\0\6\0\0\0\0\0\0"_ba + title, 0x40),
          "TIT2=Song");
-    row("extended header beyond the tag", tag(3, number(5000) + title, 0x40), "!", "!",
-        {QStringLiteral("*** EXTENDER HEADER 5000 bytes ( >29, IGNORED ) ***")});
+    row("extended header beyond the tag", id3Tag(3, number(5000) + title, 0x40), "!", "!",
+        {u"*** EXTENDER HEADER 5000 bytes ( >29, IGNORED ) ***"_s});
     row("data length indicator equal to the size",
-        tag(4, frame("PRIV", "\0\0\0\4"_bytes, 1) + "body"), "PRIV=#0004626f6479",
-        "PRIV=#000100000004",
-        {QStringLiteral("classic: *** id3v23 'PRIV' length indicator used OK ((null))")});
+        id3Tag(4, frame("PRIV", "\0\0\0\4"_ba, 1) + "body"), "PRIV=#0004626f6479",
+        "PRIV=#000100000004", {u"classic: *** id3v23 'PRIV' length indicator used OK ((null))"_s});
 
-    both(
-        "v2.2",
-        tag(2, frame22("TT2", "\0Song"_bytes) + frame22("COM", "\0c"_bytes) + QByteArray(20, '\0')),
-        "TT2=Song COM=#0063");
+    both("v2.2",
+         id3Tag(2, frame22("TT2", "\0Song"_ba) + frame22("COM", "\0c"_ba) + QByteArray(20, '\0')),
+         "TT2=Song COM=#0063");
     both("v2.2 picture and lyrics",
-         tag(2, frame22("PIC", "\0JPG\3\0\xFF\xD8"_bytes) + frame22("ULT", "\0eng\0Words"_bytes)),
+         id3Tag(2, frame22("PIC", "\0JPG\3\0\xFF\xD8"_ba) + frame22("ULT", "\0eng\0Words"_ba)),
          "[image]=2 bytes ULT=Words");
-    row("a repeated v2.2 text", tag(2, frame22("TT2", "\0A"_bytes) + frame22("TT2", "\0B"_bytes)),
+    row("a repeated v2.2 text", id3Tag(2, frame22("TT2", "\0A"_ba) + frame22("TT2", "\0B"_ba)),
         "TT2=B", "TT2=A TT2=B");
     row("v2.2 year and track that say nothing",
-        tag(2, frame22("TYE", "\000999"_bytes) + frame22("TRK", "\0/3"_bytes)), "",
+        id3Tag(2, frame22("TYE", "\000999"_ba) + frame22("TRK", "\0/3"_ba)), "",
         "TYE=#00393939 TRK=#002f33");
-    row("a v2.2 frame of size 0", tag(2, frame22("TT2", ""_bytes) + frame22("TP1", "\0A"_bytes)),
-        "", "TT2=# TP1=A");
-    both("a v2.2 frame over the tag's end is cut",
-         tag(2, "TT2"_bytes + number(9, 3) + "\0Ab"_bytes), "TT2=Ab!");
+    row("a v2.2 frame of size 0", id3Tag(2, frame22("TT2", ""_ba) + frame22("TP1", "\0A"_ba)), "",
+        "TT2=# TP1=A");
+    both("a v2.2 frame over the tag's end is cut", id3Tag(2, "TT2"_ba + number(9, 3) + "\0Ab"_ba),
+         "TT2=Ab!");
     both("a v2.2 frame header at the tag's end",
-         tag(2, frame22("TP1", "\0A"_bytes) + "TT2"_bytes + number(9, 3)), "TP1=A!");
-    row("a v2.2 picture too short", tag(2, frame22("PIC", "\0JPG"_bytes)),
+         id3Tag(2, frame22("TP1", "\0A"_ba) + "TT2"_ba + number(9, 3)), "TP1=A!");
+    row("a v2.2 link to a picture", id3Tag(2, frame22("PIC", "\0-->\3\0url"_ba)), "[image]=3 bytes",
+        "PIC=#002d2d3e030075726c");
+    row("a v2.2 picture too short", id3Tag(2, frame22("PIC", "\0JPG"_ba)),
         "getAttributesFromID3v22", "getAttributesFromID3v22",
-        {QStringLiteral("initWithID3v22Frame insufficient data"),
-         QStringLiteral("ID3v22 PIC nil ((null)/(null))")});
+        {u"initWithID3v22Frame insufficient data"_s, u"ID3v22 PIC nil ((null)/(null))"_s});
 
     // Classic takes a packed body for text.
-    const QByteArray packed = deflated("\0Song"_bytes);
-    row("compressed v2.3", tag(3, frame("TIT2", number(5) + packed, 0x80)), "*", "TIT2=Song");
-    row("compressed v2.4", tag(4, frame("TIT2", number(5) + packed, 0x09)), "*", "TIT2=Song");
-    row("grouped", tag(3, frame("TIT2", "g\0Song"_bytes, 0x20)), "*", "TIT2=#00206700536f6e67",
-        {QStringLiteral("classic: id3v23StringsIn encoding 103 (no encoding byte)")});
-    row("damaged compression is kept raw", tag(3, frame("TIT2", number(5) + "\0no"_bytes, 0x80)),
+    const QByteArray packed = deflated("\0Song"_ba);
+    row("compressed v2.3", id3Tag(3, frame("TIT2", number(5) + packed, 0x80)), "*", "TIT2=Song");
+    row("compressed v2.4", id3Tag(4, frame("TIT2", number(5) + packed, 0x09)), "*", "TIT2=Song");
+    row("grouped", id3Tag(3, frame("TIT2", "g\0Song"_ba, 0x20)), "*", "TIT2=#00206700536f6e67",
+        {u"classic: id3v23StringsIn encoding 103 (no encoding byte)"_s});
+    row("damaged compression is kept raw", id3Tag(3, frame("TIT2", number(5) + "\0no"_ba, 0x80)),
         "*", "TIT2=#008000000005006e6f!",
-        {QStringLiteral("standard: *** id3v23 'TIT2' cannot be unpacked ((null))")});
-    row("a claimed size is not believed", tag(3, frame("TIT2", number(0xFFFFFFFF) + packed, 0x80)),
-        "*", "TIT2=Song",
-        {QStringLiteral("classic: id3v23StringsIn encoding 255 (no encoding byte)")});
+        {u"standard: *** id3v23 'TIT2' cannot be unpacked ((null))"_s});
+    row("a claimed size is not believed",
+        id3Tag(3, frame("TIT2", number(0xFFFFFFFF) + packed, 0x80)), "*", "TIT2=Song",
+        {u"classic: id3v23StringsIn encoding 255 (no encoding byte)"_s});
 }
 
 void TestID3Reader::readsFrames()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QStringList, logs);
-    for (const QString &dialect : {QStringLiteral("classic"), QStringLiteral("standard")}) {
+    for (const QString &dialect : {u"classic"_s, u"standard"_s}) {
         const bool isClassic = dialect == u"classic";
         for (QString log : logs) {
             const bool isForOne = log.startsWith(u"classic: ") || log.startsWith(u"standard: ");
@@ -246,29 +204,29 @@ void TestID3Reader::discards()
                                    .malformed = MalformedInfo::Discard,
                                    .unrecognized = UnrecognizedInfo::Discard};
     const QByteArray frames =
-        title + frame("PRIV", "own") + frame("COMM", "c") + frame("TRCK", "\0000"_bytes);
-    QCOMPARE(readTag(tag(3, frames), regenerating), QStringLiteral("TIT2=Song COMM=#000063"));
+        title + frame("PRIV", "own") + frame("COMM", "c") + frame("TRCK", "\0000"_ba);
+    QCOMPARE(readTag(id3Tag(3, frames), regenerating), u"TIT2=Song COMM=#000063"_s);
     QTest::ignoreMessage(QtWarningMsg, "*** id3v23 'COMM' invalid size (Song)");
-    QCOMPARE(readTag(tag(3, title + "COMM" + number(200) + number(0, 2) + "abc"), regenerating),
-             QStringLiteral("TIT2=Song!"));
+    QCOMPARE(readTag(id3Tag(3, title + "COMM" + number(200) + number(0, 2) + "abc"), regenerating),
+             u"TIT2=Song!"_s);
     QTest::ignoreMessage(QtWarningMsg, "initWithID3v22Frame insufficient data");
     QTest::ignoreMessage(QtWarningMsg, "ID3v22 PIC nil ((null)/(null))");
     QCOMPARE(
-        readTag(tag(2, frame22("PIC", "\0JPG"_bytes) + frame22("TT2", "\0A"_bytes)), regenerating),
-        QStringLiteral("TT2=A!"));
+        readTag(id3Tag(2, frame22("PIC", "\0JPG"_ba) + frame22("TT2", "\0A"_ba)), regenerating),
+        u"TT2=A!"_s);
 }
 
 void TestID3Reader::standardWritesEveryFrameBack()
 {
     const auto frames = [](const QByteArray &picture) {
-        return frame("TRCK", "\0000/12"_bytes) + frame("USLT", "\0engOnly\0"_bytes)
-            + frame("APIC", "\0-->\0\3\0url"_bytes) + picture + frame("TIT2", "e\0Song"_bytes, 0x60)
-            + frame("TXXX", "\0a\0b"_bytes) + frame("COM", "\0eng\0c"_bytes).insert(3, ' ')
-            + frame("TPE1", "\1\xFF\xFE\1A"_bytes);
+        return frame("TRCK", "\0000/12"_ba) + frame("USLT", "\0engOnly\0"_ba)
+            + frame("APIC", "\0-->\0\3\0url"_ba) + picture + frame("TIT2", "e\0Song"_ba, 0x60)
+            + frame("TXXX", "\0a\0b"_ba) + frame("COM", "\0eng\0c"_ba).insert(3, ' ')
+            + frame("TPE1", "\1\xFF\xFE\1A"_ba);
     };
-    const QByteArray frames22 = frame22("TYE", "\0000"_bytes) + frame22("TT2", ""_bytes)
-        + frame22("PIC", "\0PNG\3ab\0"_bytes) + frame22("PIC", "\0PNG\3a\0\x89P"_bytes)
-        + frame22("TT2", "\0A"_bytes) + frame22("TT2", "\0B"_bytes);
+    const QByteArray frames22 = frame22("TYE", "\0000"_ba) + frame22("TT2", ""_ba)
+        + frame22("PIC", "\0PNG\3ab\0"_ba) + frame22("PIC", "\0PNG\3a\0\x89P"_ba)
+        + frame22("TT2", "\0A"_ba) + frame22("TT2", "\0B"_ba);
     const auto read = [](const QByteArray &bytes) {
         ID3Contents contents;
         ID3Reader::getAttributesFromID3v2(bytes, {.dialect = ID3Dialect::standard()}, contents);
@@ -283,11 +241,10 @@ void TestID3Reader::standardWritesEveryFrameBack()
         return made.pieces.join();
     };
     // Each version's own way of writing such a description.
-    const QByteArray pictures[]{"\1PNG\0\3\xFE\xFF\1A\0\0\x89P"_bytes,
-                                "\2PNG\0\3\1A\0\0\x89P"_bytes};
+    const QByteArray pictures[]{"\1PNG\0\3\xFE\xFF\1A\0\0\x89P"_ba, "\2PNG\0\3\1A\0\0\x89P"_ba};
     for (const int major : {2, 3, 4}) {
         const FrameStore store =
-            read(tag(major, major == 2 ? frames22 : frames(frame("APIC", pictures[major - 3]))));
+            read(id3Tag(major, major == 2 ? frames22 : frames(frame("APIC", pictures[major - 3]))));
         QCOMPARE(store.entries().size(), major == 2 ? 6 : 8);
         QVERIFY(read(written(store, major)) == store);
     }
@@ -297,44 +254,44 @@ void TestID3Reader::bombsAreRefused()
 {
     const QByteArray bomb = number(1) + deflated(QByteArray(70 << 20, '\0'));
     QTest::ignoreMessage(QtWarningMsg, "*** id3v23 'TIT2' cannot be unpacked ((null))");
-    QVERIFY(readTag(tag(3, frame("TIT2", bomb, 0x80)), {.dialect = ID3Dialect::standard()})
+    QVERIFY(readTag(id3Tag(3, frame("TIT2", bomb, 0x80)), {.dialect = ID3Dialect::standard()})
                 .startsWith(u"TIT2=#0080"));
-    QCOMPARE(readTag(tag(3, frame("PRIV", "").repeated(10'001)), {}),
-             QStringLiteral("too many frames"));
+    // What is inflated in vain counts as well: the last frame, which is sound, comes too late.
+    const QByteArray vain = number(1) + deflated(QByteArray(33 << 20, '\0')).chopped(6);
+    const QByteArray sound = frame("TPE1", number(5) + deflated("\0Band"_ba), 0x80);
+    for (int i = 0; i < 2; ++i)
+        QTest::ignoreMessage(QtWarningMsg, "*** id3v23 'TIT2' cannot be unpacked ((null))");
+    QTest::ignoreMessage(QtWarningMsg, "*** id3v23 'TPE1' cannot be unpacked ((null))");
+    QVERIFY(readTag(id3Tag(3, frame("TIT2", vain, 0x80).repeated(2) + sound),
+                    {.dialect = ID3Dialect::standard()})
+                .contains(u"TPE1=#0080"));
+    QCOMPARE(readTag(id3Tag(3, frame("PRIV", "").repeated(10'001)), {}), u"too many frames"_s);
 }
 
 void TestID3Reader::readsFiles_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QStringList>("logs");
-    QTest::addColumn<QString>("frames");
-    const auto row = [](const char *name, const QByteArray &bytes, const QString &frames,
-                        const QStringList &logs = {}) {
-        QTest::newRow(name) << bytes << logs << frames;
-    };
+    const Table<QByteArray, QString, QStringList> row("bytes", "frames", "logs");
     const auto field = [](const QByteArray &text) { return text.leftJustified(30, '\0'); };
     const QByteArray texts = "TAG" + field("Title ") + field("Artist") + field("Album");
-    const QByteArray v11 = texts + "1001" + QByteArray(28, 'c') + "\0\7\1"_bytes;
-    row("ID3v2 alone", tag(3, title) + QByteArray(200, 'a'),
-        QStringLiteral("2.3.0 25 0 TIT2=Song"));
+    const QByteArray v11 = texts + "1001" + QByteArray(28, 'c') + "\0\7\1"_ba;
+    row("ID3v2 alone", id3Tag(3, title) + QByteArray(200, 'a'), u"2.3.0 25 0 TIT2=Song"_s, {});
     row("ID3v1.1", QByteArray(200, 'a') + v11,
         QStringLiteral("1.1 0 128 TIT2=Title TPE1=Artist TALB=Album TDRC=1001 "
-                       "COMM=#000000656e67006363636363 TRCK=7 TCON=Rock"));
+                       "COMM=#000000656e67006363636363 TRCK=7 TCON=Rock"),
+        {});
     row("ID3v1, year not above 1000, unknown genre", texts + "1000" + QByteArray(28, '\0') + "xx\2",
-        QStringLiteral("1.0 0 128 TIT2=Title TPE1=Artist TALB=Album"));
-    row("both: nothing is taken from ID3v1", tag(4, title) + QByteArray(200, 'a') + v11,
-        QStringLiteral("2.4.0 25 128 TIT2=Song"));
-    row("no tag", QByteArray(128, 'a'), QStringLiteral("none 0 0 "));
-    row("127 bytes", QByteArray(127, 'a'), QStringLiteral("unreadable"),
-        {QStringLiteral("MP3 only 127 bytes in %1"), QStringLiteral("%1: file too small")});
-    row("a size of 6", tag(3, QByteArray(6, '\0')) + QByteArray(200, 'a'),
-        QStringLiteral("unreadable"),
-        {QStringLiteral("MP3 tag length > file length: %1"), QStringLiteral("%1: bad size tag")});
-    row("a size beyond the file", tag(3, QByteArray(400, '\0')).first(300),
-        QStringLiteral("unreadable"),
-        {QStringLiteral("MP3 tag length > file length: %1"), QStringLiteral("%1: bad size tag")});
+        u"1.0 0 128 TIT2=Title TPE1=Artist TALB=Album"_s, {});
+    row("both: nothing is taken from ID3v1", id3Tag(4, title) + QByteArray(200, 'a') + v11,
+        u"2.4.0 25 128 TIT2=Song"_s, {});
+    row("no tag", QByteArray(128, 'a'), u"none 0 0 "_s, {});
+    row("127 bytes", QByteArray(127, 'a'), u"unreadable"_s,
+        {u"MP3 only 127 bytes in %1"_s, u"%1: file too small"_s});
+    row("a size of 6", id3Tag(3, QByteArray(6, '\0')) + QByteArray(200, 'a'), u"unreadable"_s,
+        {u"MP3 tag length > file length: %1"_s, u"%1: bad size tag"_s});
+    row("a size beyond the file", id3Tag(3, QByteArray(400, '\0')).first(300), u"unreadable"_s,
+        {u"MP3 tag length > file length: %1"_s, u"%1: bad size tag"_s});
     row("a size that is not sync-safe is no tag",
-        tag(3, title).replace(6, 1, "\x80") + QByteArray(200, 'a'), QStringLiteral("none 0 0 "));
+        id3Tag(3, title).replace(6, 1, "\x80") + QByteArray(200, 'a'), u"none 0 0 "_s, {});
 }
 
 void TestID3Reader::readsFiles()
@@ -342,22 +299,17 @@ void TestID3Reader::readsFiles()
     QFETCH(QByteArray, bytes);
     QFETCH(QStringList, logs);
     QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.mp3"));
+    const QString path = folder.filePath(u"a.mp3"_s);
     writeFile(path, bytes);
     for (const QString &log : logs)
         QTest::ignoreMessage(QtWarningMsg, qPrintable(log.arg(path)));
     const auto contents = ID3Reader::contentsOf(*SongBytes::open(path), {});
-    QString read = QStringLiteral("unreadable");
-    if (contents) {
-        QStringList frames;
-        for (const auto &[id, content] : contents->frames.entries())
-            frames += id + u'=' + shown(content);
-        read = QStringLiteral("%1 %2 %3 ")
-                   .arg(contents->readVersion.value_or(QStringLiteral("none")))
+    QString read = u"unreadable"_s;
+    if (contents)
+        read = u"%1 %2 %3 "_s.arg(contents->readVersion.value_or(u"none"_s))
                    .arg(contents->id3v2Range.length)
                    .arg(contents->id3v1Range.length)
-            + frames.join(u' ');
-    }
+            + shown(contents->frames);
     QTEST(read, "frames");
 }
 

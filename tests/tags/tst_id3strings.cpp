@@ -1,12 +1,12 @@
 #include "base/bytes.h"
-#include "support/bytesliteral.h"
+#include "support/table.h"
 #include "tags/id3strings.h"
 #include "tags/textblock.h"
 #include "text/integervalue.h"
 
 #include <QRegularExpression>
-#include <QTest>
 
+using namespace Qt::StringLiterals;
 using Text = std::optional<QString>;
 Q_DECLARE_METATYPE(Text)
 
@@ -15,18 +15,13 @@ namespace {
 const ID3Dialect classic = ID3Dialect::classic();
 const ID3Dialect standard = ID3Dialect::standard();
 
-Text some(QStringView text)
-{
-    return text.toString();
-}
-
 QString joined(const std::optional<TextBlock> &block)
 {
     if (!block)
-        return QStringLiteral("nothing");
-    const QString none = QStringLiteral("none");
-    return QStringLiteral("%1|%2|%3")
-        .arg(block->lang.value_or(none), block->desc.value_or(none), block->text.value_or(none));
+        return u"nothing"_s;
+    const QString none = u"none"_s;
+    return u"%1|%2|%3"_s.arg(block->lang.value_or(none), block->desc.value_or(none),
+                             block->text.value_or(none));
 }
 
 } // namespace
@@ -52,14 +47,13 @@ private Q_SLOTS:
 
 void TestID3Strings::id3v1String_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<Text>("text");
-    QTest::newRow("ends at a zero byte") << "AB\0C"_bytes << some(u"AB");
-    QTest::newRow("ends at the maximum") << "ABCDEF"_bytes << some(u"ABCDE");
-    QTest::newRow("drops blanks and controls at the end") << "A B \x01"_bytes << some(u"A B");
-    QTest::newRow("nothing but blanks is nothing") << "    "_bytes << Text();
-    QTest::newRow("UTF-8") << "\xC3\xA4"_bytes << some(u"ä");
-    QTest::newRow("Latin-1 where it is no UTF-8") << "\xE4z"_bytes << some(u"äz");
+    const Table<QByteArray, Text> row("bytes", "text");
+    row("ends at a zero byte", "AB\0C"_ba, u"AB"_s);
+    row("ends at the maximum", "ABCDEF"_ba, u"ABCDE"_s);
+    row("drops blanks and controls at the end", "A B \x01"_ba, u"A B"_s);
+    row("nothing but blanks is nothing", "    "_ba, {});
+    row("UTF-8", "\xC3\xA4"_ba, u"ä"_s);
+    row("Latin-1 where it is no UTF-8", "\xE4z"_ba, u"äz"_s);
 }
 
 void TestID3Strings::id3v1String()
@@ -74,53 +68,45 @@ void TestID3Strings::id3v22String()
     const auto read = [](const QByteArray &bytes, int encoding, const ID3Dialect &dialect) {
         return ID3Strings::id3v22String(bytes, 0, encoding, bytes.size(), dialect);
     };
-    QCOMPARE(read("\xC4\0x"_bytes, 0, classic), QStringLiteral("Ä"));
+    QCOMPARE(read("\xC4\0x"_ba, 0, classic), u"Ä"_s);
     QCOMPARE(read("\xFF\xFE"
-                  "A\0\0\0"_bytes,
+                  "A\0\0\0"_ba,
                   1, classic),
-             QStringLiteral(u"A\0"));
+             u"A\0"_s);
     QCOMPARE(read("\xFF\xFE"
-                  "A\0\0\0"_bytes,
+                  "A\0\0\0"_ba,
                   1, standard),
              u"A");
-    QCOMPARE(read("\0A\0"_bytes, 7, classic), QStringLiteral("A"));
+    QCOMPARE(read("\0A\0"_ba, 7, classic), u"A"_s);
 }
 
 void TestID3Strings::id3v23String_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("encoding");
-    QTest::addColumn<int>("maximum");
-    QTest::addColumn<Text>("inClassic");
-    QTest::addColumn<int>("consumedInClassic");
-    QTest::addColumn<Text>("inStandard");
-    QTest::addColumn<int>("consumedInStandard");
-
-    const auto both = [](const char *name, const QByteArray &bytes, int encoding, int maximum,
-                         const Text &text, int consumed) {
-        QTest::newRow(name) << bytes << encoding << maximum << text << consumed << text << consumed;
+    const Table<QByteArray, int, int, Text, int, Text, int> row(
+        "bytes", "encoding", "maximum", "classicText", "classicConsumed", "text", "consumed");
+    const auto both = [&row](const char *name, const QByteArray &bytes, int encoding, int maximum,
+                             const Text &text, int consumed) {
+        row(name, bytes, encoding, maximum, text, consumed, text, consumed);
     };
-    both("Latin-1 with its terminator", "A\xC4\0c"_bytes, 0, 4, some(u"AÄ"), 3);
-    both("Latin-1 up to the maximum", "ABC"_bytes, 0, 2, some(u"AB"), 2);
-    both("Latin-1 up to the end of the bytes", "ABC"_bytes, 0, 9, some(u"ABC"), 4);
-    both("an empty Latin-1 text is nothing", "\0A"_bytes, 0, 2, Text(), 1);
-    both("UTF-8", "\xC3\xA4\0"_bytes, 3, 3, some(u"ä"), 3);
-    both("claimed UTF-8 that is Latin-1", "\xE4!\0"_bytes, 3, 3, some(u"ä!"), 3);
+    both("Latin-1 with its terminator", "A\xC4\0c"_ba, 0, 4, u"AÄ"_s, 3);
+    both("Latin-1 up to the maximum", "ABC"_ba, 0, 2, u"AB"_s, 2);
+    both("Latin-1 up to the end of the bytes", "ABC"_ba, 0, 9, u"ABC"_s, 4);
+    both("an empty Latin-1 text is nothing", "\0A"_ba, 0, 2, {}, 1);
+    both("UTF-8", "\xC3\xA4\0"_ba, 3, 3, u"ä"_s, 3);
+    both("claimed UTF-8 that is Latin-1", "\xE4!\0"_ba, 3, 3, u"ä!"_s, 3);
     both("little-endian mark",
          "\xFF\xFE"
-         "A\0\0\0zz"_bytes,
-         1, 8, some(u"A"), 6);
-    both("big-endian mark", "\xFE\xFF\0A\0\0zz"_bytes, 1, 8, some(u"A"), 6);
-    both("no mark is big-endian", "\0A\0\0zz"_bytes, 2, 6, some(u"A"), 4);
-    both("a mark alone is an empty text", "\xFF\xFE\0\0zz"_bytes, 1, 6, some(u""), 4);
-    both("no UTF-16 unit is nothing", "\0\0zz"_bytes, 1, 4, Text(), 2);
-    both("UTF-16 up to the maximum", "\0A\0B\0C\0D"_bytes, 2, 4, some(u"AB"), 6);
-    both("unknown encoding leaves the count alone", "ABC"_bytes, 4, 3, Text(), 3);
-    both("past the end leaves the count alone", ""_bytes, 0, 3, Text(), 3);
-    QTest::newRow("the last unit before the tag's end")
-        << "\xFE\xFF\0A\0B"_bytes << 1 << 6 << some(u"A") << 6 << some(u"AB") << 8;
-    QTest::newRow("an odd maximum")
-        << "\0A\0B\0C\0D"_bytes << 2 << 3 << some(u"AB") << 6 << some(u"A") << 4;
+         "A\0\0\0zz"_ba,
+         1, 8, u"A"_s, 6);
+    both("big-endian mark", "\xFE\xFF\0A\0\0zz"_ba, 1, 8, u"A"_s, 6);
+    both("no mark is big-endian", "\0A\0\0zz"_ba, 2, 6, u"A"_s, 4);
+    both("a mark alone is an empty text", "\xFF\xFE\0\0zz"_ba, 1, 6, u""_s, 4);
+    both("no UTF-16 unit is nothing", "\0\0zz"_ba, 1, 4, {}, 2);
+    both("UTF-16 up to the maximum", "\0A\0B\0C\0D"_ba, 2, 4, u"AB"_s, 6);
+    both("unknown encoding leaves the count alone", "ABC"_ba, 4, 3, {}, 3);
+    both("past the end leaves the count alone", ""_ba, 0, 3, {}, 3);
+    row("the last unit before the tag's end", "\xFE\xFF\0A\0B"_ba, 1, 6, u"A"_s, 6, u"AB"_s, 8);
+    row("an odd maximum", "\0A\0B\0C\0D"_ba, 2, 3, u"AB"_s, 6, u"A"_s, 4);
 }
 
 void TestID3Strings::id3v23String()
@@ -128,45 +114,34 @@ void TestID3Strings::id3v23String()
     QFETCH(QByteArray, bytes);
     QFETCH(int, encoding);
     QFETCH(int, maximum);
-    QFETCH(Text, inClassic);
-    QFETCH(int, consumedInClassic);
-    QFETCH(Text, inStandard);
-    QFETCH(int, consumedInStandard);
-    qsizetype consumed = maximum;
-    QCOMPARE(ID3Strings::id3v23String(bytes, 0, encoding, consumed, classic), inClassic);
-    QCOMPARE(consumed, consumedInClassic);
-    consumed = maximum;
-    QCOMPARE(ID3Strings::id3v23String(bytes, 0, encoding, consumed, standard), inStandard);
-    QCOMPARE(consumed, consumedInStandard);
+    for (const bool isClassic : {true, false}) {
+        qsizetype consumed = maximum;
+        const auto read =
+            ID3Strings::id3v23String(bytes, 0, encoding, consumed, isClassic ? classic : standard);
+        QTEST(read, isClassic ? "classicText" : "text");
+        QTEST(static_cast<int>(consumed), isClassic ? "classicConsumed" : "consumed");
+    }
 }
 
 void TestID3Strings::id3v23Strings_data()
 {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<QByteArray>("log");
-    QTest::addColumn<QStringList>("strings");
-    const QStringList two{QStringLiteral("A"), QStringLiteral("B")};
-    QTest::newRow("two") << "\0A\0B\0"_bytes
-                         << ""_bytes << two;
-    QTest::newRow("the last one not terminated") << "\0A\0B"_bytes
-                                                 << ""_bytes << two;
-    QTest::newRow("empty ones are left out") << "\0A\0\0\0B\0"_bytes
-                                             << ""_bytes << two;
-    QTest::newRow("UTF-16, each with its mark") << "\1\xFF\xFE"
-                                                   "A\0\0\0\xFE\xFF\0B\0\0"_bytes
-                                                << ""_bytes << two;
-    QTest::newRow("an encoding byte alone") << "\0"_bytes
-                                            << ""_bytes << QStringList();
-    QTest::newRow("no byte at all") << ""_bytes
-                                    << ""_bytes << QStringList();
-    QTest::newRow("unknown encoding")
-        << "\x1F"
-           "A\0B\0"_bytes
-        << "id3v23StringsIn encoding 31 treated as encoding 0"_bytes << two;
-    QTest::newRow("text without encoding byte")
-        << " A\0B\0"_bytes
-        << "id3v23StringsIn encoding 32 (no encoding byte)"_bytes
-        << QStringList{QStringLiteral(" A"), QStringLiteral("B")};
+    const Table<QByteArray, QByteArray, QStringList> row("body", "log", "strings");
+    const QStringList two{u"A"_s, u"B"_s};
+    row("two", "\0A\0B\0"_ba, {}, two);
+    row("the last one not terminated", "\0A\0B"_ba, {}, two);
+    row("empty ones are left out", "\0A\0\0\0B\0"_ba, {}, two);
+    row("UTF-16, each with its mark",
+        "\1\xFF\xFE"
+        "A\0\0\0\xFE\xFF\0B\0\0"_ba,
+        {}, two);
+    row("an encoding byte alone", "\0"_ba, {}, {});
+    row("no byte at all", {}, {}, {});
+    row("unknown encoding",
+        "\x1F"
+        "A\0B\0"_ba,
+        "id3v23StringsIn encoding 31 treated as encoding 0"_ba, two);
+    row("text without encoding byte", " A\0B\0"_ba,
+        "id3v23StringsIn encoding 32 (no encoding byte)"_ba, QStringList{u" A"_s, u"B"_s});
 }
 
 void TestID3Strings::id3v23Strings()
@@ -184,9 +159,9 @@ void TestID3Strings::id3v23Strings()
 
 void TestID3Strings::stringsOutsideTheTagAreRefused()
 {
-    const QRegularExpression log(QStringLiteral("^id3v23StringsIn <.* .*: 3 bytes> @ \\{2, 2\\}$"));
+    const QRegularExpression log(u"^id3v23StringsIn <.* .*: 3 bytes> @ \\{2, 2\\}$"_s);
     QTest::ignoreMessage(QtWarningMsg, log);
-    QCOMPARE(ID3Strings::id3v23Strings("\0AB"_bytes, 2, 2, classic), QStringList());
+    QCOMPARE(ID3Strings::id3v23Strings("\0AB"_ba, 2, 2, classic), QStringList());
 }
 
 void TestID3Strings::tooManyStringsAreRefused()
@@ -198,26 +173,24 @@ void TestID3Strings::tooManyStringsAreRefused()
 
 void TestID3Strings::textBlock_data()
 {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<QString>("inClassic");
-    QTest::addColumn<QString>("inStandard");
-    const auto both = [](const char *name, const QByteArray &body, const QString &block) {
-        QTest::newRow(name) << body << block << block;
+    const Table<QByteArray, QString, QString> row("body", "inClassic", "inStandard");
+    const auto both = [&row](const char *name, const QByteArray &body, const QString &block) {
+        row(name, body, block, block);
     };
-    both("descriptor and text", "\0engD\0Text"_bytes, QStringLiteral("eng|D|Text"));
-    both("no descriptor", "\0eng\0Text\0"_bytes, QStringLiteral("eng|none|Text"));
-    both("zero bytes before the text", "\0eng\0\0\0Text"_bytes, QStringLiteral("eng|none|Text"));
-    both("language of zero bytes", "\0\0\0\0\0Text"_bytes, QStringLiteral("none|none|Text"));
-    both("a descriptor without a text is nothing", "\0engDesc\0"_bytes, QStringLiteral("nothing"));
-    both("no terminator is nothing", "\0engDesc"_bytes, QStringLiteral("nothing"));
-    both("six bytes are too few", "\0eng\0T"_bytes, QStringLiteral("nothing"));
-    QTest::newRow("UTF-16 with marks, ending with the tag")
-        << "\1eng\xFF\xFE"
-           "D\0\0\0\xFF\xFET\0x\0"_bytes
-        << QStringLiteral("eng|D|T") << QStringLiteral("eng|D|Tx");
-    QTest::newRow("zeros before big-endian text")
-        << "\2eng\0\0\0A\0B\0\0"_bytes << QStringLiteral("eng|none|\u4100\u4200")
-        << QStringLiteral("eng|none|AB");
+    both("descriptor and text", "\0engD\0Text"_ba, u"eng|D|Text"_s);
+    both("no descriptor", "\0eng\0Text\0"_ba, u"eng|none|Text"_s);
+    both("zero bytes before the text", "\0eng\0\0\0Text"_ba, u"eng|none|Text"_s);
+    row("language of zero bytes", "\0\0\0\0\0Text"_ba, u"none|none|Text"_s, u"|none|Text"_s);
+    row("odd language", "\0en\0\0Text"_ba, u"none|none|Text"_s, u"en\0|none|Text"_s);
+    both("a descriptor without a text is nothing", "\0engDesc\0"_ba, u"nothing"_s);
+    both("no terminator is nothing", "\0engDesc"_ba, u"nothing"_s);
+    both("six bytes are too few", "\0eng\0T"_ba, u"nothing"_s);
+    row("UTF-16 with marks, ending with the tag",
+        "\1eng\xFF\xFE"
+        "D\0\0\0\xFF\xFET\0x\0"_ba,
+        u"eng|D|T"_s, u"eng|D|Tx"_s);
+    row("zeros before big-endian text", "\2eng\0\0\0A\0B\0\0"_ba, u"eng|none|\u4100\u4200"_s,
+        u"eng|none|AB"_s);
 }
 
 void TestID3Strings::textBlock()
@@ -237,14 +210,13 @@ void TestID3Strings::textBlock()
 
 void TestID3Strings::integer_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("value");
-    QTest::newRow("digits up to others") << QStringLiteral("12abc3") << 12;
-    QTest::newRow("white space and sign") << QStringLiteral(" \t-7") << -7;
-    QTest::newRow("no digits") << QStringLiteral("abc") << 0;
-    QTest::newRow("sign alone") << QStringLiteral("+") << 0;
-    QTest::newRow("too large") << QStringLiteral("99999999999999999999") << 2147483647;
-    QTest::newRow("too small") << QStringLiteral("-99999999999") << -2147483647 - 1;
+    const Table<QString, int> row("text", "value");
+    row("digits up to others", u"12abc3"_s, 12);
+    row("white space and sign", u" \t-7"_s, -7);
+    row("no digits", u"abc"_s, 0);
+    row("sign alone", u"+"_s, 0);
+    row("too large", u"99999999999999999999"_s, 2147483647);
+    row("too small", u"-99999999999"_s, -2147483647 - 1);
 }
 
 void TestID3Strings::integer()
