@@ -1,6 +1,5 @@
 #include "songs/librarytag.h"
-
-#include <QTest>
+#include "support/table.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,11 +36,7 @@ void TestLibraryTag::otherKindsHaveNoTag()
 
 void TestLibraryTag::numbers_data()
 {
-    QTest::addColumn<QVariantMap>("track");
-    QTest::addColumn<QString>("year");
-    QTest::addColumn<QString>("number");
-    const auto row = [](const char *name, const QVariantMap &track, const QString &year,
-                        const QString &number) { QTest::newRow(name) << track << year << number; };
+    const Table<QVariantMap, QString, QString> row("track", "year", "number");
     row("the first year that counts", {{u"Year"_s, 1}}, u"1"_s, {});
     row("the last year that counts", {{u"Year"_s, 2049LL}}, u"2049"_s, {});
     row("no year before", {{u"Year"_s, 0}}, {}, {});

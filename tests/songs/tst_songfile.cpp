@@ -1,12 +1,12 @@
 #include "itunes/itunesinterface.h"
 #include "songs/songfile.h"
 #include "support/songs.h"
+#include "support/table.h"
 #include "support/tempfiles.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using Outcome = InPlaceFile::Outcome;
@@ -69,7 +69,6 @@ private Q_SLOTS:
     void relativePathStaysAsGiven();
     void vanishedFileIsAProblem();
     void writeKeepsAttributesAndIsNoOutsideChange();
-    void refusesToWrite_data();
     void refusesToWrite();
     void failedWriteIsAProblem();
     void playerIsPausedForItsSongAlone();
@@ -95,13 +94,12 @@ void TestSongFile::init()
 
 void TestSongFile::isSong_data()
 {
-    QTest::addColumn<qint64>("size");
-    QTest::addColumn<bool>("isSong");
-    QTest::newRow("255 bytes are too few") << qint64(255) << false;
-    QTest::newRow("256 bytes are enough") << qint64(256) << true;
-    QTest::newRow("sizes are 32-bit numbers: 2 GB is negative") << (qint64(1) << 31) << false;
-    QTest::newRow("sizes are 32-bit numbers: 4 GB count anew") << (qint64(1) << 32) + 255 << false;
-    QTest::newRow("sizes are 32-bit numbers: beyond 4 GB") << (qint64(1) << 32) + 256 << true;
+    const Table<qint64, bool> row("size", "isSong");
+    row("255 bytes are too few", qint64(255), false);
+    row("256 bytes are enough", qint64(256), true);
+    row("sizes are 32-bit numbers: 2 GB is negative", qint64(1) << 31, false);
+    row("sizes are 32-bit numbers: 4 GB count anew", (qint64(1) << 32) + 255, false);
+    row("sizes are 32-bit numbers: beyond 4 GB", (qint64(1) << 32) + 256, true);
 }
 
 void TestSongFile::isSong()
@@ -173,12 +171,11 @@ void TestSongFile::lazyTagsAreReplaced()
 
 void TestSongFile::reasonOfNoTag_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("gone") << u"missing.mp3"_s << u"ErrorSongVanished"_s;
-    QTest::newRow("not ours to read") << u"secret.mp3"_s << u"ErrorCannotOpenForRead"_s;
-    QTest::newRow("a text") << u"notes.txt"_s << u"ErrorNoSong"_s;
-    QTest::newRow("MP4 by its name") << u"notes.m4a"_s << u"ErrorMP4NotYet"_s;
+    const Table<QString, QString> row("name", "reason");
+    row("gone", u"missing.mp3"_s, u"ErrorSongVanished"_s);
+    row("not ours to read", u"secret.mp3"_s, u"ErrorCannotOpenForRead"_s);
+    row("a text", u"notes.txt"_s, u"ErrorNoSong"_s);
+    row("MP4 by its name", u"notes.m4a"_s, u"ErrorMP4NotYet"_s);
 }
 
 void TestSongFile::reasonOfNoTag()
@@ -253,26 +250,19 @@ void TestSongFile::writeKeepsAttributesAndIsNoOutsideChange()
     QCOMPARE(SongFile::songWithPath(mPath)->infotag()->title(), u"Paper Moons"_s);
 }
 
-void TestSongFile::refusesToWrite_data()
-{
-    QTest::addColumn<SongStatus>("status");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("locked") << SongStatus::Locked << u"ErrorSongLocked"_s;
-    QTest::newRow("problem") << SongStatus::Problem << u"ErrorSongHasProblem"_s;
-}
-
 void TestSongFile::refusesToWrite()
 {
-    QFETCH(SongStatus, status);
-    QFETCH(QString, error);
     const QByteArray before = fileContents(mPath);
     mSong->infotag()->setTitle(u"Paper Moons"_s);
-    mSong->setActivityStatus(status);
-    const auto outcome = mSong->writeToOriginalPath({}, nullptr);
-    QCOMPARE(outcome.kind, Outcome::Kind::Failed);
-    QCOMPARE(outcome.error, error);
-    QCOMPARE(fileContents(mPath), before);
-    QCOMPARE(mSong->activityStatus(), status);
+    for (const auto &[status, error] : {std::pair(SongStatus::Locked, u"ErrorSongLocked"_s),
+                                        {SongStatus::Problem, u"ErrorSongHasProblem"_s}}) {
+        mSong->setActivityStatus(status);
+        const auto outcome = mSong->writeToOriginalPath({}, nullptr);
+        QCOMPARE(outcome.kind, Outcome::Kind::Failed);
+        QCOMPARE(outcome.error, error);
+        QCOMPARE(fileContents(mPath), before);
+        QCOMPARE(mSong->activityStatus(), status);
+    }
 }
 
 void TestSongFile::failedWriteIsAProblem()
@@ -303,20 +293,14 @@ void TestSongFile::playerIsPausedForItsSongAlone()
 
 void TestSongFile::libraryRefresh_data()
 {
-    QTest::addColumn<QString>("byID");
-    QTest::addColumn<QString>("byTitle");
-    QTest::addColumn<QString>("meanwhile");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("the path by ID is taken")
-        << u"new.mp3"_s << QString() << u"stays"_s << u"new.mp3"_s;
-    QTest::newRow("no answer, nothing moved")
-        << QString() << QString() << u"stays"_s << u"song.mp3"_s;
-    QTest::newRow("no answer, the file is followed")
-        << QString() << QString() << u"moves"_s << u"moved.mp3"_s;
-    QTest::newRow("the path by title, where there is still a file")
-        << QString() << u"new.mp3"_s << u"moves"_s << u"moved.mp3"_s;
-    QTest::newRow("the path by title, where the file is gone")
-        << QString() << u"new.mp3"_s << u"goes"_s << u"new.mp3"_s;
+    const Table<QString, QString, QString, QString> row("byID", "byTitle", "meanwhile", "expected");
+    row("the path by ID is taken", u"new.mp3"_s, QString(), u"stays"_s, u"new.mp3"_s);
+    row("no answer, nothing moved", QString(), QString(), u"stays"_s, u"song.mp3"_s);
+    row("no answer, the file is followed", QString(), QString(), u"moves"_s, u"moved.mp3"_s);
+    row("the path by title, where there is still a file", QString(), u"new.mp3"_s, u"moves"_s,
+        u"moved.mp3"_s);
+    row("the path by title, where the file is gone", QString(), u"new.mp3"_s, u"goes"_s,
+        u"new.mp3"_s);
 }
 
 void TestSongFile::libraryRefresh()

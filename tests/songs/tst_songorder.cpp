@@ -1,7 +1,7 @@
 #include "songs/songorder.h"
+#include "support/table.h"
 
 #include <QHash>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace SongOrder;
@@ -107,42 +107,39 @@ void TestSongOrder::numbersCompareTheWrongWayRound()
 
 void TestSongOrder::chain_data()
 {
-    QTest::addColumn<Comparison>("comparison");
-    QTest::addColumn<QStringList>("keys");
-    const auto row = [](const char *name, Comparison comparison, const char *keys) {
-        QTest::newRow(name) << comparison << QString::fromLatin1(keys).split(u' ');
-    };
-    row("index", compareIndex, "index title artist album");
-    row("compilation", compareCompilation, "compilation album track title artist");
-    row("artist", compareArtist, "artist album track");
-    row("title", compareTitle, "title artist album");
-    row("album", compareAlbum, "album track title artist");
-    row("track", compareTrack, "track album title artist");
-    row("year", compareYear, "year album artist track");
-    row("genre", compareGenre, "genre album artist");
-    row("lyrics", compareLyrics, "lyrics album track title artist");
-    row("art", compareArt, "art artist album track");
-    row("read version", compareReadVersion, "version album artist");
-    row("BPM", compareBPM, "bpm title artist album");
-    row("activity", compareActivity, "status");
+    const Table<Comparison, QString> row("comparison", "keys");
+    row("index", compareIndex, u"index title artist album"_s);
+    row("compilation", compareCompilation, u"compilation album track title artist"_s);
+    row("artist", compareArtist, u"artist album track"_s);
+    row("title", compareTitle, u"title artist album"_s);
+    row("album", compareAlbum, u"album track title artist"_s);
+    row("track", compareTrack, u"track album title artist"_s);
+    row("year", compareYear, u"year album artist track"_s);
+    row("genre", compareGenre, u"genre album artist"_s);
+    row("lyrics", compareLyrics, u"lyrics album track title artist"_s);
+    row("art", compareArt, u"art artist album track"_s);
+    row("read version", compareReadVersion, u"version album artist"_s);
+    row("BPM", compareBPM, u"bpm title artist album"_s);
+    row("activity", compareActivity, u"status"_s);
 }
 
 /// For each key: songs equal in all keys before it, with every other column saying the opposite.
 void TestSongOrder::chain()
 {
     QFETCH(Comparison, comparison);
-    QFETCH(QStringList, keys);
-    for (qsizetype deciding = 0; deciding <= keys.size(); ++deciding) {
+    QFETCH(QString, keys);
+    const QStringList columnsInOrder = keys.split(u' ');
+    for (qsizetype deciding = 0; deciding <= columnsInOrder.size(); ++deciding) {
         Fields fields;
         Fields others;
         for (auto column = columns().cbegin(); column != columns().cend(); ++column) {
-            const qsizetype place = keys.indexOf(column.key());
+            const qsizetype place = columnsInOrder.indexOf(column.key());
             const auto [first, last] = column.value();
             const bool isEqual = place >= 0 && place < deciding;
             put(fields, column.key(), isEqual || place == deciding ? first : last);
             put(others, column.key(), place == deciding ? last : first);
         }
-        const int expected = deciding < keys.size() ? -1 : 0;
+        const int expected = deciding < columnsInOrder.size() ? -1 : 0;
         QCOMPARE(comparison(*songWith(fields), *songWith(others)), expected);
         QCOMPARE(comparison(*songWith(others), *songWith(fields)), -expected);
     }
@@ -150,28 +147,18 @@ void TestSongOrder::chain()
 
 void TestSongOrder::comesFirst_data()
 {
-    QTest::addColumn<Comparison>("comparison");
-    QTest::addColumn<Fields>("first");
-    QTest::addColumn<Fields>("second");
-    QTest::newRow("a missing text comes last")
-        << Comparison(rawCompareTitle) << Fields{{u"title"_s, u"Zebra"_s}} << Fields{};
-    QTest::newRow("an empty text is not missing")
-        << Comparison(rawCompareAlbum) << Fields{{u"album"_s, u""_s}}
-        << Fields{{u"album"_s, u"A"_s}};
-    QTest::newRow("a missing track comes last")
-        << Comparison(rawCompareTrack) << Fields{{u"track"_s, u"99"_s}} << Fields{};
-    QTest::newRow("a missing year comes last")
-        << Comparison(rawCompareYear) << Fields{{u"year"_s, u"1"_s}} << Fields{};
-    QTest::newRow("the year in front of a date counts")
-        << Comparison(rawCompareYear) << Fields{{u"year"_s, u"2005-03"_s}}
-        << Fields{{u"year"_s, u"2004-11"_s}};
-    QTest::newRow("a missing BPM counts as 0")
-        << Comparison(rawCompareBPM) << Fields{} << Fields{{u"bpm"_s, u"60"_s}};
-    QTest::newRow("versions are texts, not numbers")
-        << Comparison(rawCompareReadVersion) << Fields{{u"version"_s, u"2.10"_s}}
-        << Fields{{u"version"_s, u"2.4"_s}};
-    QTest::newRow("songs of no playlist come last")
-        << Comparison(rawCompareIndex) << Fields{{u"index"_s, u"7"_s}} << Fields{};
+    const Table<Comparison, Fields, Fields> row("comparison", "first", "second");
+    row("a missing text comes last", rawCompareTitle, Fields{{u"title"_s, u"Zebra"_s}}, Fields{});
+    row("an empty text is not missing", rawCompareAlbum, Fields{{u"album"_s, u""_s}},
+        Fields{{u"album"_s, u"A"_s}});
+    row("a missing track comes last", rawCompareTrack, Fields{{u"track"_s, u"99"_s}}, Fields{});
+    row("a missing year comes last", rawCompareYear, Fields{{u"year"_s, u"1"_s}}, Fields{});
+    row("the year in front of a date counts", rawCompareYear, Fields{{u"year"_s, u"2005-03"_s}},
+        Fields{{u"year"_s, u"2004-11"_s}});
+    row("a missing BPM counts as 0", rawCompareBPM, Fields{}, Fields{{u"bpm"_s, u"60"_s}});
+    row("versions are texts, not numbers", rawCompareReadVersion, Fields{{u"version"_s, u"2.10"_s}},
+        Fields{{u"version"_s, u"2.4"_s}});
+    row("songs of no playlist come last", rawCompareIndex, Fields{{u"index"_s, u"7"_s}}, Fields{});
 }
 
 void TestSongOrder::comesFirst()

@@ -1,8 +1,8 @@
+#include "support/table.h"
 #include "tags/mp3infotag.h"
 
 #include <QBuffer>
 #include <QImage>
-#include <QTest>
 
 #include <atomic>
 #include <thread>
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray pictureOf(QSize size, const char *format, Qt::GlobalColor color = Qt::red)
+QByteArray pictureOf(QSize size, const char *format = "PNG", Qt::GlobalColor color = Qt::red)
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(color);
@@ -21,10 +21,16 @@ QByteArray pictureOf(QSize size, const char *format, Qt::GlobalColor color = Qt:
     return buffer.data();
 }
 
-/// A PNG file of the given size that ends behind its header.
-QByteArray headerOfPNG(const QByteArray &size)
+MP3InfoTag &withPicture(MP3InfoTag &tag, const QByteArray &picture)
 {
-    return "\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR"_ba + size + "\x08\2\0\0\0"_ba;
+    tag.addImage(ID3Image::imageWithData(picture, {}));
+    return tag;
+}
+
+/// The side of the square icon of the tag for a box of that side.
+int iconSide(const MP3InfoTag &tag, int box)
+{
+    return tag.imageIconNoLargerThan(box, box).width();
 }
 
 } // namespace
@@ -45,12 +51,11 @@ private Q_SLOTS:
 
 void tst_ArtworkIcon::sizes_data()
 {
-    QTest::addColumn<QSize>("picture");
-    QTest::addColumn<QSize>("icon");
-    QTest::newRow("square") << QSize(600, 600) << QSize(32, 32);
-    QTest::newRow("wide") << QSize(640, 320) << QSize(32, 16);
-    QTest::newRow("small ones grow") << QSize(4, 8) << QSize(16, 32);
-    QTest::newRow("odd sides shrink by one") << QSize(320, 130) << QSize(32, 12);
+    const Table<QSize, QSize> row("picture", "icon");
+    row("square", QSize(600, 600), QSize(32, 32));
+    row("wide", QSize(640, 320), QSize(32, 16));
+    row("small ones grow", QSize(4, 8), QSize(16, 32));
+    row("odd sides shrink by one", QSize(320, 130), QSize(32, 12));
 }
 
 void tst_ArtworkIcon::sizes()
@@ -58,7 +63,7 @@ void tst_ArtworkIcon::sizes()
     QFETCH(QSize, picture);
     for (const char *format : {"PNG", "JPG", "BMP"}) {
         MP3InfoTag tag;
-        tag.addImage(ID3Image::imageWithData(pictureOf(picture, format), {}));
+        withPicture(tag, pictureOf(picture, format));
         QTEST(tag.imageIconNoLargerThan(32, 32).size(), "icon");
     }
     QVERIFY(MP3InfoTag().imageIconNoLargerThan(32, 32).isNull());
@@ -67,8 +72,7 @@ void tst_ArtworkIcon::sizes()
 void tst_ArtworkIcon::pictureInABlackFrame()
 {
     MP3InfoTag tag;
-    tag.addImage(ID3Image::imageWithData(pictureOf({100, 100}, "PNG"), {}));
-    tag.addImage(ID3Image::imageWithData(pictureOf({100, 100}, "PNG", Qt::green), {}));
+    withPicture(withPicture(tag, pictureOf({100, 100})), pictureOf({100, 100}, "PNG", Qt::green));
     const QImage icon = tag.imageIconNoLargerThan(32, 32);
     QCOMPARE(icon.pixelColor(16, 16), QColor(Qt::red));
     for (const QPoint edge : {QPoint(0, 16), {31, 16}, {16, 0}, {16, 31}})
@@ -77,13 +81,13 @@ void tst_ArtworkIcon::pictureInABlackFrame()
 
 void tst_ArtworkIcon::unreadablePicturesHaveTheBuiltInIcon_data()
 {
-    QTest::addColumn<QByteArray>("data");
-    QTest::newRow("no picture") << "nothing"_ba;
-    QTest::newRow("no bytes") << QByteArray();
-    QTest::newRow("cut off") << pictureOf({100, 100}, "PNG").first(60);
-    QTest::newRow("nearly endless") << headerOfPNG("\0\1\0\0\0\1\0\0"_ba);
-    QTest::newRow("other formats are not tried")
-        << "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>"_ba;
+    const Table<QByteArray> row("data");
+    row("no picture", "nothing"_ba);
+    row("no bytes", QByteArray());
+    row("cut off", pictureOf({100, 100}).first(60));
+    row("nearly endless", "\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\1\0\0\0\1\0\0\x08\2\0\0\0"_ba);
+    row("other formats are not tried",
+        "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>"_ba);
 }
 
 void tst_ArtworkIcon::unreadablePicturesHaveTheBuiltInIcon()
@@ -97,32 +101,27 @@ void tst_ArtworkIcon::unreadablePicturesHaveTheBuiltInIcon()
 void tst_ArtworkIcon::iconIsKeptUntilItIsTooLarge()
 {
     MP3InfoTag tag;
-    tag.addImage(ID3Image::imageWithData(pictureOf({90, 90}, "PNG"), {}));
-    QCOMPARE(tag.imageIconNoLargerThan(16, 16).width(), 16);
-    QCOMPARE(tag.imageIconNoLargerThan(64, 64).width(), 16);
-    // Another tag's picture is the remembered one by now.
-    MP3InfoTag other;
-    other.addImage(ID3Image::imageWithData(pictureOf({91, 91}, "PNG"), {}));
-    QCOMPARE(other.imageIconNoLargerThan(16, 16).width(), 16);
-    QCOMPARE(tag.imageIconNoLargerThan(8, 8).width(), 8);
+    withPicture(tag, pictureOf({90, 90}));
+    QCOMPARE(iconSide(tag, 16), 16);
+    QCOMPARE(iconSide(tag, 64), 16);
+    MP3InfoTag other; // whose picture is the remembered one from now on
+    QCOMPARE(iconSide(withPicture(other, pictureOf({91, 91})), 16), 16);
+    QCOMPARE(iconSide(tag, 8), 8);
     QVERIFY(tag.removeImageAtIndex(0));
     QVERIFY(tag.imageIconNoLargerThan(8, 8).isNull());
 }
 
 void tst_ArtworkIcon::sameBytesHaveTheSameIconWhateverTheBox()
 {
-    const auto image = ID3Image::imageWithData(pictureOf({92, 92}, "PNG"), {});
     MP3InfoTag tag;
-    tag.addImage(image);
-    QCOMPARE(tag.imageIconNoLargerThan(64, 64).width(), 64);
+    QCOMPARE(iconSide(withPicture(tag, pictureOf({92, 92})), 64), 64);
     MP3InfoTag other;
-    other.addImage(image);
-    QCOMPARE(other.imageIconNoLargerThan(32, 32).width(), 64);
+    QCOMPARE(iconSide(withPicture(other, pictureOf({92, 92})), 32), 64);
 }
 
 void tst_ArtworkIcon::severalThreads()
 {
-    const QByteArray pictures[]{pictureOf({40, 20}, "PNG"), pictureOf({20, 40}, "PNG")};
+    const QByteArray pictures[]{pictureOf({40, 20}), pictureOf({20, 40})};
     std::atomic<int> right = 0;
     std::vector<std::jthread> threads;
     for (int thread = 0; thread < 4; ++thread) {
@@ -130,8 +129,7 @@ void tst_ArtworkIcon::severalThreads()
             const QByteArray &picture = pictures[thread % 2];
             for (int i = 0; i < 50; ++i) {
                 MP3InfoTag tag;
-                tag.addImage(ID3Image::imageWithData(picture, {}));
-                const QSize size = tag.imageIconNoLargerThan(32, 32).size();
+                const QSize size = withPicture(tag, picture).imageIconNoLargerThan(32, 32).size();
                 right += size == (thread % 2 ? QSize(16, 32) : QSize(32, 16));
             }
         });

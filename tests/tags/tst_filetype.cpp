@@ -1,11 +1,11 @@
-#include "support/bytesliteral.h"
+#include "support/id3bytes.h"
+#include "support/table.h"
 #include "support/tempfiles.h"
 #include "tags/filetype.h"
-#include "tags/synchsafe.h"
 
 #include <QTemporaryDir>
-#include <QTest>
-#include <QtEndian>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,9 +13,7 @@ using FileType::SongDataType;
 
 QByteArray id3v2(int major, int size)
 {
-    const quint32 stored = qToBigEndian(SynchSafe::synchSafe(static_cast<quint32>(size)));
-    return "ID3" + QByteArray(1, char(major)) + "\0\0"_bytes
-        + QByteArray(reinterpret_cast<const char *>(&stored), 4) + QByteArray(size, 't');
+    return id3Tag(major, QByteArray(size, 't'));
 }
 
 QByteArray mp4(int size)
@@ -38,17 +36,13 @@ private Q_SLOTS:
     void opensOnlyFiles();
 
 private:
-    [[nodiscard]] QString path() const { return mFolder.filePath(QStringLiteral("song")); }
+    [[nodiscard]] QString path() const { return mFolder.filePath(u"song"_s); }
     QTemporaryDir mFolder;
 };
 
 void TestFileType::sniffs_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("type");
-    const auto row = [](const char *name, const QByteArray &bytes, SongDataType type) {
-        QTest::newRow(name) << bytes << static_cast<int>(type);
-    };
+    const Table<QByteArray, SongDataType> row("bytes", "type");
     const QByteArray filler(8192, 'x');
     row("MPEG frames", mpegFrames(50), SongDataType::MPEGAudio);
     row("MPEG frames with another sample rate index are none",
@@ -85,7 +79,7 @@ void TestFileType::sniffs()
 {
     QFETCH(QByteArray, bytes);
     writeFile(path(), bytes);
-    QTEST(static_cast<int>(FileType::songDataType(*SongBytes::open(path()))), "type");
+    QTEST(FileType::songDataType(*SongBytes::open(path())), "type");
 }
 
 void TestFileType::claims()
@@ -101,17 +95,12 @@ void TestFileType::claims()
 
 void TestFileType::removesStrayTags_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("log");
-    QTest::addColumn<int>("removed");
-    QTest::newRow("v2.4") << id3v2(4, 20) + "mp4"
-                          << QStringLiteral("** Removed ID3 tag from AAC at %1") << 30;
-    QTest::newRow("v2.3 stays") << id3v2(3, 20) + "mp4" << QString() << 0;
-    QTest::newRow("nothing behind it")
-        << id3v2(4, 20) << QStringLiteral("removeID3 invalid tag size: %1") << 0;
-    QTest::newRow("ten bytes") << id3v2(4, 0) << QStringLiteral("removeID3 file only 10 bytes: %1")
-                               << 0;
-    QTest::newRow("no tag") << "moov, and more"_bytes << QString() << 0;
+    const Table<QByteArray, QString, int> row("bytes", "log", "removed");
+    row("v2.4", id3v2(4, 20) + "mp4", u"** Removed ID3 tag from AAC at %1"_s, 30);
+    row("v2.3 stays", id3v2(3, 20) + "mp4", {}, 0);
+    row("nothing behind it", id3v2(4, 20), u"removeID3 invalid tag size: %1"_s, 0);
+    row("ten bytes", id3v2(4, 0), u"removeID3 file only 10 bytes: %1"_s, 0);
+    row("no tag", "moov, and more"_ba, {}, 0);
 }
 
 void TestFileType::removesStrayTags()
@@ -154,7 +143,7 @@ void TestFileType::readsStretches()
 void TestFileType::opensOnlyFiles()
 {
     QVERIFY(!SongBytes::open(mFolder.path()));
-    QVERIFY(!SongBytes::open(mFolder.filePath(QStringLiteral("not there"))));
+    QVERIFY(!SongBytes::open(mFolder.filePath(u"not there"_s)));
 }
 
 QTEST_GUILESS_MAIN(TestFileType)

@@ -154,6 +154,8 @@ void tst_ID3Writer::frames_data()
     row("2.4 plain sizes", comment, 4, standard, frame("TALB", longBody));
     row("2.4 accurate sizes", comment, 4, accurate, safeFrame("TALB", longBody));
     row("2.3 sizes are always plain", comment, 3, standardAccurate, frame("TALB", longBody));
+    row("2.4 plain size of a picture", {picture(QByteArray(124, 'p'), {})}, 4, standard,
+        frame("APIC", "\0\0\0\0"_ba + QByteArray(124, 'p')));
     row("2.4 accurate size of a picture", {picture(QByteArray(300, 'p'), u"image/png"_s)}, 4,
         accurate, "APIC\0\0\x02\x39\0\0\0image/png\0\0\0"_ba + QByteArray(300, 'p'));
 }

@@ -157,7 +157,8 @@ void tst_MP3InfoTag::picturesComeBackAsTheyWere()
     for (const QByteArray &front : {tag22, tag23, tag24}) {
         const QString path = fileWith(front + audio);
         const auto tag = tagOfFile(path, readOptionsOf(true));
-        for (const auto &[type, description] : {std::pair(3, u"vorn"_s), {4, u"Rückseite Ω"_s}}) {
+        for (const auto &[type, description] :
+             {std::pair(3, u"vorn"_s), {4, u"Rückseite Ω\u4100\u0142"_s}}) {
             ID3Image image = ID3Image::imageWithData("\x89PNG\r\n\x1A\n\0x"_ba, u"image/png"_s);
             image.pictureType = type;
             image.description = description;

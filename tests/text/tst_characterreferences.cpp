@@ -1,6 +1,5 @@
+#include "support/table.h"
 #include "text/characterreferences.h"
-
-#include <QTest>
 
 using namespace HVStringExtensions;
 using namespace Qt::StringLiterals;
@@ -17,24 +16,22 @@ private Q_SLOTS:
 
 void TestCharacterReferences::replacing_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("replaced");
+    const Table<QString, QString> row("text", "replaced");
 
-    QTest::newRow("empty") << u""_s << u""_s;
-    QTest::newRow("names") << u"R&amp;B &eacute;&Eacute; &thetasym;"_s << u"R&B éÉ ϑ"_s;
-    QTest::newRow("the seven more")
-        << u"&LT;&GT;&AMP;&QUOT;&apos;&percnt;&supl;"_s << u"<>&\"'%¹"_s;
-    QTest::newRow("the semicolon is optional") << u"a &amp b &amp"_s << u"a & b &"_s;
-    QTest::newRow("the longest name counts") << u"&ampx;"_s << u"&ampx;"_s;
-    QTest::newRow("names know case") << u"&Amp;"_s << u"&Amp;"_s;
-    QTest::newRow("unknown name") << u"&foo; & &"_s << u"&foo; & &"_s;
-    QTest::newRow("decimal") << u"&#65;&#65B"_s << u"AAB"_s;
-    QTest::newRow("hexadecimal") << u"&#x41;&#X4a"_s << u"AJ"_s;
-    QTest::newRow("Windows-1252") << u"&#150;&#x80;&#129;"_s << u"–€\u0081"_s;
-    QTest::newRow("zero, too large, no digits")
-        << u"&#0;&#70000;&#;&#x;&#x10000;"_s << u"&#0;&#70000;&#;&#x;&#x10000;"_s;
-    QTest::newRow("digits beyond the eighth stay") << u"&#000000650;"_s << u"A0;"_s;
-    QTest::newRow("not replaced twice") << u"&amp;lt;"_s << u"&lt;"_s;
+    row("empty", u""_s, u""_s);
+    row("names", u"R&amp;B &eacute;&Eacute; &thetasym;"_s, u"R&B éÉ ϑ"_s);
+    row("the seven more", u"&LT;&GT;&AMP;&QUOT;&apos;&percnt;&supl;"_s, u"<>&\"'%¹"_s);
+    row("the semicolon is optional", u"a &amp b &amp"_s, u"a & b &"_s);
+    row("the longest name counts", u"&ampx;"_s, u"&ampx;"_s);
+    row("names know case", u"&Amp;"_s, u"&Amp;"_s);
+    row("unknown name", u"&foo; & &"_s, u"&foo; & &"_s);
+    row("decimal", u"&#65;&#65B"_s, u"AAB"_s);
+    row("hexadecimal", u"&#x41;&#X4a"_s, u"AJ"_s);
+    row("Windows-1252", u"&#150;&#x80;&#129;"_s, u"–€\u0081"_s);
+    row("zero, too large, no digits", u"&#0;&#70000;&#;&#x;&#x10000;"_s,
+        u"&#0;&#70000;&#;&#x;&#x10000;"_s);
+    row("digits beyond the eighth stay", u"&#000000650;"_s, u"A0;"_s);
+    row("not replaced twice", u"&amp;lt;"_s, u"&lt;"_s);
 }
 
 void TestCharacterReferences::replacing()

@@ -1,6 +1,5 @@
+#include "support/table.h"
 #include "text/htmlpage.h"
-
-#include <QTest>
 
 using namespace HVUtility;
 using namespace Qt::StringLiterals;
@@ -34,36 +33,28 @@ QVariantMap markers(const QString &textBegin = u"<b>"_s, const QString &textEnd 
 
 void TestHtmlPage::parsing_data()
 {
-    QTest::addColumn<QVariantMap>("resources");
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<Entries>("entries");
+    const Table<QVariantMap, QString, Entries> row("resources", "page", "entries");
 
-    QTest::newRow("entries and their pieces")
-        << markers() << u"x<ul><li><b>1</b>, <b>2</b><li><b>3</b></ul>"_s
-        << Entries{{u"<b>1</b>"_s, u"<b>2</b>"_s}, {u"<b>3</b>"_s}};
-    QTest::newRow("in any case") << markers() << u"<UL><Li><B>1</B></uL>"_s
-                                 << Entries{{u"<B>1</B>"_s}};
-    QTest::newRow("only between the list's markers")
-        << markers() << u"<li><b>0</b><ul>-<b>0</b><li><b>1</b></ul><li><b>2</b>"_s
-        << Entries{{u"<b>1</b>"_s}};
-    QTest::newRow("no list") << markers() << u"<li><b>1</b></ul>"_s << Entries{};
-    QTest::newRow("list without end") << markers() << u"<ul><li><b>1</b>"_s << Entries{};
-    QTest::newRow("an end in front of the list is none")
-        << markers() << u"</ul><ul><li><b>1</b>"_s << Entries{};
-    QTest::newRow("an entry without pieces is left out")
-        << markers() << u"<ul><li>0<li><b>1</b></ul>"_s << Entries{{u"<b>1</b>"_s}};
-    QTest::newRow("a piece does not cross entries")
-        << markers() << u"<ul><li><b>1<li></b><b>2</b></ul>"_s << Entries{};
-    QTest::newRow("an end in front of the next begin ends the entry")
-        << markers() << u"<ul><li><b>1</b></b><b>2</b></ul>"_s << Entries{{u"<b>1</b>"_s}};
-    QTest::newRow("an end inside the begin makes a bare marker")
-        << markers(u"<p>:"_s, u">"_s) << u"<ul><li a><p>:x></ul>"_s << Entries{};
-    QTest::newRow("such an end alone")
-        << markers(u"<p>"_s, u">"_s) << u"<ul><li<p>x></ul>"_s << Entries{{u"<p>"_s}};
-    QTest::newRow("equal markers need two places")
-        << markers(u"|"_s, u"|"_s) << u"<ul><li|1|</ul>"_s << Entries{};
-    QTest::newRow("an empty marker stands nowhere")
-        << markers(u""_s, u""_s) << u"<ul><li>1</ul>"_s << Entries{};
+    row("entries and their pieces", markers(), u"x<ul><li><b>1</b>, <b>2</b><li><b>3</b></ul>"_s,
+        Entries{{u"<b>1</b>"_s, u"<b>2</b>"_s}, {u"<b>3</b>"_s}});
+    row("in any case", markers(), u"<UL><Li><B>1</B></uL>"_s, Entries{{u"<B>1</B>"_s}});
+    row("only between the list's markers", markers(),
+        u"<li><b>0</b><ul>-<b>0</b><li><b>1</b></ul><li><b>2</b>"_s, Entries{{u"<b>1</b>"_s}});
+    row("no list", markers(), u"<li><b>1</b></ul>"_s, Entries{});
+    row("list without end", markers(), u"<ul><li><b>1</b>"_s, Entries{});
+    row("an end in front of the list is none", markers(), u"</ul><ul><li><b>1</b>"_s, Entries{});
+    row("an entry without pieces is left out", markers(), u"<ul><li>0<li><b>1</b></ul>"_s,
+        Entries{{u"<b>1</b>"_s}});
+    row("a piece does not cross entries", markers(), u"<ul><li><b>1<li></b><b>2</b></ul>"_s,
+        Entries{});
+    row("an end in front of the next begin ends the entry", markers(),
+        u"<ul><li><b>1</b></b><b>2</b></ul>"_s, Entries{{u"<b>1</b>"_s}});
+    row("an end inside the begin makes a bare marker", markers(u"<p>:"_s, u">"_s),
+        u"<ul><li a><p>:x></ul>"_s, Entries{});
+    row("such an end alone", markers(u"<p>"_s, u">"_s), u"<ul><li<p>x></ul>"_s,
+        Entries{{u"<p>"_s}});
+    row("equal markers need two places", markers(u"|"_s, u"|"_s), u"<ul><li|1|</ul>"_s, Entries{});
+    row("an empty marker stands nowhere", markers(u""_s, u""_s), u"<ul><li>1</ul>"_s, Entries{});
 }
 
 void TestHtmlPage::parsing()
@@ -100,21 +91,19 @@ void TestHtmlPage::hostilePagesTakeLinearTime()
 
 void TestHtmlPage::visibleText_data()
 {
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<std::optional<QString>>("text");
+    const Table<QString, int, std::optional<QString>> row("page", "count", "text");
 
     const std::optional<QString> none;
     const auto some = [](const QString &text) { return std::optional<QString>(text); };
-    QTest::newRow("first run") << u"x<i>0</i>Year:</b><i> 1984\n</i>"_s << 1 << some(u"1984"_s);
-    QTest::newRow("run right behind the marker") << u"Year: 1984"_s << 1 << some(u"1984"_s);
-    QTest::newRow("second run") << u"Year:<i>a</i><b>b"_s << 2 << some(u"b"_s);
-    QTest::newRow("white space is a run") << u"Year:<i>a</i> <b>b"_s << 2 << some(u""_s);
-    QTest::newRow("not so many runs") << u"Year:<i>a</i>"_s << 2 << none;
-    QTest::newRow("a tag never closed") << u"Year:<i"_s << 1 << none;
-    QTest::newRow("the marker knows case") << u"year: 1984"_s << 1 << none;
-    QTest::newRow("no run asked for") << u"Year: 1984"_s << 0 << none;
-    QTest::newRow("nothing behind the marker") << u"Year:"_s << 1 << none;
+    row("first run", u"x<i>0</i>Year:</b><i> 1984\n</i>"_s, 1, some(u"1984"_s));
+    row("run right behind the marker", u"Year: 1984"_s, 1, some(u"1984"_s));
+    row("second run", u"Year:<i>a</i><b>b"_s, 2, some(u"b"_s));
+    row("white space is a run", u"Year:<i>a</i> <b>b"_s, 2, some(u""_s));
+    row("not so many runs", u"Year:<i>a</i>"_s, 2, none);
+    row("a tag never closed", u"Year:<i"_s, 1, none);
+    row("the marker knows case", u"year: 1984"_s, 1, none);
+    row("no run asked for", u"Year: 1984"_s, 0, none);
+    row("nothing behind the marker", u"Year:"_s, 1, none);
 }
 
 void TestHtmlPage::visibleText()

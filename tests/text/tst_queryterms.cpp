@@ -1,6 +1,5 @@
+#include "support/table.h"
 #include "text/queryterms.h"
-
-#include <QTest>
 
 using namespace HVUtility;
 using namespace Qt::StringLiterals;
@@ -16,20 +15,14 @@ private Q_SLOTS:
 
 void TestQueryTerms::terms_data()
 {
-    QTest::addColumn<AlphaNumericOnly>("only");
-    QTest::addColumn<QString>("space");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("term");
+    const Table<AlphaNumericOnly, QString, QString, QString> row("only", "space", "text", "term");
 
     using enum AlphaNumericOnly;
-    QTest::newRow("letters and digits")
-        << Yes << u"+"_s << u"Señor & Co., 2!"_s << u"Senor++Co+2"_s;
-    QTest::newRow("signs stay, ampersands collapse")
-        << No << u"+"_s << u"You & Me?"_s << u"You+Me?"_s;
-    QTest::newRow("blanks as asked") << Yes << u"%20"_s << u"a b+c"_s << u"a%20b%20c"_s;
-    QTest::newRow("what is unsafe is escaped")
-        << No << u"+"_s << u"\"x\" #1"_s << u"%22x%22+%231"_s;
-    QTest::newRow("nothing in ASCII") << No << u"+"_s << u"日本"_s << u""_s;
+    row("letters and digits", Yes, u"+"_s, u"Señor & Co., 2!"_s, u"Senor++Co+2"_s);
+    row("signs stay, ampersands collapse", No, u"+"_s, u"You & Me?"_s, u"You+Me?"_s);
+    row("blanks as asked", Yes, u"%20"_s, u"a b+c"_s, u"a%20b%20c"_s);
+    row("what is unsafe is escaped", No, u"+"_s, u"\"x\" #1"_s, u"%22x%22+%231"_s);
+    row("nothing in ASCII", No, u"+"_s, u"日本"_s, u""_s);
 }
 
 void TestQueryTerms::terms()

@@ -1,8 +1,8 @@
+#include "support/table.h"
 #include "text/simplifier.h"
 #include "text/stringextensions.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 
 #include <thread>
 
@@ -57,36 +57,32 @@ private Q_SLOTS:
 
 void TestSimplifier::simplifyString_data()
 {
-    QTest::addColumn<Simplifiers>("simplifiers");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("key");
+    const Table<Simplifiers, QString, QString> row("simplifiers", "text", "key");
 
     const Simplifiers none;
-    QTest::newRow("empty") << none << u""_s << u""_s;
-    QTest::newRow("minor words, case, blanks")
-        << none << u"The  Song OF a Lantern"_s << u"songlantern"_s;
-    QTest::newRow("accents") << none << u"Motörhead Ænima"_s << u"motorheadaenima"_s;
-    QTest::newRow("an accented letter is no minor word") << none << u"là à b"_s << u"laab"_s;
-    QTest::newRow("nothing left but signs") << none << u"!!!"_s << u"!!!"_s;
-    QTest::newRow("nothing left: trimmed, without minor words") << none << u"The ?! "_s << u"?!"_s;
-    QTest::newRow("only minor words") << none << u"The And"_s << u""_s;
-    QTest::newRow("nothing of it in ASCII") << none << u"日本"_s << u""_s;
-    QTest::newRow("repeated word goes every other time") << none << u"a a b"_s << u"ab"_s;
-    QTest::newRow("a tab parts no words") << none << u"the\tend"_s << u"theend"_s;
+    row("empty", none, u""_s, u""_s);
+    row("minor words, case, blanks", none, u"The  Song OF a Lantern"_s, u"songlantern"_s);
+    row("accents", none, u"Motörhead Ænima"_s, u"motorheadaenima"_s);
+    row("an accented letter is no minor word", none, u"là à b"_s, u"laab"_s);
+    row("nothing left but signs", none, u"!!!"_s, u"!!!"_s);
+    row("nothing left: trimmed, without minor words", none, u"The ?! "_s, u"?!"_s);
+    row("only minor words", none, u"The And"_s, u""_s);
+    row("nothing of it in ASCII", none, u"日本"_s, u""_s);
+    row("repeated word goes every other time", none, u"a a b"_s, u"ab"_s);
+    row("a tab parts no words", none, u"the\tend"_s, u"theend"_s);
 
     const Simplifiers words{{u" pt "_s, u" part "_s}, {u"&"_s, u" and "_s}, {u"LIVE"_s, u""_s}};
-    QTest::newRow("padding matches at both ends") << words << u"Pt one PT"_s << u"partonepart"_s;
-    QTest::newRow("no whole word") << words << u"Ptarmigan"_s << u"ptarmigan"_s;
-    QTest::newRow("replacements are no minor words") << words << u"You & Me"_s << u"youandme"_s;
-    QTest::newRow("all of it replaced by nothing") << words << u"Live"_s << u"Live"_s;
+    row("padding matches at both ends", words, u"Pt one PT"_s, u"partonepart"_s);
+    row("no whole word", words, u"Ptarmigan"_s, u"ptarmigan"_s);
+    row("replacements are no minor words", words, u"You & Me"_s, u"youandme"_s);
+    row("all of it replaced by nothing", words, u"Live"_s, u"Live"_s);
 
     const Simplifiers chain{{u"abc"_s, u"xy"_s}, {u"xy"_s, u"z"_s}, {u"z"_s, u"abc"_s}};
-    QTest::newRow("shorter keys see what longer ones put in") << chain << u"abc"_s << u"abc"_s;
-    QTest::newRow("longer keys do not") << chain << u"1z2"_s << u"1abc2"_s;
-    QTest::newRow("first key first among equals")
-        << Simplifiers{{u"ab"_s, u"1"_s}, {u"bc"_s, u"2"_s}} << u"abc"_s << u"1c"_s;
-    QTest::newRow("an empty key is never found")
-        << Simplifiers{{u""_s, u"x"_s}} << u"b"_s << u"b"_s;
+    row("shorter keys see what longer ones put in", chain, u"abc"_s, u"abc"_s);
+    row("longer keys do not", chain, u"1z2"_s, u"1abc2"_s);
+    row("first key first among equals", Simplifiers{{u"ab"_s, u"1"_s}, {u"bc"_s, u"2"_s}}, u"abc"_s,
+        u"1c"_s);
+    row("an empty key is never found", Simplifiers{{u""_s, u"x"_s}}, u"b"_s, u"b"_s);
 }
 
 void TestSimplifier::simplifyString()
