@@ -64,7 +64,7 @@ int AudioInfoTag::numberOfTracksOnAlbum() const
 
 std::optional<QString> AudioInfoTag::normalizedArtist() const
 {
-    const auto name = artist();
+    auto name = artist();
     const qsizetype comma = name ? name->indexOf(u',') : -1;
     if (comma < 0)
         return name;
@@ -78,7 +78,7 @@ std::optional<QString> AudioInfoTag::normalizedArtist() const
 
 std::optional<QString> AudioInfoTag::reversedArtist() const
 {
-    const auto name = artist();
+    auto name = artist();
     const qsizetype blank = name ? name->lastIndexOf(u' ') : -1;
     if (blank < 0 || name->contains(u','))
         return name;

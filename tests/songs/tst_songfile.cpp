@@ -62,7 +62,6 @@ private Q_SLOTS:
     void laterSongOfAPathIsFound();
     void tagIsReadOnceAndKnowsThePlaylist();
     void lazyTagsAreReplaced();
-    void reasonOfNoTag_data();
     void reasonOfNoTag();
     void refreshTellsChanges();
     void movedFileIsFollowed();
@@ -161,34 +160,30 @@ void TestSongFile::tagIsReadOnceAndKnowsThePlaylist()
 
 void TestSongFile::lazyTagsAreReplaced()
 {
-    mSong->infotag()->setTitle(u"Kept"_s);
-    mSong->ensureInfotagIsReal();
-    QCOMPARE(mSong->infotag()->title(), u"Kept"_s);
-    mSong->infotag()->setIsLazy(true);
-    mSong->ensureInfotagIsReal();
-    QCOMPARE(mSong->infotag()->title(), u"Neon Rain"_s);
-}
-
-void TestSongFile::reasonOfNoTag_data()
-{
-    const Table<QString, QString> row("name", "reason");
-    row("gone", u"missing.mp3"_s, u"ErrorSongVanished"_s);
-    row("not ours to read", u"secret.mp3"_s, u"ErrorCannotOpenForRead"_s);
-    row("a text", u"notes.txt"_s, u"ErrorNoSong"_s);
-    row("MP4 by its name", u"notes.m4a"_s, u"ErrorMP4NotYet"_s);
+    for (const auto &[isLazy, title] : {std::pair(false, u"Kept"_s), {true, u"Neon Rain"_s}}) {
+        mSong->infotag()->setTitle(u"Kept"_s);
+        mSong->infotag()->setIsLazy(isLazy);
+        mSong->ensureInfotagIsReal();
+        QCOMPARE(mSong->infotag()->title(), title);
+    }
 }
 
 void TestSongFile::reasonOfNoTag()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, reason);
-    if (name != u"missing.mp3")
-        writeFile(path(name), QByteArray(5000, 'a'));
-    if (name == u"secret.mp3")
-        QVERIFY(QFile::setPermissions(path(name), QFile::Permissions()));
-    SongFile song(path(name), {});
-    QVERIFY(withoutRights([&] { return song.infotag() == nullptr; }));
-    QCOMPARE(song.reasonOfNoTag(), reason);
+    for (const char *name : {"secret.mp3", "notes.txt", "notes.m4a"})
+        writeFile(path(QLatin1String(name)), QByteArray(5000, 'a'));
+    QVERIFY(QFile::setPermissions(path(u"secret.mp3"_s), QFile::Permissions()));
+    for (const auto &[name, reason] : {std::pair(u"missing.mp3"_s, u"ErrorSongVanished"_s),
+                                       {u"secret.mp3"_s, u"ErrorCannotOpenForRead"_s},
+                                       {u"notes.txt"_s, u"ErrorNoSong"_s},
+                                       {u"notes.m4a"_s, u"ErrorMP4NotYet"_s}}) {
+        if (name.endsWith(u".mp3"))
+            QTest::ignoreMessage(QtWarningMsg,
+                                 qPrintable(u"MP3 nil filehandle for %1"_s.arg(path(name))));
+        SongFile song(path(name), {});
+        QVERIFY(withoutRights([&] { return song.infotag() == nullptr; }));
+        QCOMPARE(song.reasonOfNoTag(), reason);
+    }
 }
 
 void TestSongFile::refreshTellsChanges()
@@ -294,13 +289,12 @@ void TestSongFile::playerIsPausedForItsSongAlone()
 void TestSongFile::libraryRefresh_data()
 {
     const Table<QString, QString, QString, QString> row("byID", "byTitle", "meanwhile", "expected");
-    row("the path by ID is taken", u"new.mp3"_s, QString(), u"stays"_s, u"new.mp3"_s);
-    row("no answer, nothing moved", QString(), QString(), u"stays"_s, u"song.mp3"_s);
-    row("no answer, the file is followed", QString(), QString(), u"moves"_s, u"moved.mp3"_s);
-    row("the path by title, where there is still a file", QString(), u"new.mp3"_s, u"moves"_s,
+    row("the path by ID is taken", u"new.mp3"_s, {}, {}, u"new.mp3"_s);
+    row("no answer, nothing moved", {}, {}, {}, u"song.mp3"_s);
+    row("no answer, the file is followed", {}, {}, u"moves"_s, u"moved.mp3"_s);
+    row("the path by title, where there is still a file", {}, u"new.mp3"_s, u"moves"_s,
         u"moved.mp3"_s);
-    row("the path by title, where the file is gone", QString(), u"new.mp3"_s, u"goes"_s,
-        u"new.mp3"_s);
+    row("the path by title, where the file is gone", {}, u"new.mp3"_s, u"goes"_s, u"new.mp3"_s);
 }
 
 void TestSongFile::libraryRefresh()

@@ -60,7 +60,6 @@ void TestSimplifier::simplifyString_data()
     const Table<Simplifiers, QString, QString> row("simplifiers", "text", "key");
 
     const Simplifiers none;
-    row("empty", none, u""_s, u""_s);
     row("minor words, case, blanks", none, u"The  Song OF a Lantern"_s, u"songlantern"_s);
     row("accents", none, u"Motörhead Ænima"_s, u"motorheadaenima"_s);
     row("an accented letter is no minor word", none, u"là à b"_s, u"laab"_s);
@@ -68,8 +67,6 @@ void TestSimplifier::simplifyString_data()
     row("nothing left: trimmed, without minor words", none, u"The ?! "_s, u"?!"_s);
     row("only minor words", none, u"The And"_s, u""_s);
     row("nothing of it in ASCII", none, u"日本"_s, u""_s);
-    row("repeated word goes every other time", none, u"a a b"_s, u"ab"_s);
-    row("a tab parts no words", none, u"the\tend"_s, u"theend"_s);
 
     const Simplifiers words{{u" pt "_s, u" part "_s}, {u"&"_s, u" and "_s}, {u"LIVE"_s, u""_s}};
     row("padding matches at both ends", words, u"Pt one PT"_s, u"partonepart"_s);

@@ -1,4 +1,6 @@
 #include "support/table.h"
+#include "text/characterreferences.h"
+#include "text/lyricscleanup.h"
 #include "text/stringextensions.h"
 
 using namespace HVStringExtensions;
@@ -10,10 +12,11 @@ class TestStringExtensions : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void conversions_data();
     void conversions();
-    void stripping_data();
-    void stripping();
+    void lengths();
+    void digits();
     void withoutWords();
     void utf16();
     void hostileTextsTakeLinearTime_data();
@@ -21,6 +24,16 @@ private Q_SLOTS:
 };
 
 using Conversion = QString (*)(const QString &);
+
+void TestStringExtensions::initTestCase()
+{
+    QCOMPARE(LyricsCleanup::cleanUpLyrics(u"im"_s), u"im"_s);
+    LyricsCleanup::setSubstitutions({{u"im"_s, u"I'm"_s},
+                                     {u"i im"_s, u"it's"_s},
+                                     {u" ,"_s, u","_s},
+                                     {u"``"_s, u"\""_s},
+                                     {u""_s, u"x"_s}});
+}
 
 void TestStringExtensions::conversions_data()
 {
@@ -62,6 +75,40 @@ void TestStringExtensions::conversions_data()
     row("tags and white space", visible, u"<b>One</b>\r\n\t two <br>"_s, u"One two"_s);
     row("references stay", visible, u"a&nbsp;<i>b"_s, u"a&nbsp;b"_s);
     row("an open tag stays", visible, u"a  < b"_s, u"a < b"_s);
+
+    const Conversion stripped = stringWithStrippedParenthesizedText;
+    row("at the end", stripped, u"Song (Live)"_s, u"Song"_s);
+    row("several, blanks between stay", stripped, u"(1) Song (2) more "_s, u"Song  more"_s);
+    row("nesting is not tracked", stripped, u"a (b (c) d) e"_s, u"a  d) e"_s);
+    row("too short", stripped, u"()"_s, u"()"_s);
+    row("too short once one is gone", stripped, u"(a)()"_s, u"()"_s);
+    row("too short once trimmed", stripped, u"(a) ()  "_s, u"()"_s);
+    row("all of it", stripped, u"(abc) (d)"_s, u""_s);
+    row("never closed", stripped, u" a ( b "_s, u" a ( b "_s);
+    row("closed before it opens", stripped, u"a) (b"_s, u"a) (b"_s);
+    row("nothing to remove is not trimmed", stripped, u" a "_s, u" a "_s);
+    row("brackets", stringWithStrippedBracketedText, u"a [b] (c)"_s, u"a  (c)"_s);
+
+    const Conversion replaced = stringByReplacingAmpersandCodes;
+    row("empty", replaced, u""_s, u""_s);
+    row("names", replaced, u"R&amp;B &eacute;&Eacute; &thetasym;"_s, u"R&B éÉ ϑ"_s);
+    row("the seven more", replaced, u"&LT;&GT;&AMP;&QUOT;&apos;&percnt;&supl;"_s, u"<>&\"'%¹"_s);
+    row("the semicolon is optional", replaced, u"a &amp b &amp"_s, u"a & b &"_s);
+    row("the longest name counts", replaced, u"&ampx;"_s, u"&ampx;"_s);
+    row("names know case", replaced, u"&Amp;"_s, u"&Amp;"_s);
+    row("unknown name", replaced, u"&foo; & &"_s, u"&foo; & &"_s);
+    row("decimal", replaced, u"&#65;&#65B"_s, u"AAB"_s);
+    row("hexadecimal", replaced, u"&#x41;&#X4a"_s, u"AJ"_s);
+    row("Windows-1252", replaced, u"&#150;&#x80;&#129;"_s, u"–€\u0081"_s);
+    row("zero, too large, no digits", replaced, u"&#0;&#70000;&#;&#x;&#x10000;"_s,
+        u"&#0;&#70000;&#;&#x;&#x10000;"_s);
+    row("digits beyond the eighth stay", replaced, u"&#000000650;"_s, u"A0;"_s);
+    row("not replaced twice", replaced, u"&amp;lt;"_s, u"&lt;"_s);
+
+    const Conversion cleaned = LyricsCleanup::cleanUpLyrics;
+    row("whole words alone", cleaned, u"im, time imp (im)\nim"_s, u"I'm, time imp (I'm)\nI'm"_s);
+    row("longer ones first, in that case", cleaned, u"i im IM im-in"_s, u"it's IM im-in"_s);
+    row("signs", cleaned, u"a ,b ``c``"_s, u"a,b \"c\""_s);
 }
 
 void TestStringExtensions::conversions()
@@ -71,39 +118,37 @@ void TestStringExtensions::conversions()
     QTEST(conversion(text), "result");
 }
 
-void TestStringExtensions::stripping_data()
-{
-    const Table<QString, QString> row("text", "parentheses");
-
-    row("at the end", u"Song (Live)"_s, u"Song"_s);
-    row("several, blanks between stay", u"(1) Song (2) more "_s, u"Song  more"_s);
-    row("nesting is not tracked", u"a (b (c) d) e"_s, u"a  d) e"_s);
-    row("too short", u"()"_s, u"()"_s);
-    row("too short once one is gone", u"(a)()"_s, u"()"_s);
-    row("too short once trimmed", u"(a) ()  "_s, u"()"_s);
-    row("all of it", u"(abc) (d)"_s, u""_s);
-    row("never closed", u" a ( b "_s, u" a ( b "_s);
-    row("closed before it opens", u"a) (b"_s, u"a) (b"_s);
-    row("nothing to remove is not trimmed", u" a "_s, u" a "_s);
-}
-
-void TestStringExtensions::stripping()
-{
-    QFETCH(QString, text);
-    QTEST(stringWithStrippedParenthesizedText(text), "parentheses");
-    QString bracketed = text;
-    bracketed.replace(u'(', u'[').replace(u')', u']');
-    const QString stripped = stringWithStrippedBracketedText(bracketed);
-    QTEST(QString(stripped).replace(u'[', u'(').replace(u']', u')'), "parentheses");
-    QCOMPARE(stringWithStrippedEnclosedByChar(u"a|b|c d"_s, u'|', u'|'), u"abc d"_s);
-}
-
 void TestStringExtensions::withoutWords()
 {
     const QStringList words{u"the"_s, u"Live"_s};
     QCOMPARE(stringWithoutWords(u" The live  lantern THE "_s, words), u"lantern"_s);
     QCOMPARE(stringWithoutWords(u"theatre"_s, words), u"theatre"_s);
     QCOMPARE(stringWithoutWords(u"the the x"_s, words), u"the x"_s);
+    QCOMPARE(stringWithStrippedEnclosedByChar(u"a|b|c d"_s, u'|', u'|'), u"abc d"_s);
+}
+
+void TestStringExtensions::lengths()
+{
+    const auto lengthAt = [](const QString &text, qsizetype index) {
+        return ampersandCodeEquivalentAtIndex(text, index).codeLength;
+    };
+    QCOMPARE(lengthAt(u"x&lt;y"_s, 1), 4);
+    QCOMPARE(lengthAt(u"x&lt y"_s, 1), 3);
+    QCOMPARE(lengthAt(u"x&#x3c;y"_s, 1), 6);
+    QCOMPARE(lengthAt(u"x&lt;y"_s, 0), 0);
+    QCOMPARE(lengthAt(u"x&"_s, 1), 0);
+    QCOMPARE(lengthAt(u"x"_s, 7), 0);
+    QCOMPARE(lengthAt(u"&none;"_s, 0), 0);
+}
+
+void TestStringExtensions::digits()
+{
+    QCOMPARE(CharacterToNumber(u'7', HexAllowed::No), 7);
+    QCOMPARE(CharacterToNumber(u'b', HexAllowed::No), -1);
+    QCOMPARE(CharacterToNumber(u'b', HexAllowed::Yes), 11);
+    QCOMPARE(CharacterToNumber(u'F', HexAllowed::Yes), 15);
+    QCOMPARE(CharacterToNumber(u'g', HexAllowed::Yes), -1);
+    QCOMPARE(CharacterToNumber(u'\u0661', HexAllowed::Yes), -1);
 }
 
 void TestStringExtensions::utf16()
