@@ -4,11 +4,9 @@
 #include "support/tempfiles.h"
 #include "tags/genretable.h"
 #include "tags/id3reader.h"
-#include "tags/id3writer.h"
 #include "tags/songbytes.h"
 
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -38,20 +36,14 @@ class TestID3Reader : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { GenreTable::install({u"Blues"_s, u"Rock"_s}); }
     void readsFrames_data();
     void readsFrames();
     void discards();
-    void standardWritesEveryFrameBack();
     void bombsAreRefused();
     void readsFiles_data();
     void readsFiles();
 };
-
-void TestID3Reader::initTestCase()
-{
-    GenreTable::install({u"Blues"_s, u"Rock"_s});
-}
 
 void TestID3Reader::readsFrames_data()
 {
@@ -214,40 +206,6 @@ void TestID3Reader::discards()
     QCOMPARE(
         readTag(id3Tag(2, frame22("PIC", "\0JPG"_ba) + frame22("TT2", "\0A"_ba)), regenerating),
         u"TT2=A!"_s);
-}
-
-void TestID3Reader::standardWritesEveryFrameBack()
-{
-    const auto frames = [](const QByteArray &picture) {
-        return frame("TRCK", "\0000/12"_ba) + frame("USLT", "\0engOnly\0"_ba)
-            + frame("APIC", "\0-->\0\3\0url"_ba) + picture + frame("TIT2", "e\0Song"_ba, 0x60)
-            + frame("TXXX", "\0a\0b"_ba) + frame("COM", "\0eng\0c"_ba).insert(3, ' ')
-            + frame("TPE1", "\1\xFF\xFE\1A"_ba);
-    };
-    const QByteArray frames22 = frame22("TYE", "\0000"_ba) + frame22("TT2", ""_ba)
-        + frame22("PIC", "\0PNG\3ab\0"_ba) + frame22("PIC", "\0PNG\3a\0\x89P"_ba)
-        + frame22("TT2", "\0A"_ba) + frame22("TT2", "\0B"_ba);
-    const auto read = [](const QByteArray &bytes) {
-        ID3Contents contents;
-        ID3Reader::getAttributesFromID3v2(bytes, {.dialect = ID3Dialect::standard()}, contents);
-        return contents.frames;
-    };
-    const WriteOptions options{.dialect = ID3Dialect::standard(), .v24Sizes = FrameSizes::Accurate};
-    const auto written = [&options](const FrameStore &store, int major) {
-        const auto made = major == 2
-            ? ID3Writer::dataForID3v22(store, options)
-            : ID3Writer::dataForID3V23orV24(
-                store, major == 4 ? ID3Writer::Version::V24 : ID3Writer::Version::V23, options);
-        return made.pieces.join();
-    };
-    // Each version's own way of writing such a description.
-    const QByteArray pictures[]{"\1PNG\0\3\xFE\xFF\1A\0\0\x89P"_ba, "\2PNG\0\3\1A\0\0\x89P"_ba};
-    for (const int major : {2, 3, 4}) {
-        const FrameStore store =
-            read(id3Tag(major, major == 2 ? frames22 : frames(frame("APIC", pictures[major - 3]))));
-        QCOMPARE(store.entries().size(), major == 2 ? 6 : 8);
-        QVERIFY(read(written(store, major)) == store);
-    }
 }
 
 void TestID3Reader::bombsAreRefused()
