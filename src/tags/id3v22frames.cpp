@@ -144,9 +144,10 @@ bool FramesReader::addLyrics(const Frame &frame)
     // The whole tag and not the body alone: how a text ends depends on where the tag does.
     auto block = TextBlock::textBlockIn(mTag, frame.body.data() - mTag.data(), frame.body.size(),
                                         mOptions.dialect);
-    if (block)
-        mContents.frames.addObject(*std::move(block), frame.id);
-    return block.has_value();
+    if (!block)
+        return false;
+    mContents.frames.addObject(*std::move(block), frame.id);
+    return true;
 }
 
 bool FramesReader::addPicture(const Frame &frame)

@@ -291,9 +291,10 @@ bool FramesReader::addText(const QString &key, const Body &body)
 bool FramesReader::addLyrics(const QString &id, const Body &body)
 {
     auto block = TextBlock::textBlockIn(body.bytes, body.offset, body.length, dialect());
-    if (block)
-        mContents.frames.addObject(*std::move(block), id);
-    return block.has_value();
+    if (!block)
+        return false;
+    mContents.frames.addObject(*std::move(block), id);
+    return true;
 }
 
 bool FramesReader::addPicture(const Body &body)

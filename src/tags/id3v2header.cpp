@@ -15,7 +15,8 @@ std::optional<ID3v2Header> ID3v2Header::headerIn(QByteArrayView bytes)
         return {};
     ID3v2Header header;
     header.major = static_cast<unsigned char>(bytes[3]);
-    header.revision = static_cast<signed char>(bytes[4]);
+    const int revision = static_cast<unsigned char>(bytes[4]);
+    header.revision = revision < 0x80 ? revision : revision - 0x100;
     header.flags = static_cast<unsigned char>(bytes[5]);
     header.size = SynchSafe::getSynchSafeIntIn(bytes, sizeAt);
     return header;

@@ -9,7 +9,7 @@
 namespace {
 
 /// Copying less than this costs less than a piece of its own.
-constexpr qsizetype smallest = 32 * 1024;
+constexpr qsizetype smallest = 32 << 10;
 
 } // namespace
 

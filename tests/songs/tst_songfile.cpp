@@ -55,7 +55,6 @@ class TestSongFile : public QObject {
 
 private Q_SLOTS:
     void init();
-    void isSong_data();
     void isSong();
     void statusByWritability();
     void otherPathEndsFollowing();
@@ -91,25 +90,21 @@ void TestSongFile::init()
     mSong = SongFile::songWithPath(mPath);
 }
 
-void TestSongFile::isSong_data()
-{
-    const Table<qint64, bool> row("size", "isSong");
-    row("255 bytes are too few", qint64(255), false);
-    row("256 bytes are enough", qint64(256), true);
-    row("sizes are 32-bit numbers: 2 GB is negative", qint64(1) << 31, false);
-    row("sizes are 32-bit numbers: 4 GB count anew", (qint64(1) << 32) + 255, false);
-    row("sizes are 32-bit numbers: beyond 4 GB", (qint64(1) << 32) + 256, true);
-}
-
+/// Sizes are signed 32-bit numbers: 2 GB are negative, and beyond 4 GB they count anew.
 void TestSongFile::isSong()
 {
-    QFETCH(qint64, size);
-    QFETCH(bool, isSong);
-    writeFile(path(u"sparse"_s), {});
-    QVERIFY(QFile::resize(path(u"sparse"_s), size));
+    constexpr qint64 twoGB = qint64(1) << 31;
     QVERIFY(QFile::link(path(u"sparse"_s), path(u"link"_s)));
-    QCOMPARE(SongFile::songWithPath(path(u"sparse"_s)) != nullptr, isSong);
-    QCOMPARE(SongFile::songWithPath(path(u"link"_s)) != nullptr, isSong);
+    writeFile(path(u"sparse"_s), {});
+    for (const auto &[size, isSong] : {std::pair<qint64, bool>(255, false),
+                                       {256, true},
+                                       {twoGB, false},
+                                       {2 * twoGB + 255, false},
+                                       {2 * twoGB + 256, true}}) {
+        QVERIFY(QFile::resize(path(u"sparse"_s), size));
+        QCOMPARE(SongFile::songWithPath(path(u"sparse"_s)) != nullptr, isSong);
+        QCOMPARE(SongFile::songWithPath(path(u"link"_s)) != nullptr, isSong);
+    }
     QVERIFY(!SongFile::songWithPath(mFolder->path()));
     QVERIFY(!SongFile::songWithPath(path(u"missing"_s)));
 }

@@ -60,11 +60,12 @@ std::shared_ptr<SongFile> songWith(const Fields &fields)
 /// is null stands for none.
 const QHash<QString, QPair<QString, QString>> &columns()
 {
+    static const QPair texts{u"alpha 9"_s, u"Alpha 10"_s};
     static const QHash<QString, QPair<QString, QString>> values{
-        {u"artist"_s, {u"alpha 9"_s, u"Alpha 10"_s}},
-        {u"title"_s, {u"alpha 9"_s, u"Alpha 10"_s}},
-        {u"album"_s, {u"alpha 9"_s, u"Alpha 10"_s}},
-        {u"genre"_s, {u"alpha 9"_s, u"Alpha 10"_s}},
+        {u"artist"_s, texts},
+        {u"title"_s, texts},
+        {u"album"_s, texts},
+        {u"genre"_s, texts},
         {u"track"_s, {u"2/12"_s, u"10/12"_s}},
         {u"year"_s, {u"2005"_s, u"1999"_s}},
         {u"lyrics"_s, {u"la"_s, QString()}},
@@ -90,20 +91,12 @@ class TestSongOrder : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void numbersCompareTheWrongWayRound();
     void chain_data();
     void chain();
     void comesFirst_data();
     void comesFirst();
     void songsWithoutTagCountAsEmpty();
 };
-
-void TestSongOrder::numbersCompareTheWrongWayRound()
-{
-    QCOMPARE(compare(1, 2), 1);
-    QCOMPARE(compare(2, 1), -1);
-    QCOMPARE(compare(2, 2), 0);
-}
 
 void TestSongOrder::chain_data()
 {
