@@ -19,6 +19,7 @@ FetchFlow::FetchFlow(const QString &cacheFolder, const Clock &clock, const Fetch
     , mCache(cacheFolder)
     , mFailedHosts(clock)
     , mPace(clock)
+    , mFloodWatch(limits.unreadBytes)
 {
 }
 
@@ -178,6 +179,7 @@ void FetchFlow::load(const FetchPointer &fetch)
 {
     fetch->load.reset(new HttpLoad(mPool, fetch->message(mAgentID), boundsFor(*fetch), mIsOnline));
     ++mRunning;
+    mFloodWatch.loadBegins();
     mRunningGets += fetch->countsAgainstLimit() ? 1 : 0;
     const HttpLoad *load = fetch->load.get();
     const std::weak_ptr<Fetch> held = fetch;
@@ -186,7 +188,8 @@ void FetchFlow::load(const FetchPointer &fetch)
         if (const FetchPointer loading = held.lock())
             loading->showExpected(expectedBytes);
     });
-    connect(load, &HttpLoad::received, this, [this, held](qint64 bytes) {
+    connect(load, &HttpLoad::received, this, [this, held](qint64 bytes, qint64 newOnes) {
+        mFloodWatch.noteHandedOn(newOnes);
         rowsChange();
         if (const FetchPointer loading = held.lock())
             loading->showReceived(bytes);
@@ -294,6 +297,7 @@ void FetchFlow::dropLoad(Fetch &fetch)
     fetch.load->cutOff();
     fetch.load.reset();
     --mRunning;
+    mFloodWatch.loadEnds();
     mRunningGets -= fetch.countsAgainstLimit() ? 1 : 0;
 }
 

@@ -4,6 +4,7 @@
 #include "gathering/fetchlimits.h"
 #include "gathering/fetchline.h"
 #include "gathering/fetchtable.h"
+#include "gathering/floodwatch.h"
 #include "gathering/hostpace.h"
 #include "gathering/httpcache.h"
 #include "gathering/queueend.h"
@@ -70,6 +71,7 @@ private:
     HttpCache mCache;
     FailedHosts mFailedHosts;
     HostPace mPace;
+    FloodWatch mFloodWatch;
     FetchLine mLine;
     FetchTable mTable;
     QSet<QString> mHostsToRelease; ///< a timer runs for them

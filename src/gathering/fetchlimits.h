@@ -17,5 +17,7 @@ struct FetchLimits {
     int retries = 3;
     int redirects = 10;
     /// Of the body after decompression. More than any page or picture of use.
-    qint64 bodyBytes = 32 * 1024 * 1024;
+    qint64 bodyBytes = qint64(32) * 1024 * 1024;
+    /// What a connection may bring that is no part of a body: heads, and what is read ahead.
+    qint64 unreadBytes = qint64(16) * 1024 * 1024;
 };

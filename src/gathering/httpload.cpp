@@ -146,7 +146,7 @@ void HttpLoad::takeData()
             const qint64 megabytes = mBounds.bodyBytes / (1024 * 1024);
             fail({FetchError::unknown, qtTrId("ErrorResponseTooLong").arg(megabytes)});
         } else {
-            Q_EMIT received(mData.size());
+            Q_EMIT received(mData.size(), piece.size());
         }
     }
 }

@@ -49,7 +49,7 @@ public:
 
 Q_SIGNALS:
     void responded(qint64 expectedBytes); ///< -1: the server did not say
-    void received(qint64 bytesSoFar);
+    void received(qint64 bytesSoFar, qint64 newOnes);
     void ended(const LoadOutcome &outcome);
 
 private:
