@@ -15,6 +15,14 @@ const QByteArray signature = QByteArrayLiteral("twcache1");
 const QString entrySuffix = QStringLiteral(".entry");
 const QString unfinishedSuffix = QStringLiteral(".new");
 
+/// What file systems give out; small files would fill a disk beyond the capacity otherwise.
+constexpr qint64 blockSize = 4096;
+
+qint64 bytesOnDisk(qint64 size)
+{
+    return (size + blockSize - 1) / blockSize * blockSize;
+}
+
 QString fileNameFor(const QByteArray &key)
 {
     const QByteArray name = QCryptographicHash::hash(key, hashMethod).toHex();
@@ -74,7 +82,7 @@ void CacheFolder::store(const QByteArray &key, const QByteArray &data)
     if (std::rename(QFile::encodeName(file.fileName()).constData(), target.constData()) != 0)
         return;
     file.setAutoRemove(false);
-    enter(name, contents.size());
+    enter(name, bytesOnDisk(contents.size()));
     dropOldest();
 }
 
@@ -95,7 +103,7 @@ void CacheFolder::takeInventory()
     const QStringList ours{QLatin1Char('*') + entrySuffix, QLatin1Char('*') + unfinishedSuffix};
     const auto files = folder.entryInfoList(ours, QDir::Files, QDir::Time | QDir::Reversed);
     for (const QFileInfo &file : files)
-        enter(file.fileName(), file.size());
+        enter(file.fileName(), bytesOnDisk(file.size()));
 }
 
 void CacheFolder::enter(const QString &fileName, qint64 bytes)

@@ -10,7 +10,7 @@
 namespace {
 
 /// How long tags of the library are read at a time: short enough that nobody feels it.
-constexpr std::chrono::milliseconds readingSlice{20};
+constexpr std::chrono::milliseconds readingSlice{5};
 
 const QLatin1String fromLibrary("library");
 

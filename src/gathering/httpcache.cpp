@@ -7,6 +7,8 @@ namespace {
 /// One response takes at most this part of the disk space, so that a picture does not drive out
 /// the pages, and reading or writing one stays unfelt.
 constexpr qint64 entriesThatFit = 20;
+/// What a response takes in memory beside its data.
+constexpr qsizetype bytesBesideData = 500;
 constexpr auto streamVersion = QDataStream::Qt_6_4;
 
 QByteArray keyOf(const QUrl &url)
@@ -85,5 +87,5 @@ void HttpCache::remove(const QUrl &url)
 /// A response beyond the whole capacity is refused by the cache itself, the older one dropped.
 void HttpCache::keepInMemory(const QUrl &url, const KeptResponse &response)
 {
-    mMemory.insert(url, new KeptResponse(response), response.data.size());
+    mMemory.insert(url, new KeptResponse(response), response.data.size() + bytesBesideData);
 }

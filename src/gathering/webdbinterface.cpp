@@ -14,6 +14,10 @@ constexpr int defaultSimultaneousSearches = 8;
 /// A bar measures, instead of spinning, from the search after this many.
 constexpr double searchesWhileSpinning = 4;
 
+/// A page of rows without end must not keep a song searching for hours; no honest list of one
+/// artist's albums comes near.
+constexpr int mostSearches = 1000;
+
 /// Sites answer "nothing found" and errors this shortly.
 constexpr qsizetype longestUselessPage = 99;
 
@@ -64,7 +68,8 @@ void WebDBInterface::cancelSearch()
 
 void WebDBInterface::addSearchURL(const QUrl &url, Handler returnMethod, QueueEnd at)
 {
-    if (mWasCancelled || !url.isValid() || mAlreadyLoadedURLs.contains(url))
+    if (mWasCancelled || !url.isValid() || mTotalSearches >= mostSearches
+        || mAlreadyLoadedURLs.contains(url))
         return;
     mAlreadyLoadedURLs.insert(url);
     Waiting search{url, std::move(returnMethod), at};

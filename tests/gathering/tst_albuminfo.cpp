@@ -1,6 +1,6 @@
 #include "gathering/albuminfo.h"
 
-#include <QTest>
+#include "support/table.h"
 
 namespace {
 AlbumInfo albumOf(const QStringList &tracks)
@@ -17,14 +17,13 @@ class AlbumInfoTest : public QObject {
 private Q_SLOTS:
     void cleansNames_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("cleaned");
-        QTest::newRow("stars at the end go") << u"Greatest Hits**"_qs << u"Greatest Hits"_qs;
-        QTest::newRow("stars elsewhere stay") << u"*Hits* Live"_qs << u"*Hits* Live"_qs;
-        QTest::newRow("shouting ends") << u"ABBA GOLD"_qs << u"Abba Gold"_qs;
-        QTest::newRow("an article goes to the front") << u"Best, The"_qs << u"The Best"_qs;
-        QTest::newRow("a space keeps the stars off the end") << u"Hits* "_qs << u"Hits*"_qs;
-        QTest::newRow("ends are trimmed") << u" Night\n"_qs << u"Night"_qs;
+        const Table<QString, QString> row("name", "cleaned");
+        row("stars at the end go", u"Greatest Hits**"_qs, u"Greatest Hits"_qs);
+        row("stars elsewhere stay", u"*Hits* Live"_qs, u"*Hits* Live"_qs);
+        row("shouting ends", u"ABBA GOLD"_qs, u"Abba Gold"_qs);
+        row("an article goes to the front", u"Best, The"_qs, u"The Best"_qs);
+        row("a space keeps the stars off the end", u"Hits* "_qs, u"Hits*"_qs);
+        row("ends are trimmed", u" Night\n"_qs, u"Night"_qs);
     }
     void cleansNames()
     {
@@ -60,23 +59,17 @@ private Q_SLOTS:
 
     void findsTracks_data()
     {
-        QTest::addColumn<QStringList>("tracks");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<int>("strictly");
-        QTest::addColumn<int>("loosely");
+        const Table<QStringList, QString, int, int> row("tracks", "title", "strictly", "loosely");
         const QStringList three{u"Dawn"_qs, u"The Dusk"_qs, u"Dusk (Live)"_qs};
-        QTest::newRow("whatever case and article") << three << u"dusk"_qs << 2 << 2;
-        QTest::newRow("a part of a track") << three << u"Live"_qs << 0 << 3;
-        QTest::newRow("a track is a part of it") << three << u"Dawn Chorus"_qs << 0 << 1;
-        QTest::newRow("the last part that fits") << three << u"us"_qs << 0 << 3;
-        QTest::newRow("of equal titles the last")
-            << QStringList{u"Dawn"_qs, u"dawn"_qs} << u"Dawn"_qs << 2 << 2;
-        QTest::newRow("an exact one before a later part")
-            << QStringList{u"Dawn"_qs, u"Dawn II"_qs} << u"Dawn"_qs << 1 << 1;
-        QTest::newRow("nothing is part of an empty title") << three << QString() << 0 << 0;
-        QTest::newRow("an empty track is part of none")
-            << QStringList{QString()} << u"Dawn"_qs << 0 << 0;
-        QTest::newRow("no tracks") << QStringList() << u"Dawn"_qs << 0 << 0;
+        row("whatever case and article", three, u"dusk"_qs, 2, 2);
+        row("a part of a track", three, u"Live"_qs, 0, 3);
+        row("a track is a part of it", three, u"Dawn Chorus"_qs, 0, 1);
+        row("the last part that fits", three, u"us"_qs, 0, 3);
+        row("of equal titles the last", {u"Dawn"_qs, u"dawn"_qs}, u"Dawn"_qs, 2, 2);
+        row("an exact one before a later part", {u"Dawn"_qs, u"Dawn II"_qs}, u"Dawn"_qs, 1, 1);
+        row("nothing is part of an empty title", three, {}, 0, 0);
+        row("an empty track is part of none", {QString()}, u"Dawn"_qs, 0, 0);
+        row("no tracks", {}, u"Dawn"_qs, 0, 0);
     }
     void findsTracks()
     {

@@ -1,7 +1,7 @@
 #include "base/texts.h"
-#include "gathering/albumlist.h"
 
-#include <QTest>
+#include "gathering/albumlist.h"
+#include "support/table.h"
 
 namespace {
 /// "name|year|genre|art|source|track,track"; trailing parts may be missing, empty ones are absent.
@@ -62,27 +62,24 @@ private Q_SLOTS:
 
     void mergesAlbums_data()
     {
-        QTest::addColumn<QString>("albums");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("merged");
-        QTest::newRow("the same name, the earliest year")
-            << u"Abbey Road|1987;abbey road|1969;Abbey Road (Remastered)|2009"_qs << QString()
-            << u"Abbey Road/1969///1;Abbey Road (Remastered)/2009///0"_qs;
-        QTest::newRow("years of 1600 and before or from 3000 on are none")
-            << u"K|1600;K|3000;B|1601;B|2999"_qs << QString() << u"K/1600///1;B/1601///1"_qs;
-        QTest::newRow("genre and artwork from the last that has them")
-            << u"K;K||Rock|u1;K||Pop|;K|||u2"_qs << QString() << u"K//Pop/u2/3"_qs;
-        QTest::newRow("what an album has stays")
-            << u"K||Rock|u1;K||Pop|u2"_qs << QString() << u"K//Rock/u1/1"_qs;
-        QTest::newRow("albums without the title go, what they taught stays")
-            << u"K|1990|||s|Dawn;B|1980|||s|Dusk;K|1985|Rock||s|Dusk"_qs << u"dawn"_qs
-            << u"K/1985/Rock//0"_qs;
-        QTest::newRow("a part of the title is enough")
-            << u"K|||||Dawn II;B|||||Dusk"_qs << u"Dawn"_qs << u"K////0"_qs;
-        QTest::newRow("a title on no album drops none")
-            << u"K|||||Dawn;B|||||Dusk"_qs << u"Noon"_qs << u"K////0;B////0"_qs;
-        QTest::newRow("albums without a name are of one name")
-            << u"|1990;K;||Rock"_qs << QString() << u"/1990/Rock//1;K////0"_qs;
+        const Table<QString, QString, QString> row("albums", "title", "merged");
+        row("the same name, the earliest year",
+            u"Abbey Road|1987;abbey road|1969;Abbey Road (Remastered)|2009"_qs, {},
+            u"Abbey Road/1969///1;Abbey Road (Remastered)/2009///0"_qs);
+        row("years of 1600 and before or from 3000 on are none", u"K|1600;K|3000;B|1601;B|2999"_qs,
+            {}, u"K/1600///1;B/1601///1"_qs);
+        row("genre and artwork from the last that has them", u"K;K||Rock|u1;K||Pop|;K|||u2"_qs, {},
+            u"K//Pop/u2/3"_qs);
+        row("what an album has stays", u"K||Rock|u1;K||Pop|u2"_qs, {}, u"K//Rock/u1/1"_qs);
+        row("albums without the title go, what they taught stays",
+            u"K|1990|||s|Dawn;B|1980|||s|Dusk;K|1985|Rock||s|Dusk"_qs, u"dawn"_qs,
+            u"K/1985/Rock//0"_qs);
+        row("a part of the title is enough", u"K|||||Dawn II;B|||||Dusk"_qs, u"Dawn"_qs,
+            u"K////0"_qs);
+        row("a title on no album drops none", u"K|||||Dawn;B|||||Dusk"_qs, u"Noon"_qs,
+            u"K////0;B////0"_qs);
+        row("albums without a name are of one name", u"|1990;K;||Rock"_qs, {},
+            u"/1990/Rock//1;K////0"_qs);
     }
     void mergesAlbums()
     {
@@ -95,11 +92,10 @@ private Q_SLOTS:
 
     void keepsAlbumsOfTheRightLength_data()
     {
-        QTest::addColumn<int>("tracks");
-        QTest::addColumn<QString>("kept");
-        QTest::newRow("as many tracks") << 2 << u"B,D"_qs;
-        QTest::newRow("none fits, all stay") << 3 << u"K,B,C,D"_qs;
-        QTest::newRow("no tracks at all") << 0 << u"C"_qs;
+        const Table<int, QString> row("tracks", "kept");
+        row("as many tracks", 2, u"B,D"_qs);
+        row("none fits, all stay", 3, u"K,B,C,D"_qs);
+        row("no tracks at all", 0, u"C"_qs);
     }
     void keepsAlbumsOfTheRightLength()
     {
@@ -111,23 +107,17 @@ private Q_SLOTS:
 
     void keepsAlbumsOfTheRightName_data()
     {
-        QTest::addColumn<QString>("albums");
-        QTest::addColumn<QString>("wanted");
-        QTest::addColumn<QString>("strictly");
-        QTest::addColumn<QString>("loosely");
-        QTest::newRow("one is equal") << u"Night;Night Live;The Night"_qs << u"night"_qs
-                                      << u"Night,The Night"_qs << u"Night,The Night"_qs;
-        QTest::newRow("one overlaps")
-            << u"Night Live;Day;"_qs << u"Night"_qs << u"Night Live,Day"_qs << u"Night Live"_qs;
-        QTest::newRow("it overlaps one")
-            << u"Night;Day"_qs << u"Night Live"_qs << u"Night,Day"_qs << u"Night"_qs;
-        QTest::newRow("one without a name may be any")
-            << u"Day;|1990;Night Live"_qs << u"Night"_qs << u"Day,,Night Live"_qs
-            << u",Night Live"_qs;
-        QTest::newRow("none fits")
-            << u"Day;Dusk"_qs << u"Night"_qs << u"Day,Dusk"_qs << u"Day,Dusk"_qs;
-        QTest::newRow("nothing is part of an empty name")
-            << u"Day;Dusk"_qs << u""_qs << u"Day,Dusk"_qs << u"Day,Dusk"_qs;
+        const Table<QString, QString, QString, QString> row("albums", "wanted", "strictly",
+                                                            "loosely");
+        row("one is equal", u"Night;Night Live;The Night"_qs, u"night"_qs, u"Night,The Night"_qs,
+            u"Night,The Night"_qs);
+        row("one overlaps", u"Night Live;Day;"_qs, u"Night"_qs, u"Night Live,Day"_qs,
+            u"Night Live"_qs);
+        row("it overlaps one", u"Night;Day"_qs, u"Night Live"_qs, u"Night,Day"_qs, u"Night"_qs);
+        row("one without a name may be any", u"Day;|1990;Night Live"_qs, u"Night"_qs,
+            u"Day,,Night Live"_qs, u",Night Live"_qs);
+        row("none fits", u"Day;Dusk"_qs, u"Night"_qs, u"Day,Dusk"_qs, u"Day,Dusk"_qs);
+        row("nothing is part of an empty name", u"Day;Dusk"_qs, {}, u"Day,Dusk"_qs, u"Day,Dusk"_qs);
     }
     void keepsAlbumsOfTheRightName()
     {
@@ -146,13 +136,10 @@ private Q_SLOTS:
 
     void filtersByWhatTheTagSays_data()
     {
-        QTest::addColumn<bool>("trustsTitle");
-        QTest::addColumn<QString>("album");
-        QTest::addColumn<QString>("kept");
-        QTest::newRow("title and album") << true << u"Night"_qs << u"Night"_qs;
-        QTest::newRow("title alone") << true << QString() << u"Night,Day"_qs;
-        QTest::newRow("length alone where the title is looked for")
-            << false << u"Night"_qs << u"Day,Dusk"_qs;
+        const Table<bool, QString, QString> row("trustsTitle", "album", "kept");
+        row("title and album", true, u"Night"_qs, u"Night"_qs);
+        row("title alone", true, {}, u"Night,Day"_qs);
+        row("length alone where the title is looked for", false, u"Night"_qs, u"Day,Dusk"_qs);
     }
     void filtersByWhatTheTagSays()
     {
@@ -168,28 +155,20 @@ private Q_SLOTS:
 
     void choosesAnAlbum_data()
     {
-        QTest::addColumn<QString>("albums");
-        QTest::addColumn<int>("method");
-        QTest::addColumn<QString>("chosen");
-        QTest::addColumn<QString>("problem");
+        const Table<QString, int, QString, QString> row("albums", "method", "chosen", "problem");
         const QString two = u"K|1999;B|1998"_qs;
-        QTest::newRow("none of none") << QString() << 1 << QString() << QString();
-        QTest::newRow("one, whatever the method") << u"K"_qs << 1 << u"K"_qs << QString();
-        QTest::newRow("no method, nothing chosen, no message")
-            << two << 0 << QString() << QString();
-        QTest::newRow("the earliest year") << two << 1 << u"B"_qs << QString();
-        QTest::newRow("of a year the one with most tracks; short years do not count")
-            << u"K|1999||||1;B|99||||1,2,3;C|1999||||1,2;D|1999||||3,4"_qs << 1 << u"C"_qs
-            << QString();
-        QTest::newRow("years of 1700 and before do not count")
-            << u"K|1700;B|1701"_qs << 1 << u"B"_qs << QString();
-        QTest::newRow("2040, from which the search starts, is chosen for want of another")
-            << u"K|2041;B|2040"_qs << 1 << u"B"_qs << QString();
-        QTest::newRow("no usable year")
-            << u"K|2041;|;C|99"_qs << 1 << QString()
-            << u"3 albums found for Lanterns – %1, but none with a usable year: 'K', '', 'C'"_qs;
-        QTest::newRow("most agreement, the first of equals")
-            << u"K;B;B;C;C"_qs << 2 << u"B"_qs << QString();
+        row("none of none", {}, 1, {}, {});
+        row("one, whatever the method", u"K"_qs, 1, u"K"_qs, {});
+        row("no method, nothing chosen, no message", two, 0, {}, {});
+        row("the earliest year", two, 1, u"B"_qs, {});
+        row("of a year the one with most tracks; short years do not count",
+            u"K|1999||||1;B|99||||1,2,3;C|1999||||1,2;D|1999||||3,4"_qs, 1, u"C"_qs, {});
+        row("years of 1700 and before do not count", u"K|1700;B|1701"_qs, 1, u"B"_qs, {});
+        row("2040, from which the search starts, is chosen for want of another",
+            u"K|2041;B|2040"_qs, 1, u"B"_qs, {});
+        row("no usable year", u"K|2041;|;C|99"_qs, 1, {},
+            u"3 albums found for Lanterns – %1, but none with a usable year: 'K', '', 'C'"_qs);
+        row("most agreement, the first of equals", u"K;B;B;C;C"_qs, 2, u"B"_qs, {});
     }
     void choosesAnAlbum()
     {

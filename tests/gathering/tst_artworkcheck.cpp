@@ -1,8 +1,9 @@
 #include "gathering/artworkcheck.h"
 
+#include "support/table.h"
+
 #include <QBuffer>
 #include <QImage>
-#include <QTest>
 #include <QtEndian>
 
 namespace {
@@ -52,18 +53,16 @@ class ArtworkCheckTest : public QObject {
 private Q_SLOTS:
     void acceptsSizes_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<bool>("squareOnly");
-        QTest::addColumn<bool>("accepted");
-        QTest::newRow("as wide as the minimum") << QSize(100, 50) << false << true;
-        QTest::newRow("narrower") << QSize(99, 500) << false << false;
-        QTest::newRow("portrait") << QSize(300, 500) << true << false;
-        QTest::newRow("portrait where shape does not matter") << QSize(300, 500) << false << true;
-        QTest::newRow("0.8 is square") << QSize(400, 500) << true << true;
-        QTest::newRow("below 0.8") << QSize(399, 500) << true << false;
-        QTest::newRow("1.3 is square") << QSize(650, 500) << true << true;
-        QTest::newRow("above 1.3") << QSize(651, 500) << true << false;
-        QTest::newRow("no size") << QSize() << false << false;
+        const Table<QSize, bool, bool> row("size", "squareOnly", "accepted");
+        row("as wide as the minimum", {100, 50}, false, true);
+        row("narrower", {99, 500}, false, false);
+        row("portrait", {300, 500}, true, false);
+        row("portrait where shape does not matter", {300, 500}, false, true);
+        row("0.8 is square", {400, 500}, true, true);
+        row("below 0.8", {399, 500}, true, false);
+        row("1.3 is square", {650, 500}, true, true);
+        row("above 1.3", {651, 500}, true, false);
+        row("no size", {}, false, false);
     }
     void acceptsSizes()
     {
@@ -75,13 +74,11 @@ private Q_SLOTS:
 
     void keepsWhatFits_data()
     {
-        QTest::addColumn<QByteArray>("picture");
-        QTest::addColumn<QString>("mimeType");
-        QTest::newRow("PNG") << plainPng(300, 200) << u"image/png"_qs;
-        QTest::newRow("JPEG") << encoded(noise(300, 300), "JPG") << u"image/jpeg"_qs;
-        QTest::newRow("BMP") << encoded(noise(300, 300), "BMP") << u"image/bmp"_qs;
-        QTest::newRow("too large, but every JPEG of it is larger still")
-            << plainPng(400, 400) << u"image/png"_qs;
+        const Table<QByteArray, QString> row("picture", "mimeType");
+        row("PNG", plainPng(300, 200), u"image/png"_qs);
+        row("JPEG", encoded(noise(300, 300), "JPG"), u"image/jpeg"_qs);
+        row("BMP", encoded(noise(300, 300), "BMP"), u"image/bmp"_qs);
+        row("too large, but every JPEG of it is larger still", plainPng(400, 400), u"image/png"_qs);
     }
     void keepsWhatFits()
     {
@@ -95,12 +92,11 @@ private Q_SLOTS:
 
     void shrinksWhatIsTooLarge_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QSize>("shrunk");
-        QTest::newRow("square") << QSize(1000, 1000) << QSize(300, 300);
-        QTest::newRow("the width is the longer side") << QSize(1000, 333) << QSize(300, 100);
-        QTest::newRow("the height is") << QSize(310, 601) << QSize(155, 300);
-        QTest::newRow("never less than a pixel") << QSize(3000, 2) << QSize(300, 1);
+        const Table<QSize, QSize> row("size", "shrunk");
+        row("square", {1000, 1000}, {300, 300});
+        row("the width is the longer side", {1000, 333}, {300, 100});
+        row("the height is", {310, 601}, {155, 300});
+        row("never less than a pixel", {3000, 2}, {300, 1});
     }
     void shrinksWhatIsTooLarge()
     {
@@ -142,14 +138,14 @@ private Q_SLOTS:
 
     void refuses_data()
     {
-        QTest::addColumn<QByteArray>("picture");
+        const Table<QByteArray> row("picture");
         const QByteArray jpeg = encoded(noise(300, 300), "JPG");
-        QTest::newRow("nothing") << QByteArray();
-        QTest::newRow("a page") << QByteArray("<html>not found</html>");
-        QTest::newRow("a signature alone") << jpeg.first(4);
-        QTest::newRow("a PNG without pixels") << plainPng(300, 300).first(40);
-        QTest::newRow("a picture that is no raster")
-            << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='300' height='300'/>");
+        row("nothing", {});
+        row("a page", "<html>not found</html>");
+        row("a signature alone", jpeg.first(4));
+        row("a PNG without pixels", plainPng(300, 300).first(40));
+        row("a picture that is no raster",
+            "<svg xmlns='http://www.w3.org/2000/svg' width='300' height='300'/>");
     }
     void refuses()
     {

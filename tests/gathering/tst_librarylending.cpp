@@ -1,10 +1,11 @@
 #include "gathering/librarylending.h"
+
+#include "support/table.h"
 #include "support/tempfiles.h"
 #include "support/writtensong.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 /// "album|artist|year|genre|picture width"; empty parts are absent.
@@ -62,17 +63,16 @@ private:
 private Q_SLOTS:
     void lends_data()
     {
-        QTest::addColumn<QString>("library");
-        QTest::addColumn<QString>("offers");
-        QTest::newRow("the first in library order")
-            << u"Night|Ann;Night|Ann|1999;Night|Ann|2000|Rock|300;Night|Ann||Pop|300"_qs
-            << u"1999|Rock|2,3"_qs;
-        QTest::newRow("names are compared loosely") << u"the NIGHT!|ann|1999"_qs << u"1999||"_qs;
-        QTest::newRow("another album") << u"Day|Ann|1999"_qs << u"||"_qs;
-        QTest::newRow("another artist") << u"Night|Bob|1999"_qs << u"||"_qs;
-        QTest::newRow("no artist") << u"Night||1999"_qs << u"||"_qs;
-        QTest::newRow("pictures that cannot do are not offered")
-            << u"Night|Ann|||99;Night|Ann|||500;Night|Ann|||301"_qs << u"||2"_qs;
+        const Table<QString, QString> row("library", "offers");
+        row("the first in library order",
+            u"Night|Ann;Night|Ann|1999;Night|Ann|2000|Rock|300;Night|Ann||Pop|300"_qs,
+            u"1999|Rock|2,3"_qs);
+        row("names are compared loosely", u"the NIGHT!|ann|1999"_qs, u"1999||"_qs);
+        row("another album", u"Day|Ann|1999"_qs, u"||"_qs);
+        row("another artist", u"Night|Bob|1999"_qs, u"||"_qs);
+        row("no artist", u"Night||1999"_qs, u"||"_qs);
+        row("pictures that cannot do are not offered",
+            u"Night|Ann|||99;Night|Ann|||500;Night|Ann|||301"_qs, u"||2"_qs);
     }
     void lends()
     {

@@ -1,14 +1,15 @@
 #include "base/progress.h"
+
 #include "base/texts.h"
 #include "gathering/librarylending.h"
 #include "gathering/songinfotask.h"
 #include "support/httpserver.h"
+#include "support/table.h"
 #include "support/writtensong.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThreadPool>
 
 namespace {
@@ -186,9 +187,9 @@ void occupyWorkers(QSemaphore &mayGoOn)
 
 void bothModes()
 {
-    QTest::addColumn<bool>("parallel");
-    QTest::newRow("serial") << false;
-    QTest::newRow("parallel") << true;
+    const Table<bool> row("parallel");
+    row("serial", false);
+    row("parallel", true);
 }
 } // namespace
 
@@ -357,13 +358,10 @@ private Q_SLOTS:
 
     void triesArtworkUntilOneFits_data()
     {
-        QTest::addColumn<bool>("parallel");
-        QTest::addColumn<QString>("changes");
-        QTest::addColumn<QStringList>("fetched");
-        QTest::newRow("parallel: in order of sources, in each from the last")
-            << true << u"Artwork=Covers"_qs << QStringList{u"/gone"_qs, u"/small"_qs, u"/good"_qs};
-        QTest::newRow("serial: one a source")
-            << false << u"Artwork=Covers"_qs << QStringList{u"/small"_qs, u"/good"_qs};
+        const Table<bool, QString, QStringList> row("parallel", "changes", "fetched");
+        row("parallel: in order of sources, in each from the last", true, u"Artwork=Covers"_qs,
+            {u"/gone"_qs, u"/small"_qs, u"/good"_qs});
+        row("serial: one a source", false, u"Artwork=Covers"_qs, {u"/small"_qs, u"/good"_qs});
     }
     void triesArtworkUntilOneFits()
     {
@@ -401,12 +399,10 @@ private Q_SLOTS:
 
     void songsOfTheAlbumLend_data()
     {
-        QTest::addColumn<QString>("album");
-        QTest::addColumn<QString>("changes");
-        QTest::newRow("at the start")
-            << u"Night"_qs << u"Artwork=library Year=library Genre=library"_qs;
-        QTest::newRow("once the album is known")
-            << QString() << u"Artwork=library Album=Discs Year=library Genre=library"_qs;
+        const Table<QString, QString> row("album", "changes");
+        row("at the start", u"Night"_qs, u"Artwork=library Year=library Genre=library"_qs);
+        row("once the album is known", {},
+            u"Artwork=library Album=Discs Year=library Genre=library"_qs);
     }
     void songsOfTheAlbumLend()
     {

@@ -4,9 +4,9 @@
 #include "base/progress.h"
 #include "gathering/sourcecatalog.h"
 #include "support/httpserver.h"
+#include "support/table.h"
 
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -57,27 +57,241 @@ void spinEvents()
     for (int turn = 0; turn < 20; ++turn)
         QCoreApplication::processEvents();
 }
-
 } // namespace
 
 class TestWebDBInterface : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void completionIsReportedOnce_data();
-    void completionIsReportedOnce();
-    void sameURLIsFetchedOnce();
-    void numberOfFetchesAtATime_data();
-    void numberOfFetchesAtATime();
-    void frontOvertakesWhatWaits();
-    void barMeasuresFromTheSixthSearchOn();
-    void cancelStartsNothingNewAndCallsNoMethod();
-    void shortPagesAreForgotten_data();
-    void shortPagesAreForgotten();
-    void paceIsKeptAtTheHostsOfTheDefinition();
-    void albumsCarryTheSourceAndEndAtTheMaximum();
-    void catalogNamesWhatIsPossible();
+    void init()
+    {
+        mServer = std::make_unique<HttpServer>();
+        mQueue = std::make_unique<HVHTTPQueue>(QString());
+        mServer->serve(u"/reset"_s, {.then = HttpAnswer::Then::Reset});
+        mServer->serve(u"/empty"_s, {});
+        for (const char16_t name : u"abcdefghij")
+            mServer->serve(u'/' + QString(QChar(name)), {.body = "page"});
+    }
+
+    void completionIsReportedOnce_data()
+    {
+        QTest::addColumn<SampleSource::Step>("start");
+        QTest::addColumn<SampleSource::Step>("onResult");
+        QTest::addColumn<int>("results");
+        const auto row = [](const char *name, int results, SampleSource::Step start,
+                            SampleSource::Step onResult = {}) {
+            QTest::newRow(name) << start << onResult << results;
+        };
+        const auto url = [this](const char *path) { return mServer->url(QLatin1String(path)); };
+        const SampleSource::Step fetchA = [url](auto &source) { source.fetch(url("/a")); };
+        row("nothing to fetch", 0, [](auto &) {});
+        row("no URL", 0, [](auto &source) { source.fetch(QUrl()); });
+        row("a page", 1, fetchA);
+        row("a page without data", 1, [url](auto &source) { source.fetch(url("/empty")); });
+        row("a failed fetch", 1, [url](auto &source) { source.fetch(url("/reset")); });
+        row("an address that is never fetched", 1,
+            [](auto &source) { source.fetch(QUrl(u"file:///etc/passwd"_s)); });
+        row("a page that leads to another", 2, fetchA,
+            [url](auto &source) { source.fetch(url("/b")); });
+        row("cancelled at once", 0, [url](auto &source) {
+            source.fetch(url("/a"));
+            source.cancelSearch();
+        });
+        row("cancelled by a page, which queues another", 1, fetchA, [url](auto &source) {
+            source.cancelSearch();
+            source.fetch(url("/b"));
+            QVERIFY(!source.postSearch(url("/b"), "x=y", source.handler()));
+        });
+        row("a form and the page of the same address", 2, [url](auto &source) {
+            QVERIFY(source.postSearch(url("/a"), "x=y", source.handler()));
+            source.fetch(url("/a"));
+        });
+        row("an empty form", 0,
+            [url](auto &source) { QVERIFY(!source.postSearch(url("/a"), {}, source.handler())); });
+        row("a wait for something else", 0, [url](auto &source) {
+            source.addPlaceholderSearch(url("/waiting"));
+            onNextTurn(&source, [&source, url] { source.finishedSearch(url("/waiting")); });
+        });
+    }
+    void completionIsReportedOnce()
+    {
+        QFETCH(SampleSource::Step, start);
+        QFETCH(SampleSource::Step, onResult);
+        SampleSource source(*mQueue, start);
+        source.onResult = onResult;
+        complete(source);
+        QTEST(int(source.got.size()), "results");
+    }
+
+    void sameURLIsFetchedOnce()
+    {
+        SampleSource source(*mQueue, [this](auto &self) {
+            self.fetch(mServer->url(u"/a"_s));
+            self.fetch(mServer->url(u"/a"_s));
+        });
+        complete(source);
+        QCOMPARE(source.totalSearches(), 1);
+        QCOMPARE(mServer->paths(), QStringList{u"/a"_s});
+        QVERIFY(source.description().endsWith(
+            u" artist='(null)' song='(null)' album='(null)' gathered=0>"_s));
+    }
+
+    void numberOfFetchesAtATime_data()
+    {
+        const Table<QVariantMap, int> row("definition", "atATime");
+        row("eight where the definition says nothing", QVariantMap(), 8);
+        row("zero means eight", QVariantMap{{u"simulConns"_s, u"0"_s}}, 8);
+        row("two", QVariantMap{{u"simulConns"_s, 2}}, 2);
+    }
+    void numberOfFetchesAtATime()
+    {
+        QFETCH(QVariantMap, definition);
+        QFETCH(int, atATime);
+        mQueue->setSimultaneousConnections(100);
+        SampleSource source(
+            *mQueue,
+            [this](auto &self) {
+                for (const char16_t name : u"abcdefghij")
+                    self.fetch(mServer->url(u'/' + QString(QChar(name))));
+            },
+            definition);
+        mServer->hold();
+        source.beginSearch();
+        QTRY_COMPARE(mServer->requests().size(), atATime);
+        QCOMPARE(mQueue->currentNumberOfConnections(), atATime);
+        mServer->release();
+        QSignalSpy complete(&source, &WebDBInterface::searchComplete);
+        QVERIFY(complete.wait());
+        QCOMPARE(source.got.size(), source.totalSearches());
+    }
+
+    void frontOvertakesWhatWaits()
+    {
+        SampleSource source(*mQueue,
+                            [this](auto &self) {
+                                self.fetch(mServer->url(u"/a"_s));
+                                self.fetch(mServer->url(u"/b"_s));
+                                self.fetch(mServer->url(u"/c"_s), QueueEnd::Front);
+                            },
+                            {{u"simulConns"_s, 1}});
+        complete(source);
+        QCOMPARE(mServer->paths(), (QStringList{u"/a"_s, u"/c"_s, u"/b"_s}));
+    }
+
+    void barMeasuresFromTheSixthSearchOn()
+    {
+        Progress bar;
+        bar.setIndeterminate(true);
+        SampleSource source(*mQueue, [this, &bar](auto &self) {
+            for (const char16_t name : std::u16string_view(u"abcd"))
+                self.fetch(mServer->url(u'/' + QString(QChar(name))));
+            self.addPlaceholderSearch(QUrl(u"wait:"_s));
+            QVERIFY(bar.isIndeterminate());
+            QCOMPARE(bar.maximum(), 5);
+            self.fetch(mServer->url(u"/e"_s));
+            QVERIFY(!bar.isIndeterminate());
+            self.finishedSearch(QUrl(u"wait:"_s));
+        });
+        source.setProgessIndicator(&bar);
+        complete(source);
+        QCOMPARE(bar.maximum(), 6);
+        QCOMPARE(bar.value(), 6);
+    }
+
+    void cancelStartsNothingNewAndCallsNoMethod()
+    {
+        const auto fetchBoth = [this](auto &self) {
+            self.fetch(mServer->url(u"/a"_s));
+            self.fetch(mServer->url(u"/b"_s));
+        };
+        SampleSource cancelled(*mQueue, fetchBoth, {{u"simulConns"_s, 1}});
+        SampleSource other(*mQueue, [this](auto &self) { self.fetch(mServer->url(u"/a"_s)); });
+        QSignalSpy complete(&cancelled, &WebDBInterface::searchComplete);
+        QSignalSpy otherComplete(&other, &WebDBInterface::searchComplete);
+        mServer->hold();
+        cancelled.beginSearch();
+        other.beginSearch();
+        QTRY_COMPARE(mServer->requests().size(), 1);
+        cancelled.cancelSearch();
+        QCOMPARE(complete.size(), 0);
+        QTRY_COMPARE(complete.size(), 1);
+        QVERIFY(cancelled.wasCancelled());
+        mServer->release();
+        QVERIFY(otherComplete.wait());
+        QVERIFY(cancelled.got.isEmpty());
+        QCOMPARE(other.got.value(0).data, "page");
+        QCOMPARE(mServer->paths(), QStringList{u"/a"_s});
+    }
+
+    void shortPagesAreForgotten_data()
+    {
+        const Table<int, bool> row("length", "isUsable");
+        row("99 bytes", 99, false);
+        row("100 bytes", 100, true);
+    }
+    void shortPagesAreForgotten()
+    {
+        QFETCH(int, length);
+        QFETCH(bool, isUsable);
+        mServer->serve(u"/page"_s, {.body = QByteArray(length, '\xE9')});
+        for (int search = 0; search < 2; ++search) {
+            SampleSource source(*mQueue,
+                                [this](auto &self) { self.fetch(mServer->url(u"/page"_s)); });
+            complete(source);
+            const std::optional<QString> page = source.usablePage(source.got.value(0));
+            QCOMPARE(page.has_value(), isUsable);
+            QCOMPARE(page.value_or(QString()), isUsable ? QString(length, u'é') : QString());
+        }
+        QCOMPARE(mServer->requests().size(), isUsable ? 1 : 2); // the second from the cache
+    }
+
+    void paceIsKeptAtTheHostsOfTheDefinition()
+    {
+        const QVariantMap definition{{u"minInterval"_s, 1000},
+                                     {u"queryPOST"_s, mServer->url(u"/"_s).toString()}};
+        SampleSource source(
+            *mQueue,
+            [this](auto &self) {
+                self.fetch(mServer->url(u"/a"_s));
+                self.fetch(mServer->url(u"/b"_s));
+            },
+            definition);
+        source.beginSearch();
+        QTRY_COMPARE(source.got.size(), 1);
+        spinEvents();
+        QCOMPARE(mServer->paths(), QStringList{u"/a"_s});
+    }
+
+    void albumsCarryTheSourceAndEndAtTheMaximum()
+    {
+        SampleSource source(*mQueue, [](auto &) {});
+        source.setMaxAlbums(2);
+        for (const auto &name : {u"One"_s, u"Two"_s, u"Three"_s})
+            source.addAlbum(AlbumInfo({}, name));
+        QCOMPARE(source.albums().size(), 2);
+        QCOMPARE(source.albums()[1].name(), u"Two"_s);
+        QCOMPARE(source.albums()[1].sourceInterfaceName(), u"SampleSource"_s);
+    }
+
+    void searchesDoNotGoOnForEver()
+    {
+        SampleSource source(*mQueue, [this](auto &self) {
+            for (int i = 0; i < 5000; ++i)
+                self.fetch(mServer->url(u"/%1"_s.arg(i)));
+            self.cancelSearch();
+        });
+        complete(source);
+        QCOMPARE(source.totalSearches(), 1000);
+    }
+
+    void catalogNamesWhatIsPossible()
+    {
+        const SourceCatalog catalog({{u"A"_s, AssetLyrics, {}}, {u"B"_s, AssetTrack, {}}});
+        QVERIFY(!catalog.find(u"C"_s));
+        QCOMPARE(catalog.find(u"B"_s)->className, u"B"_s);
+        QCOMPARE(catalog.assetsPossibleFromSources({}).toInt(), 73U);
+        QCOMPARE(catalog.assetsPossibleFromSources({u"A"_s, u"C"_s}).toInt(), 73U + 256U);
+    }
 
 private:
     void complete(SampleSource &source);
@@ -85,16 +299,6 @@ private:
     std::unique_ptr<HttpServer> mServer;
     std::unique_ptr<HVHTTPQueue> mQueue;
 };
-
-void TestWebDBInterface::init()
-{
-    mServer = std::make_unique<HttpServer>();
-    mQueue = std::make_unique<HVHTTPQueue>(QString());
-    mServer->serve(u"/reset"_s, {.then = HttpAnswer::Then::Reset});
-    mServer->serve(u"/empty"_s, {});
-    for (const char16_t name : u"abcdefghij")
-        mServer->serve(u'/' + QString(QChar(name)), {.body = "page"});
-}
 
 /// Runs a search to its end and verifies that it says so once, and not before beginSearch() is
 /// back.
@@ -106,219 +310,6 @@ void TestWebDBInterface::complete(SampleSource &source)
     QTRY_COMPARE(complete.size(), 1);
     spinEvents();
     QCOMPARE(complete.size(), 1);
-}
-
-void TestWebDBInterface::completionIsReportedOnce_data()
-{
-    QTest::addColumn<SampleSource::Step>("start");
-    QTest::addColumn<SampleSource::Step>("onResult");
-    QTest::addColumn<int>("results");
-    const auto row = [](const char *name, int results, SampleSource::Step start,
-                        SampleSource::Step onResult = {}) {
-        QTest::newRow(name) << start << onResult << results;
-    };
-    const auto url = [this](const char *path) { return mServer->url(QLatin1String(path)); };
-    const SampleSource::Step fetchA = [url](auto &source) { source.fetch(url("/a")); };
-    row("nothing to fetch", 0, [](auto &) {});
-    row("no URL", 0, [](auto &source) { source.fetch(QUrl()); });
-    row("a page", 1, fetchA);
-    row("a page without data", 1, [url](auto &source) { source.fetch(url("/empty")); });
-    row("a failed fetch", 1, [url](auto &source) { source.fetch(url("/reset")); });
-    row("an address that is never fetched", 1,
-        [](auto &source) { source.fetch(QUrl(u"file:///etc/passwd"_s)); });
-    row("a page that leads to another", 2, fetchA,
-        [url](auto &source) { source.fetch(url("/b")); });
-    row("cancelled at once", 0, [url](auto &source) {
-        source.fetch(url("/a"));
-        source.cancelSearch();
-    });
-    row("cancelled by a page, which queues another", 1, fetchA, [url](auto &source) {
-        source.cancelSearch();
-        source.fetch(url("/b"));
-        QVERIFY(!source.postSearch(url("/b"), "x=y", source.handler()));
-    });
-    row("a form and the page of the same address", 2, [url](auto &source) {
-        QVERIFY(source.postSearch(url("/a"), "x=y", source.handler()));
-        source.fetch(url("/a"));
-    });
-    row("an empty form", 0,
-        [url](auto &source) { QVERIFY(!source.postSearch(url("/a"), {}, source.handler())); });
-    row("a wait for something else", 0, [url](auto &source) {
-        source.addPlaceholderSearch(url("/waiting"));
-        onNextTurn(&source, [&source, url] { source.finishedSearch(url("/waiting")); });
-    });
-}
-
-void TestWebDBInterface::completionIsReportedOnce()
-{
-    QFETCH(SampleSource::Step, start);
-    QFETCH(SampleSource::Step, onResult);
-    SampleSource source(*mQueue, start);
-    source.onResult = onResult;
-    complete(source);
-    QTEST(int(source.got.size()), "results");
-}
-
-void TestWebDBInterface::sameURLIsFetchedOnce()
-{
-    SampleSource source(*mQueue, [this](auto &self) {
-        self.fetch(mServer->url(u"/a"_s));
-        self.fetch(mServer->url(u"/a"_s));
-    });
-    complete(source);
-    QCOMPARE(source.totalSearches(), 1);
-    QCOMPARE(mServer->paths(), QStringList{u"/a"_s});
-    QVERIFY(source.description().endsWith(
-        u" artist='(null)' song='(null)' album='(null)' gathered=0>"_s));
-}
-
-void TestWebDBInterface::numberOfFetchesAtATime_data()
-{
-    QTest::addColumn<QVariantMap>("definition");
-    QTest::addColumn<int>("atATime");
-    QTest::newRow("eight where the definition says nothing") << QVariantMap() << 8;
-    QTest::newRow("zero means eight") << QVariantMap{{u"simulConns"_s, u"0"_s}} << 8;
-    QTest::newRow("two") << QVariantMap{{u"simulConns"_s, 2}} << 2;
-}
-
-void TestWebDBInterface::numberOfFetchesAtATime()
-{
-    QFETCH(QVariantMap, definition);
-    QFETCH(int, atATime);
-    mQueue->setSimultaneousConnections(100);
-    SampleSource source(
-        *mQueue,
-        [this](auto &self) {
-            for (const char16_t name : u"abcdefghij")
-                self.fetch(mServer->url(u'/' + QString(QChar(name))));
-        },
-        definition);
-    mServer->hold();
-    source.beginSearch();
-    QTRY_COMPARE(mServer->requests().size(), atATime);
-    QCOMPARE(mQueue->currentNumberOfConnections(), atATime);
-    mServer->release();
-    QSignalSpy complete(&source, &WebDBInterface::searchComplete);
-    QVERIFY(complete.wait());
-    QCOMPARE(source.got.size(), source.totalSearches());
-}
-
-void TestWebDBInterface::frontOvertakesWhatWaits()
-{
-    SampleSource source(*mQueue,
-                        [this](auto &self) {
-                            self.fetch(mServer->url(u"/a"_s));
-                            self.fetch(mServer->url(u"/b"_s));
-                            self.fetch(mServer->url(u"/c"_s), QueueEnd::Front);
-                        },
-                        {{u"simulConns"_s, 1}});
-    complete(source);
-    QCOMPARE(mServer->paths(), (QStringList{u"/a"_s, u"/c"_s, u"/b"_s}));
-}
-
-void TestWebDBInterface::barMeasuresFromTheSixthSearchOn()
-{
-    Progress bar;
-    bar.setIndeterminate(true);
-    SampleSource source(*mQueue, [this, &bar](auto &self) {
-        for (const char16_t name : std::u16string_view(u"abcd"))
-            self.fetch(mServer->url(u'/' + QString(QChar(name))));
-        self.addPlaceholderSearch(QUrl(u"wait:"_s));
-        QVERIFY(bar.isIndeterminate());
-        QCOMPARE(bar.maximum(), 5);
-        self.fetch(mServer->url(u"/e"_s));
-        QVERIFY(!bar.isIndeterminate());
-        self.finishedSearch(QUrl(u"wait:"_s));
-    });
-    source.setProgessIndicator(&bar);
-    complete(source);
-    QCOMPARE(bar.maximum(), 6);
-    QCOMPARE(bar.value(), 6);
-}
-
-void TestWebDBInterface::cancelStartsNothingNewAndCallsNoMethod()
-{
-    const auto fetchBoth = [this](auto &self) {
-        self.fetch(mServer->url(u"/a"_s));
-        self.fetch(mServer->url(u"/b"_s));
-    };
-    SampleSource cancelled(*mQueue, fetchBoth, {{u"simulConns"_s, 1}});
-    SampleSource other(*mQueue, [this](auto &self) { self.fetch(mServer->url(u"/a"_s)); });
-    QSignalSpy complete(&cancelled, &WebDBInterface::searchComplete);
-    QSignalSpy otherComplete(&other, &WebDBInterface::searchComplete);
-    mServer->hold();
-    cancelled.beginSearch();
-    other.beginSearch();
-    QTRY_COMPARE(mServer->requests().size(), 1);
-    cancelled.cancelSearch();
-    QCOMPARE(complete.size(), 0);
-    QTRY_COMPARE(complete.size(), 1);
-    QVERIFY(cancelled.wasCancelled());
-    mServer->release();
-    QVERIFY(otherComplete.wait());
-    QVERIFY(cancelled.got.isEmpty());
-    QCOMPARE(other.got.value(0).data, "page");
-    QCOMPARE(mServer->paths(), QStringList{u"/a"_s});
-}
-
-void TestWebDBInterface::shortPagesAreForgotten_data()
-{
-    QTest::addColumn<int>("length");
-    QTest::addColumn<bool>("isUsable");
-    QTest::newRow("99 bytes") << 99 << false;
-    QTest::newRow("100 bytes") << 100 << true;
-}
-
-void TestWebDBInterface::shortPagesAreForgotten()
-{
-    QFETCH(int, length);
-    QFETCH(bool, isUsable);
-    mServer->serve(u"/page"_s, {.body = QByteArray(length, '\xE9')});
-    for (int search = 0; search < 2; ++search) {
-        SampleSource source(*mQueue, [this](auto &self) { self.fetch(mServer->url(u"/page"_s)); });
-        complete(source);
-        const std::optional<QString> page = source.usablePage(source.got.value(0));
-        QCOMPARE(page.has_value(), isUsable);
-        QCOMPARE(page.value_or(QString()), isUsable ? QString(length, u'é') : QString());
-    }
-    QCOMPARE(mServer->requests().size(), isUsable ? 1 : 2); // the second from the cache
-}
-
-void TestWebDBInterface::paceIsKeptAtTheHostsOfTheDefinition()
-{
-    const QVariantMap definition{{u"minInterval"_s, 1000},
-                                 {u"queryPOST"_s, mServer->url(u"/"_s).toString()}};
-    SampleSource source(
-        *mQueue,
-        [this](auto &self) {
-            self.fetch(mServer->url(u"/a"_s));
-            self.fetch(mServer->url(u"/b"_s));
-        },
-        definition);
-    source.beginSearch();
-    QTRY_COMPARE(source.got.size(), 1);
-    spinEvents();
-    QCOMPARE(mServer->paths(), QStringList{u"/a"_s});
-}
-
-void TestWebDBInterface::albumsCarryTheSourceAndEndAtTheMaximum()
-{
-    SampleSource source(*mQueue, [](auto &) {});
-    source.setMaxAlbums(2);
-    for (const auto &name : {u"One"_s, u"Two"_s, u"Three"_s})
-        source.addAlbum(AlbumInfo({}, name));
-    QCOMPARE(source.albums().size(), 2);
-    QCOMPARE(source.albums()[1].name(), u"Two"_s);
-    QCOMPARE(source.albums()[1].sourceInterfaceName(), u"SampleSource"_s);
-}
-
-void TestWebDBInterface::catalogNamesWhatIsPossible()
-{
-    const SourceCatalog catalog({{u"A"_s, AssetLyrics, {}}, {u"B"_s, AssetTrack, {}}});
-    QVERIFY(!catalog.find(u"C"_s));
-    QCOMPARE(catalog.find(u"B"_s)->className, u"B"_s);
-    QCOMPARE(catalog.assetsPossibleFromSources({}).toInt(), 73U);
-    QCOMPARE(catalog.assetsPossibleFromSources({u"A"_s, u"C"_s}).toInt(), 73U + 256U);
 }
 
 QTEST_GUILESS_MAIN(TestWebDBInterface)
