@@ -127,6 +127,10 @@
         <source>%1 (%2 remaining)</source>
         <translation>%1 (%2 remaining)</translation>
     </message>
+    <message id="newVersionMessage">
+        <source>Tagwright &lt;version&gt; is there.</source>
+        <translation>Tagwright &lt;version&gt; is there.</translation>
+    </message>
     <message id="ReasonFileBusy">
         <source>Another write to the file is under way</source>
         <translation>Another write to the file is under way</translation>

@@ -119,7 +119,7 @@ QString WorkList::statusLine() const
     const AudioInfoTag *tag = mCurrentInfoTask ? mCurrentInfoTask->song()->infotag() : nullptr;
     if (!tag)
         return {};
-    const QString text = QStringLiteral("%1 - %2").arg(artistOf(*tag), titleOf(*tag));
+    QString text = QStringLiteral("%1 - %2").arg(artistOf(*tag), titleOf(*tag));
     if (mSongWorkList.empty())
         return text;
     return qtTrId("NumberRemaining").arg(text, QString::number(songsRemaining()));
@@ -159,7 +159,7 @@ std::optional<QString> WorkList::reasonNotToGather(SongFile &song)
 {
     song.refresh();
     song.ensureInfotagIsReal();
-    if (const auto reason = song.reasonNotToWrite())
+    if (auto reason = song.reasonNotToWrite())
         return reason;
     if (!song.infotag())
         return song.reasonOfNoTag();

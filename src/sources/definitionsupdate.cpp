@@ -83,7 +83,14 @@ void DefinitionsUpdate::gotNewResources(const FetchResult &result, const QString
     else if (result.cameInTheClear && !isLoopback(result.url.host()))
         qCWarning(logSources, "newer definitions were redirected away from https and are refused");
     else if (mStore.mergeAndStore(result.data))
-        Q_EMIT merged();
+        tellOfMerged();
+}
+
+void DefinitionsUpdate::tellOfMerged()
+{
+    Q_EMIT merged();
+    if (const auto release = announcedRelease(mStore.liveResources()))
+        Q_EMIT releaseAnnounced(*release);
 }
 
 void DefinitionsUpdate::fetchFailed(const QString &address)

@@ -2,6 +2,7 @@
 
 #include "base/clock.h"
 #include "gathering/httpqueue.h"
+#include "sources/releaseannouncement.h"
 #include "sources/sitedefinitionstore.h"
 
 #include <QObject>
@@ -24,11 +25,14 @@ public:
 Q_SIGNALS:
     /// Newer definitions are in use from now on.
     void merged();
+    /// They tell of a newer release.
+    void releaseAnnounced(const ReleaseAnnouncement &release);
 
 private:
     [[nodiscard]] bool wasCheckedWithinADay() const;
     void fetch(const QString &address);
     void gotNewResources(const FetchResult &result, const QString &address);
+    void tellOfMerged();
     void fetchFailed(const QString &address);
 
     SiteDefinitionStore &mStore;

@@ -12,12 +12,15 @@ namespace {
 /// part of a record.
 constexpr qsizetype longestRecord = 1 << 20; // bytes
 
+/// What a site says ends up in the user's files: more of one line is no title of anything.
+constexpr qsizetype longestLine = 4096;
+
 /// The rest of the line from `at` on, without the line end.
 QString restOfLine(const QString &text, qsizetype at)
 {
     const auto isLineEnd = [](QChar c) { return c == u'\r' || c == u'\n'; };
     const auto end = std::find_if(text.begin() + at, text.end(), isLineEnd);
-    return text.mid(at, end - text.begin() - at);
+    return text.mid(at, std::min(end - text.begin() - at, longestLine));
 }
 
 /// The value behind the first `key`; nothing when it does not begin with a character of

@@ -98,13 +98,12 @@ SiteDefinitionStore::Loaded SiteDefinitionStore::loadFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return {{}, path + QStringLiteral(": ") + file.errorString()};
+        return {{}, file.errorString()};
     Loaded loaded = parsedSet(file.read(maxSize + 1));
-    if (loaded.error.isEmpty())
-        loaded.error = problemOfDefinitions(loaded.definitions.values()).value_or(QString());
-    if (loaded.error.isEmpty())
+    if (!loaded.error.isEmpty())
         return loaded;
-    return {{}, path + QStringLiteral(": ") + loaded.error};
+    const auto problem = problemOfDefinitions(loaded.definitions.values());
+    return problem ? Loaded{{}, *problem} : loaded;
 }
 
 void SiteDefinitionStore::useDefinitions(SiteDefinitions definitions)

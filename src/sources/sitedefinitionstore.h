@@ -27,7 +27,7 @@ public:
 
     struct Loaded {
         SiteDefinitions definitions;
-        QString error; ///< one line that names the file or key; empty when it went well
+        QString error; ///< one line that names the key, if one is at fault; empty: it went well
     };
     /// The definitions in a property-list file, checked.
     [[nodiscard]] static Loaded loadFile(const QString &path);

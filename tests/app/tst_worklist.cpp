@@ -1,14 +1,15 @@
 #include "app/worklist.h"
+
 #include "base/texts.h"
 #include "gathering/librarylending.h"
 #include "itunes/itunesinterface.h"
 #include "support/httpserver.h"
 #include "support/songs.h"
+#include "support/table.h"
 #include "support/tempfiles.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -65,7 +66,6 @@ GatheringOptions wanting(Assets assets)
 }
 
 const GatheringOptions albumAndYear = wanting(AssetAlbumName | AssetYear);
-
 } // namespace
 
 class TestWorkList : public QObject {
@@ -73,21 +73,217 @@ class TestWorkList : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { installTexts(); }
-    void init();
-    void overwritableArtwork_data();
-    void overwritableArtwork();
-    void changedSongIsWritten();
-    void songThatNothingCanBeFoundForIsSkipped();
-    void songThatCannotBeGatheredFails_data();
-    void songThatCannotBeGatheredFails();
-    void nothingReadyEndsAtOnce();
-    void failedWriteDoesNotEndTheRun();
-    void dryRunWritesAndLendsNothing_data();
-    void dryRunWritesAndLendsNothing();
-    void movedSongIsFollowed();
-    void songsAreAddedToTheRun();
-    void cancelLeavesTheSongInHandAsItIs();
-    void taskThatDoesNotEndIsGivenUpOn();
+    void init()
+    {
+        mWorkList.reset();
+        mFolder = std::make_unique<QTemporaryDir>();
+        mServer = std::make_unique<HttpServer>();
+        mServer->serve(u"/Neon%20Rain"_s, {.body = "Paper Moons;1987"});
+        mQueue = std::make_unique<HVHTTPQueue>(QString());
+        setUp({});
+        mLog.disconnect();
+        connect(&mLog, &UserLog::lineAdded, this, [this](const QString &line) { mLines << line; });
+    }
+
+    void overwritableArtwork_data()
+    {
+        const Table<double, int, bool> row("threshold", "existingWidth", "mayOverwrite");
+        row("narrower", 300.0, 200, true);
+        row("wider", 300.0, 500, false);
+        row("exactly as wide", 300.0, 300, false);
+        row("no artwork", 300.0, 0, true);
+        row("no limit", preferences::noLimit, 30000, true);
+    }
+    void overwritableArtwork()
+    {
+        QFETCH(double, threshold);
+        QFETCH(int, existingWidth);
+        GatheringOptions options;
+        options.overwriteImageThreshold = threshold;
+        QCOMPARE(overwritableAssets(options, existingWidth), Assets());
+        options.overwrite = AssetArtwork | AssetYear;
+        const Assets allowed = overwritableAssets(options, existingWidth);
+        QVERIFY(allowed.testFlag(AssetYear));
+        QTEST(allowed.testFlag(AssetArtwork), "mayOverwrite");
+    }
+
+    void changedSongIsWritten()
+    {
+        const auto neonRain = song(u"Neon Rain"_s);
+        connect(mWorkList.get(), &WorkList::songStarted, this, [&] {
+            QCOMPARE(neonRain->activityStatus(), SongStatus::Processing);
+            QCOMPARE(mWorkList->statusLine(), u"The Lanterns - Neon Rain (1 remaining)"_s);
+        });
+        const auto complete = song(u"Complete"_s);
+        complete->setActivityStatus(SongStatus::Locked);
+        run({neonRain, complete}, wanting(AssetAlbumName | AssetYear | AssetLyrics));
+        const SongOutcome &outcome = mOutcomes.first();
+        QCOMPARE(outcome.song, neonRain);
+        QCOMPARE(outcome.changed, AssetAlbumName | AssetYear);
+        QCOMPARE(outcome.missing, Assets(AssetLyrics));
+        QCOMPARE(outcome.sources.value(AssetYear), u"TestInterface"_s);
+        QVERIFY(outcome.written && !outcome.failed && !outcome.error);
+        QCOMPARE(neonRain->activityStatus(), SongStatus::Ready);
+        QVERIFY(!neonRain->hasInfotagCached());
+        QCOMPARE(neonRain->infotag()->album(), u"Paper Moons"_s);
+        QCOMPARE(mWorkList->songsProcessed(), 2);
+        QCOMPARE(mWorkList->songsModified(), 1);
+        QCOMPARE(mLines.first(), u"Set Album, Year of “Neon Rain”"_s);
+        QCOMPARE(mLines.last(), u"Finished: 2 songs processed, 1 modified"_s);
+        QCOMPARE(mEnds, {false});
+    }
+
+    void songThatNothingCanBeFoundForIsSkipped()
+    {
+        run({song(u"Neon Rain"_s)}, wanting(AssetLyrics));
+        QCOMPARE(mOutcomes.size(), 1);
+        QCOMPARE(mOutcomes.first().missing, Assets(AssetLyrics));
+        QVERIFY(!mOutcomes.first().changed && !mOutcomes.first().failed);
+        QVERIFY(mServer->requests().isEmpty());
+        QCOMPARE(mLines.size(), 1); // that it finished
+    }
+
+    void songThatCannotBeGatheredFails_data()
+    {
+        const Table<QString, QByteArray, SongStatus> row("what", "error", "status");
+        row("locked", u"lock"_s, "ErrorSongLocked", SongStatus::Locked);
+        row("vanished", u"remove"_s, "ErrorSongVanished", SongStatus::Problem);
+        row("damaged", u"damage"_s, "ErrorSongHasProblem", SongStatus::Problem);
+        row("no song", u"empty"_s, "ErrorNoSong", SongStatus::Ready);
+    }
+    void songThatCannotBeGatheredFails()
+    {
+        QFETCH(QString, what);
+        QFETCH(QByteArray, error);
+        auto bad = song(u"bad"_s);
+        const auto good = song(u"Neon Rain"_s);
+        const QString file = bad->path();
+        if (what == u"damage") { // a frame that is longer than its tag
+            QByteArray bytes = fileContents(file);
+            writeFile(file, bytes.replace(14, 4, QByteArray::fromHex("00ffffff")));
+        } else if (what == u"empty") {
+            bad->setPath(path(u"bad.txt"_s));
+            writeFile(bad->path(), QByteArray(5000, 'a'));
+        } else if (what == u"lock") {
+            QVERIFY(QFile::setPermissions(mFolder->path(), QFile::Permissions(0x7777)));
+            QVERIFY(QFile::setPermissions(file, QFile::ReadOwner | QFile::ReadOther));
+            bad = withoutRights([&] { return SongFile::songWithPath(file); });
+        } else {
+            QVERIFY(QFile::remove(file));
+        }
+        run({bad, good});
+        QCOMPARE(mOutcomes.size(), 2);
+        QVERIFY(mOutcomes[0].failed && !mOutcomes[0].written && !mOutcomes[0].changed);
+        QCOMPARE(mOutcomes[0].error, qtTrId(error.constData()));
+        QTEST(bad->activityStatus(), "status");
+        QVERIFY(mOutcomes[1].written);
+        QCOMPARE(mServer->paths(), {u"/Neon%20Rain"_s});
+    }
+
+    void nothingReadyEndsAtOnce()
+    {
+        const auto pending = song(u"Neon Rain"_s);
+        pending->setActivityStatus(SongStatus::Pending);
+        run({pending});
+        QVERIFY(mOutcomes.isEmpty());
+        QCOMPARE(mLines, {u"Finished: 0 songs processed, 0 modified"_s});
+        mWorkList->stopGathering(); // without a run
+        QCOMPARE(mEnds, {false});
+    }
+
+    void failedWriteDoesNotEndTheRun()
+    {
+        mServer->serve(u"/Low%20Water"_s, {.body = "Harbour Lights;2007"});
+        const auto lost = song(u"Neon Rain"_s);
+        const auto next = song(u"Low Water"_s);
+        connect(mWorkList.get(), &WorkList::songStarted, this,
+                [&] { QFile::remove(path(u"Neon Rain.mp3"_s)); });
+        run({lost, next});
+        QVERIFY(mOutcomes.at(0).failed && !mOutcomes[0].written && mOutcomes[0].error);
+        QCOMPARE(lost->activityStatus(), SongStatus::Problem);
+        QVERIFY(mLines.at(1).startsWith(u"“Neon Rain” by The Lanterns cannot be changed: "_s));
+        QVERIFY(mOutcomes.at(1).written);
+    }
+
+    void dryRunWritesAndLendsNothing_data()
+    {
+        const Table<bool> row("isDry");
+        row("dry: what is only in memory is lent to nobody", true);
+        row("not dry: what was written is lent", false);
+    }
+    void dryRunWritesAndLendsNothing()
+    {
+        QFETCH(bool, isDry);
+        const auto found = song(u"Neon Rain"_s);
+        const auto borrower = song(u"Second Floor Window"_s, u"Paper Moons"_s);
+        const QByteArray before = fileContents(found->path());
+        setUp({found, borrower});
+        run({found, borrower}, albumAndYear, isDry ? WriteSongs::No : WriteSongs::Yes);
+        QCOMPARE(mOutcomes.at(0).changed, AssetAlbumName | AssetYear);
+        QCOMPARE(mOutcomes[0].written, !isDry);
+        QCOMPARE(fileContents(found->path()) == before, isDry);
+        QCOMPARE(mWorkList->songsModified(), isDry ? 1 : 2);
+        QCOMPARE(mOutcomes.at(1).sources.value(AssetYear), isDry ? QString() : u"library"_s);
+        QCOMPARE(found->infotag()->album().has_value(), !isDry);
+    }
+
+    void movedSongIsFollowed()
+    {
+        const auto moved = song(u"Neon Rain"_s);
+        mWorkList->beginGathering({moved}, albumAndYear, {.dialect = ID3Dialect::standard()});
+        QVERIFY(QFile::rename(moved->path(), path(u"elsewhere.mp3"_s)));
+        waitForEnd();
+        QVERIFY(mOutcomes.at(0).written);
+        QCOMPARE(moved->path(), path(u"elsewhere.mp3"_s));
+    }
+
+    void songsAreAddedToTheRun()
+    {
+        const auto first = song(u"First"_s);
+        const auto second = song(u"Second"_s);
+        const auto third = song(u"Neon Rain"_s);
+        connect(mWorkList.get(), &WorkList::songStarted, this, [&](const auto &started) {
+            if (started == first) // with songs that are in the run already
+                mWorkList->beginGathering({first, second, third}, albumAndYear,
+                                          {.dialect = ID3Dialect::standard()}, WriteSongs::Yes);
+        });
+        run({first, second}, albumAndYear, WriteSongs::No);
+        QCOMPARE(mOutcomes.size(), 3);
+        QCOMPARE(mOutcomes[2].song, third);
+        QVERIFY(!mOutcomes[2].written); // the run stays a dry one
+        QCOMPARE(mLines.last(), u"Finished: 3 songs processed, 1 modified"_s);
+    }
+
+    void cancelLeavesTheSongInHandAsItIs()
+    {
+        const auto inHand = song(u"Neon Rain"_s);
+        const auto waiting = song(u"Low Water"_s);
+        const QByteArray before = fileContents(inHand->path());
+        mServer->hold();
+        connect(mWorkList.get(), &WorkList::songStarted, mWorkList.get(), &WorkList::stopGathering);
+        run({inHand, waiting});
+        QCOMPARE(mEnds, {true});
+        QVERIFY(mOutcomes.isEmpty());
+        QCOMPARE(fileContents(inHand->path()), before);
+        QCOMPARE(inHand->activityStatus(), SongStatus::Ready);
+        QCOMPARE(waiting->activityStatus(), SongStatus::Ready);
+        QCOMPARE(mLines, {u"Gathering was cancelled"_s});
+    }
+
+    void taskThatDoesNotEndIsGivenUpOn()
+    {
+        const QVariantMap hanging{{u"hangs"_s, true}};
+        mContext->definitions = SiteDefinitions(QVariantMap{
+            {u"sourcelist"_s, QStringList{u"TestInterface"_s}}, {u"res_TestInterface"_s, hanging}});
+        mWorkList->setCancelTimeout(std::chrono::milliseconds(50));
+        connect(mWorkList.get(), &WorkList::songStarted, mWorkList.get(), &WorkList::stopGathering);
+        QTest::ignoreMessage(QtWarningMsg, "Gave up [mCurrentInfoTask cancel]!");
+        const auto inHand = song(u"Neon Rain"_s);
+        run({inHand, song(u"Low Water"_s)});
+        QCOMPARE(mEnds, {true});
+        QVERIFY(mOutcomes.isEmpty());
+        QCOMPARE(inHand->activityStatus(), SongStatus::Ready);
+    }
 
 private:
     [[nodiscard]] std::shared_ptr<SongFile> song(const QString &title, const QString &album = {});
@@ -95,7 +291,13 @@ private:
     void setUp(const SongList &library);
     void run(const SongList &songs, const GatheringOptions &options = albumAndYear,
              WriteSongs write = WriteSongs::Yes);
-    void waitForEnd();
+    void waitForEnd()
+    {
+        QTRY_COMPARE_WITH_TIMEOUT(mEnds.size(), 1, 60000);
+        QVERIFY(!mWorkList->isRunning());
+        QCOMPARE(mWorkList->songsRemaining(), 0);
+        QVERIFY(mWorkList->statusLine().isEmpty());
+    }
 
     std::unique_ptr<QTemporaryDir> mFolder;
     std::unique_ptr<HttpServer> mServer;
@@ -110,18 +312,6 @@ private:
     QStringList mLines;
     QList<bool> mEnds; ///< of runs: whether they were cancelled
 };
-
-void TestWorkList::init()
-{
-    mWorkList.reset();
-    mFolder = std::make_unique<QTemporaryDir>();
-    mServer = std::make_unique<HttpServer>();
-    mServer->serve(u"/Neon%20Rain"_s, {.body = "Paper Moons;1987"});
-    mQueue = std::make_unique<HVHTTPQueue>(QString());
-    setUp({});
-    mLog.disconnect();
-    connect(&mLog, &UserLog::lineAdded, this, [this](const QString &line) { mLines << line; });
-}
 
 std::shared_ptr<SongFile> TestWorkList::song(const QString &title, const QString &album)
 {
@@ -150,223 +340,6 @@ void TestWorkList::run(const SongList &songs, const GatheringOptions &options, W
     mWorkList->beginGathering(songs, options, {.dialect = ID3Dialect::standard()}, write);
     QVERIFY(mOutcomes.isEmpty());
     waitForEnd();
-}
-
-void TestWorkList::waitForEnd()
-{
-    QTRY_COMPARE_WITH_TIMEOUT(mEnds.size(), 1, 60000);
-    QVERIFY(!mWorkList->isRunning());
-    QCOMPARE(mWorkList->songsRemaining(), 0);
-    QVERIFY(mWorkList->statusLine().isEmpty());
-}
-
-void TestWorkList::overwritableArtwork_data()
-{
-    QTest::addColumn<double>("threshold");
-    QTest::addColumn<int>("existingWidth");
-    QTest::addColumn<bool>("mayOverwrite");
-    QTest::newRow("narrower") << 300.0 << 200 << true;
-    QTest::newRow("wider") << 300.0 << 500 << false;
-    QTest::newRow("exactly as wide") << 300.0 << 300 << false;
-    QTest::newRow("no artwork") << 300.0 << 0 << true;
-    QTest::newRow("no limit") << preferences::noLimit << 30000 << true;
-}
-
-void TestWorkList::overwritableArtwork()
-{
-    QFETCH(double, threshold);
-    QFETCH(int, existingWidth);
-    GatheringOptions options;
-    options.overwriteImageThreshold = threshold;
-    QCOMPARE(overwritableAssets(options, existingWidth), Assets());
-    options.overwrite = AssetArtwork | AssetYear;
-    const Assets allowed = overwritableAssets(options, existingWidth);
-    QVERIFY(allowed.testFlag(AssetYear));
-    QTEST(allowed.testFlag(AssetArtwork), "mayOverwrite");
-}
-
-void TestWorkList::changedSongIsWritten()
-{
-    const auto neonRain = song(u"Neon Rain"_s);
-    connect(mWorkList.get(), &WorkList::songStarted, this, [&] {
-        QCOMPARE(neonRain->activityStatus(), SongStatus::Processing);
-        QCOMPARE(mWorkList->statusLine(), u"The Lanterns - Neon Rain (1 remaining)"_s);
-    });
-    const auto complete = song(u"Complete"_s);
-    complete->setActivityStatus(SongStatus::Locked);
-    run({neonRain, complete}, wanting(AssetAlbumName | AssetYear | AssetLyrics));
-    const SongOutcome &outcome = mOutcomes.first();
-    QCOMPARE(outcome.song, neonRain);
-    QCOMPARE(outcome.changed, AssetAlbumName | AssetYear);
-    QCOMPARE(outcome.missing, Assets(AssetLyrics));
-    QCOMPARE(outcome.sources.value(AssetYear), u"TestInterface"_s);
-    QVERIFY(outcome.written && !outcome.failed && !outcome.error);
-    QCOMPARE(neonRain->activityStatus(), SongStatus::Ready);
-    QVERIFY(!neonRain->hasInfotagCached());
-    QCOMPARE(neonRain->infotag()->album(), u"Paper Moons"_s);
-    QCOMPARE(mWorkList->songsProcessed(), 2);
-    QCOMPARE(mWorkList->songsModified(), 1);
-    QCOMPARE(mLines.first(), u"Set Album, Year of “Neon Rain”"_s);
-    QCOMPARE(mLines.last(), u"Finished: 2 songs processed, 1 modified"_s);
-    QCOMPARE(mEnds, {false});
-}
-
-void TestWorkList::songThatNothingCanBeFoundForIsSkipped()
-{
-    run({song(u"Neon Rain"_s)}, wanting(AssetLyrics));
-    QCOMPARE(mOutcomes.size(), 1);
-    QCOMPARE(mOutcomes.first().missing, Assets(AssetLyrics));
-    QVERIFY(!mOutcomes.first().changed && !mOutcomes.first().failed);
-    QVERIFY(mServer->requests().isEmpty());
-    QCOMPARE(mLines.size(), 1); // that it finished
-}
-
-void TestWorkList::songThatCannotBeGatheredFails_data()
-{
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<QByteArray>("error");
-    QTest::addColumn<SongStatus>("status");
-    QTest::newRow("locked") << u"lock"_s << QByteArray("ErrorSongLocked") << SongStatus::Locked;
-    QTest::newRow("vanished") << u"remove"_s << QByteArray("ErrorSongVanished")
-                              << SongStatus::Problem;
-    QTest::newRow("damaged") << u"damage"_s << QByteArray("ErrorSongHasProblem")
-                             << SongStatus::Problem;
-    QTest::newRow("no song") << u"empty"_s << QByteArray("ErrorNoSong") << SongStatus::Ready;
-}
-
-void TestWorkList::songThatCannotBeGatheredFails()
-{
-    QFETCH(QString, what);
-    QFETCH(QByteArray, error);
-    auto bad = song(u"bad"_s);
-    const auto good = song(u"Neon Rain"_s);
-    const QString file = bad->path();
-    if (what == u"damage") { // a frame that is longer than its tag
-        QByteArray bytes = fileContents(file);
-        writeFile(file, bytes.replace(14, 4, QByteArray::fromHex("00ffffff")));
-    } else if (what == u"empty") {
-        bad->setPath(path(u"bad.txt"_s));
-        writeFile(bad->path(), QByteArray(5000, 'a'));
-    } else if (what == u"lock") {
-        QVERIFY(QFile::setPermissions(mFolder->path(), QFile::Permissions(0x7777)));
-        QVERIFY(QFile::setPermissions(file, QFile::ReadOwner | QFile::ReadOther));
-        bad = withoutRights([&] { return SongFile::songWithPath(file); });
-    } else {
-        QVERIFY(QFile::remove(file));
-    }
-    run({bad, good});
-    QCOMPARE(mOutcomes.size(), 2);
-    QVERIFY(mOutcomes[0].failed && !mOutcomes[0].written && !mOutcomes[0].changed);
-    QCOMPARE(mOutcomes[0].error, qtTrId(error.constData()));
-    QTEST(bad->activityStatus(), "status");
-    QVERIFY(mOutcomes[1].written);
-    QCOMPARE(mServer->paths(), {u"/Neon%20Rain"_s});
-}
-
-void TestWorkList::nothingReadyEndsAtOnce()
-{
-    const auto pending = song(u"Neon Rain"_s);
-    pending->setActivityStatus(SongStatus::Pending);
-    run({pending});
-    QVERIFY(mOutcomes.isEmpty());
-    QCOMPARE(mLines, {u"Finished: 0 songs processed, 0 modified"_s});
-    mWorkList->stopGathering(); // without a run
-    QCOMPARE(mEnds, {false});
-}
-
-void TestWorkList::failedWriteDoesNotEndTheRun()
-{
-    mServer->serve(u"/Low%20Water"_s, {.body = "Harbour Lights;2007"});
-    const auto lost = song(u"Neon Rain"_s);
-    const auto next = song(u"Low Water"_s);
-    connect(mWorkList.get(), &WorkList::songStarted, this,
-            [&] { QFile::remove(path(u"Neon Rain.mp3"_s)); });
-    run({lost, next});
-    QVERIFY(mOutcomes.at(0).failed && !mOutcomes[0].written && mOutcomes[0].error);
-    QCOMPARE(lost->activityStatus(), SongStatus::Problem);
-    QVERIFY(mLines.at(1).startsWith(u"“Neon Rain” by The Lanterns cannot be changed: "_s));
-    QVERIFY(mOutcomes.at(1).written);
-}
-
-void TestWorkList::dryRunWritesAndLendsNothing_data()
-{
-    QTest::addColumn<bool>("isDry");
-    QTest::newRow("dry: what is only in memory is lent to nobody") << true;
-    QTest::newRow("not dry: what was written is lent") << false;
-}
-
-void TestWorkList::dryRunWritesAndLendsNothing()
-{
-    QFETCH(bool, isDry);
-    const auto found = song(u"Neon Rain"_s);
-    const auto borrower = song(u"Second Floor Window"_s, u"Paper Moons"_s);
-    const QByteArray before = fileContents(found->path());
-    setUp({found, borrower});
-    run({found, borrower}, albumAndYear, isDry ? WriteSongs::No : WriteSongs::Yes);
-    QCOMPARE(mOutcomes.at(0).changed, AssetAlbumName | AssetYear);
-    QCOMPARE(mOutcomes[0].written, !isDry);
-    QCOMPARE(fileContents(found->path()) == before, isDry);
-    QCOMPARE(mWorkList->songsModified(), isDry ? 1 : 2);
-    QCOMPARE(mOutcomes.at(1).sources.value(AssetYear), isDry ? QString() : u"library"_s);
-    QCOMPARE(found->infotag()->album().has_value(), !isDry);
-}
-
-void TestWorkList::movedSongIsFollowed()
-{
-    const auto moved = song(u"Neon Rain"_s);
-    mWorkList->beginGathering({moved}, albumAndYear, {.dialect = ID3Dialect::standard()});
-    QVERIFY(QFile::rename(moved->path(), path(u"elsewhere.mp3"_s)));
-    waitForEnd();
-    QVERIFY(mOutcomes.at(0).written);
-    QCOMPARE(moved->path(), path(u"elsewhere.mp3"_s));
-}
-
-void TestWorkList::songsAreAddedToTheRun()
-{
-    const auto first = song(u"First"_s);
-    const auto second = song(u"Second"_s);
-    const auto third = song(u"Neon Rain"_s);
-    connect(mWorkList.get(), &WorkList::songStarted, this, [&](const auto &started) {
-        if (started == first) // with songs that are in the run already
-            mWorkList->beginGathering({first, second, third}, albumAndYear,
-                                      {.dialect = ID3Dialect::standard()}, WriteSongs::Yes);
-    });
-    run({first, second}, albumAndYear, WriteSongs::No);
-    QCOMPARE(mOutcomes.size(), 3);
-    QCOMPARE(mOutcomes[2].song, third);
-    QVERIFY(!mOutcomes[2].written); // the run stays a dry one
-    QCOMPARE(mLines.last(), u"Finished: 3 songs processed, 1 modified"_s);
-}
-
-void TestWorkList::cancelLeavesTheSongInHandAsItIs()
-{
-    const auto inHand = song(u"Neon Rain"_s);
-    const auto waiting = song(u"Low Water"_s);
-    const QByteArray before = fileContents(inHand->path());
-    mServer->hold();
-    connect(mWorkList.get(), &WorkList::songStarted, mWorkList.get(), &WorkList::stopGathering);
-    run({inHand, waiting});
-    QCOMPARE(mEnds, {true});
-    QVERIFY(mOutcomes.isEmpty());
-    QCOMPARE(fileContents(inHand->path()), before);
-    QCOMPARE(inHand->activityStatus(), SongStatus::Ready);
-    QCOMPARE(waiting->activityStatus(), SongStatus::Ready);
-    QCOMPARE(mLines, {u"Gathering was cancelled"_s});
-}
-
-void TestWorkList::taskThatDoesNotEndIsGivenUpOn()
-{
-    const QVariantMap hanging{{u"hangs"_s, true}};
-    mContext->definitions = SiteDefinitions(QVariantMap{
-        {u"sourcelist"_s, QStringList{u"TestInterface"_s}}, {u"res_TestInterface"_s, hanging}});
-    mWorkList->setCancelTimeout(std::chrono::milliseconds(50));
-    connect(mWorkList.get(), &WorkList::songStarted, mWorkList.get(), &WorkList::stopGathering);
-    QTest::ignoreMessage(QtWarningMsg, "Gave up [mCurrentInfoTask cancel]!");
-    const auto inHand = song(u"Neon Rain"_s);
-    run({inHand, song(u"Low Water"_s)});
-    QCOMPARE(mEnds, {true});
-    QVERIFY(mOutcomes.isEmpty());
-    QCOMPARE(inHand->activityStatus(), SongStatus::Ready);
 }
 
 QTEST_GUILESS_MAIN(TestWorkList)

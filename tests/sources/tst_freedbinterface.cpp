@@ -3,9 +3,9 @@
 #include "base/propertylist.h"
 #include "base/resources.h"
 #include "support/httpserver.h"
+#include "support/table.h"
 
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -36,18 +36,125 @@ QByteArray page(int number, const QByteArray &rows, const char *rest = "")
 constexpr char more[] = R"(<input type="submit" name="iButton" value="&gt;&gt;">)";
 
 using Pages = QList<HttpAnswer>;
-
 } // namespace
 
 class TestFreeDBInterface : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void searches_data();
-    void searches();
-    void formHoldsWhatIsSearched_data();
-    void formHoldsWhatIsSearched();
-    void brokenRecordIsFetchedAfresh();
+    void searches_data()
+    {
+        QTest::addColumn<Song>("song");
+        QTest::addColumn<QVariantMap>("changes");
+        QTest::addColumn<Pages>("results");
+        QTest::addColumn<QStringList>("albums");
+        const auto add = [](const char *name, const Song &song, const Pages &results,
+                            const QStringList &albums, const QVariantMap &changes = {}) {
+            QTest::newRow(name) << song << changes << results << albums;
+        };
+        const QString salt = u"Salt & Iron"_s;
+        const QString harbour = u"Harbour"_s;
+        const QByteArray one = row("1", "Nila Oster / Salt &amp; Iron");
+        const QByteArray two = row("2", "Nila Oster / Harbour");
+        const QByteArray all = one + row("3", "Someone Else / Salt")
+            + row("4", "Nila Oster Trio / Trio") + row("5", "Oster Nila Duo / Duo")
+            + row("6", "Oster / Alone");
+        const Song substrings{.alternateArtist = u"Oster Nila"_s, .substrings = Substrings::Allow};
+
+        add("rows in page order", {}, {{.body = page(1, one + two)}}, {salt, harbour});
+        add("rows of other artists are left out", {}, {{.body = page(1, all)}}, {salt});
+        add("compilation keeps every row", {.isCompilation = true}, {{.body = page(1, all)}},
+            {salt, u"Salt"_s, u"Trio"_s, u"Duo"_s, u"Alone"_s});
+        add("album artist containing the alternate artist alone is dropped", substrings,
+            {{.body = page(1, all)}}, {salt, u"Trio"_s, u"Alone"_s});
+        add("equal to the alternate artist", {.artist = u"X"_s, .alternateArtist = u"Nila Oster"_s},
+            {{.body = page(1, one)}}, {salt});
+        add("no artist matches nothing", {.artist = {}}, {{.body = page(1, one)}}, {});
+        add("empty alternate artist matches nothing", {.alternateArtist = QString()},
+            {{.body = page(1, all)}}, {salt});
+        add("equal discs are fetched once", {}, {{.body = page(1, one + one)}}, {salt});
+        add("rows of two or four cells", {},
+            {{.body = page(1,
+                           "<tr><td>1</td><td>2</td></tr><tr><td>1</td><td>2</td>"
+                           "<td>Nila Oster / Harbour</td><td>4</td></tr>"
+                               + one)}},
+            {salt});
+        add("third cell in one or three parts", {},
+            {{.body =
+                  page(1, row("2", "Nila Oster: Harbour") + row("2", "Nila Oster / A / B") + one)}},
+            {salt});
+        add("second page", {}, {{.body = page(1, one, more)}, {.body = page(2, two, more)}},
+            {salt, harbour});
+        add("first page again instead of a second", {},
+            {{.body = page(1, one, more)}, {.body = page(1, two, more)}}, {salt});
+        add("no marker of a first page: every page is one", {},
+            {{.body = page(1, one, more)}, {.body = page(2, two)}}, {salt},
+            {{u"firstResultsFragment"_s, QString()}});
+        add("second page fails", {}, {{.body = page(1, one, more)}, {.status = 500}}, {salt});
+        add("broken records among the discs", {},
+            {{.body = page(1,
+                           row("garbage", "Nila Oster / A") + row("empty", "Nila Oster / B")
+                               + row("reset", "Nila Oster / C") + row("gone", "Nila Oster / D")
+                               + one)}},
+            {salt});
+        add("no list on the page", {}, {{.body = "<html>Sorry</html>"}}, {});
+        add("list without an end", {},
+            {{.body = "<h1>Search results, page 1</h1><table class=\"results\">" + one}}, {});
+        add("empty answer", {}, {{}}, {});
+        add("reset", {}, {{.then = HttpAnswer::Then::Reset}}, {});
+        add("garbage", {}, {{.body = QByteArray(5000, '\xFF')}}, {});
+        add("nowhere to search", {}, {{.body = page(1, one)}}, {}, {{u"queryPOST"_s, QString()}});
+        add("nowhere to read discs", {}, {{.body = page(1, one)}}, {},
+            {{u"discInfoURL"_s, QString()}});
+        add("no delimiter", {}, {{.body = page(1, one)}}, {},
+            {{u"albumResultDelimiter"_s, QString()}});
+        add("no parse recipe", {}, {{.body = page(1, one)}}, {},
+            {{u"parseAlbumList"_s, QVariantMap()}});
+    }
+    void searches()
+    {
+        QFETCH(Song, song);
+        QFETCH(QVariantMap, changes);
+        QFETCH(Pages, results);
+        serve(results);
+        QStringList names;
+        const AlbumList albums = search(song, changes);
+        for (const AlbumInfo &album : albums)
+            names << album.name().value_or(QString());
+        QTEST(names, "albums");
+    }
+
+    void formHoldsWhatIsSearched_data()
+    {
+        // rest: of the form, behind the button
+        const Table<Song, QByteArray> row("song", "rest");
+        row("album title", Song{}, "&ifFields=1&ifSearch=Salt+&+Iron");
+        row("song title where no album is known", Song{.album = {}},
+            "&ifFields=2&ifSearch=First+Light");
+        row("the button alone without an artist", Song{.artist = {}}, {});
+        row("the button alone without titles", Song{.album = {}, .title = {}}, {});
+    }
+    void formHoldsWhatIsSearched()
+    {
+        QFETCH(Song, song);
+        QFETCH(QByteArray, rest);
+        serve({{.body = page(1, row("1", "Nila Oster / Salt"), more)}, {.body = page(2, {})}});
+        search(song);
+        QList<QByteArray> forms;
+        for (const SeenRequest &request : mServer->requests())
+            if (request.method == "POST")
+                forms << request.body;
+        QCOMPARE(forms, (QList<QByteArray>{"iButton=Search" + rest, "iButton=%3E%3E" + rest}));
+    }
+
+    void brokenRecordIsFetchedAfresh()
+    {
+        serve({{.body = page(1, row("garbage", "Nila Oster / A") + row("1", "Nila Oster / B"))}});
+        search({});
+        search({});
+        QCOMPARE(mServer->paths().count(u"/disc?id=garbage"_s), 2);
+        QCOMPARE(mServer->paths().count(u"/disc?id=1"_s), 1); // the second from the cache
+    }
 
 private:
     void serve(const Pages &results);
@@ -105,120 +212,6 @@ AlbumList TestFreeDBInterface::search(const Song &song, const QVariantMap &chang
     if (!complete.wait(20'000) || complete.size() != 1)
         return {AlbumInfo({}, u"the search did not complete once"_s)};
     return source.albums();
-}
-
-void TestFreeDBInterface::searches_data()
-{
-    QTest::addColumn<Song>("song");
-    QTest::addColumn<QVariantMap>("changes");
-    QTest::addColumn<Pages>("results");
-    QTest::addColumn<QStringList>("albums");
-    const auto add = [](const char *name, const Song &song, const Pages &results,
-                        const QStringList &albums, const QVariantMap &changes = {}) {
-        QTest::newRow(name) << song << changes << results << albums;
-    };
-    const QString salt = u"Salt & Iron"_s;
-    const QString harbour = u"Harbour"_s;
-    const QByteArray one = row("1", "Nila Oster / Salt &amp; Iron");
-    const QByteArray two = row("2", "Nila Oster / Harbour");
-    const QByteArray all = one + row("3", "Someone Else / Salt")
-        + row("4", "Nila Oster Trio / Trio") + row("5", "Oster Nila Duo / Duo")
-        + row("6", "Oster / Alone");
-    const Song substrings{.alternateArtist = u"Oster Nila"_s, .substrings = Substrings::Allow};
-
-    add("rows in page order", {}, {{.body = page(1, one + two)}}, {salt, harbour});
-    add("rows of other artists are left out", {}, {{.body = page(1, all)}}, {salt});
-    add("compilation keeps every row", {.isCompilation = true}, {{.body = page(1, all)}},
-        {salt, u"Salt"_s, u"Trio"_s, u"Duo"_s, u"Alone"_s});
-    add("album artist containing the alternate artist alone is dropped", substrings,
-        {{.body = page(1, all)}}, {salt, u"Trio"_s, u"Alone"_s});
-    add("equal to the alternate artist", {.artist = u"X"_s, .alternateArtist = u"Nila Oster"_s},
-        {{.body = page(1, one)}}, {salt});
-    add("no artist matches nothing", {.artist = {}}, {{.body = page(1, one)}}, {});
-    add("empty alternate artist matches nothing", {.alternateArtist = QString()},
-        {{.body = page(1, all)}}, {salt});
-    add("equal discs are fetched once", {}, {{.body = page(1, one + one)}}, {salt});
-    add("rows of two or four cells", {},
-        {{.body = page(1,
-                       "<tr><td>1</td><td>2</td></tr><tr><td>1</td><td>2</td>"
-                       "<td>Nila Oster / Harbour</td><td>4</td></tr>"
-                           + one)}},
-        {salt});
-    add("third cell in one or three parts", {},
-        {{.body = page(1, row("2", "Nila Oster: Harbour") + row("2", "Nila Oster / A / B") + one)}},
-        {salt});
-    add("second page", {}, {{.body = page(1, one, more)}, {.body = page(2, two, more)}},
-        {salt, harbour});
-    add("first page again instead of a second", {},
-        {{.body = page(1, one, more)}, {.body = page(1, two, more)}}, {salt});
-    add("no marker of a first page: every page is one", {},
-        {{.body = page(1, one, more)}, {.body = page(2, two)}}, {salt},
-        {{u"firstResultsFragment"_s, QString()}});
-    add("second page fails", {}, {{.body = page(1, one, more)}, {.status = 500}}, {salt});
-    add("broken records among the discs", {},
-        {{.body =
-              page(1,
-                   row("garbage", "Nila Oster / A") + row("empty", "Nila Oster / B")
-                       + row("reset", "Nila Oster / C") + row("gone", "Nila Oster / D") + one)}},
-        {salt});
-    add("no list on the page", {}, {{.body = "<html>Sorry</html>"}}, {});
-    add("list without an end", {},
-        {{.body = "<h1>Search results, page 1</h1><table class=\"results\">" + one}}, {});
-    add("empty answer", {}, {{}}, {});
-    add("reset", {}, {{.then = HttpAnswer::Then::Reset}}, {});
-    add("garbage", {}, {{.body = QByteArray(5000, '\xFF')}}, {});
-    add("nowhere to search", {}, {{.body = page(1, one)}}, {}, {{u"queryPOST"_s, QString()}});
-    add("nowhere to read discs", {}, {{.body = page(1, one)}}, {}, {{u"discInfoURL"_s, QString()}});
-    add("no delimiter", {}, {{.body = page(1, one)}}, {}, {{u"albumResultDelimiter"_s, QString()}});
-    add("no parse recipe", {}, {{.body = page(1, one)}}, {},
-        {{u"parseAlbumList"_s, QVariantMap()}});
-}
-
-void TestFreeDBInterface::searches()
-{
-    QFETCH(Song, song);
-    QFETCH(QVariantMap, changes);
-    QFETCH(Pages, results);
-    serve(results);
-    QStringList names;
-    const AlbumList albums = search(song, changes);
-    for (const AlbumInfo &album : albums)
-        names << album.name().value_or(QString());
-    QTEST(names, "albums");
-}
-
-void TestFreeDBInterface::formHoldsWhatIsSearched_data()
-{
-    QTest::addColumn<Song>("song");
-    QTest::addColumn<QByteArray>("rest"); // of the form, behind the button
-    QTest::newRow("album title") << Song{} << QByteArray("&ifFields=1&ifSearch=Salt+&+Iron");
-    QTest::newRow("song title where no album is known")
-        << Song{.album = {}} << QByteArray("&ifFields=2&ifSearch=First+Light");
-    QTest::newRow("the button alone without an artist") << Song{.artist = {}} << QByteArray();
-    QTest::newRow("the button alone without titles")
-        << Song{.album = {}, .title = {}} << QByteArray();
-}
-
-void TestFreeDBInterface::formHoldsWhatIsSearched()
-{
-    QFETCH(Song, song);
-    QFETCH(QByteArray, rest);
-    serve({{.body = page(1, row("1", "Nila Oster / Salt"), more)}, {.body = page(2, {})}});
-    search(song);
-    QList<QByteArray> forms;
-    for (const SeenRequest &request : mServer->requests())
-        if (request.method == "POST")
-            forms << request.body;
-    QCOMPARE(forms, (QList<QByteArray>{"iButton=Search" + rest, "iButton=%3E%3E" + rest}));
-}
-
-void TestFreeDBInterface::brokenRecordIsFetchedAfresh()
-{
-    serve({{.body = page(1, row("garbage", "Nila Oster / A") + row("1", "Nila Oster / B"))}});
-    search({});
-    search({});
-    QCOMPARE(mServer->paths().count(u"/disc?id=garbage"_s), 2);
-    QCOMPARE(mServer->paths().count(u"/disc?id=1"_s), 1); // the second from the cache
 }
 
 QTEST_GUILESS_MAIN(TestFreeDBInterface)
