@@ -233,16 +233,16 @@ void Parser::addGatherChoices(CLI::App &gather)
 
 void Parser::addGatherArtwork(CLI::App &gather)
 {
-    const auto addWidth = [&gather](const char *name, std::optional<double> &into,
+    const auto addWidth = [&gather](const char *name, int least, std::optional<double> &into,
                                     const char *help) {
         gather
-            .add_option_function<double>(
-                name, [&into](double pixels) { into = pixels; }, help)
-            ->check(CLI::Range(0.0, 32767.0));
+            .add_option_function<int>(
+                name, [&into](int pixels) { into = pixels; }, help)
+            ->check(CLI::Range(least, 32767));
     };
-    addWidth("--min-art", mArguments.minArt, "Smallest accepted width of artwork, in pixels");
-    addWidth("--max-art", mArguments.maxArt, "Largest stored side of artwork, in pixels");
-    addWidth("--art-below", mArguments.artBelow, "Replace only artwork narrower than this");
+    addWidth("--min-art", 0, mArguments.minArt, "Smallest accepted width of artwork, in pixels");
+    addWidth("--max-art", 1, mArguments.maxArt, "Largest stored side of artwork, in pixels");
+    addWidth("--art-below", 0, mArguments.artBelow, "Replace only artwork narrower than this");
     addSwitch(
         gather, "--square-art", "--no-square-art", [this](bool on) { mArguments.squareArt = on; },
         "Refuse artwork that is far from square");

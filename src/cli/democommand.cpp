@@ -1,6 +1,7 @@
 #include "cli/democommand.h"
 
 #include "cli/gatherrun.h"
+#include "cli/interrupt.h"
 #include "cli/songopening.h"
 #include "demo/samplesites.h"
 #include "demo/samplesongs.h"
@@ -100,7 +101,8 @@ int runDemo(Report &report)
         [&](const FoundPath &found) { songs.push_back(openSong(found, reading).song); },
         [&report](const QString &path, const QString &reason) { report.error(path, reason); });
     const QList<Row> before = rowsOf(songs);
-    const auto summary = GatherRun(engine, songs)
+    const Interrupt interrupt;
+    const auto summary = GatherRun(engine, songs, interrupt)
                              .run(demoOptions(), {.dialect = ID3Dialect::standard()},
                                   WriteSongs::Yes, [](const SongOutcome &) {});
     report.text(table(before, rowsOf(songs)));

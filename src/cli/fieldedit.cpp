@@ -25,7 +25,7 @@ constexpr std::array textFields{
 };
 
 /// More than any cover needs; a larger file is taken for a mistake.
-constexpr qint64 maxArtworkBytes = 64 * 1024 * 1024;
+constexpr qint64 maxArtworkBytes = qint64(64) * 1024 * 1024;
 
 /// The picture in a file, with the MIME type that its bytes say.
 std::optional<ID3Image> pictureIn(const QString &path)

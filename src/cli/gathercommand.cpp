@@ -2,6 +2,7 @@
 
 #include "cli/chosenoptions.h"
 #include "cli/gatherrun.h"
+#include "cli/interrupt.h"
 #include "cli/outcomereport.h"
 #include "cli/songopening.h"
 
@@ -80,6 +81,7 @@ void tellSummary(const GatherRun::Summary &summary, Report &report)
 
 int runGather(const Arguments &arguments, Report &report)
 {
+    const Interrupt interrupt; // also while the songs are collected
     Engine engine;
     if (arguments.definitions) {
         auto loaded = SiteDefinitionStore::loadFile(*arguments.definitions);
@@ -94,7 +96,7 @@ int runGather(const Arguments &arguments, Report &report)
     const auto tell = [&report](const SongOutcome &outcome) { tellOutcome(outcome, report); };
     SongCollection collection(readOptionsOf(arguments, engine.prefs), tell, report);
     collection.collect(arguments.paths);
-    GatherRun run(engine, collection.songs);
+    GatherRun run(engine, collection.songs, interrupt);
     GatherRun::Summary summary = run.run(gatheringOptionsOf(arguments, engine.prefs),
                                          writeOptionsOf(arguments, engine.prefs),
                                          arguments.dryRun ? WriteSongs::No : WriteSongs::Yes, tell);

@@ -4,20 +4,19 @@
 
 #include <QEventLoop>
 
-GatherRun::GatherRun(Engine &engine, const SongList &songs)
+GatherRun::GatherRun(Engine &engine, const SongList &songs, const Interrupt &interrupt)
     : mSongs(songs)
     , mLibrary(songs)
     , mContext{engine.queue, engine.catalog, engine.definitions.liveResources(), mLibrary}
     , mWorkList(mContext, engine.itunes, engine.log)
 {
+    connect(&interrupt, &Interrupt::interrupted, &mWorkList, &WorkList::stopGathering);
 }
 
 GatherRun::Summary GatherRun::run(const GatheringOptions &options, const WriteOptions &writeOptions,
                                   WriteSongs write, const TellOutcome &tell)
 {
     QEventLoop loop;
-    Interrupt interrupt;
-    connect(&interrupt, &Interrupt::interrupted, &mWorkList, &WorkList::stopGathering);
     connect(&mWorkList, &WorkList::songStarted, this, [this] {
         mProgress.show(mWorkList.statusLine(), mSummary.processed, static_cast<int>(mSongs.size()));
     });

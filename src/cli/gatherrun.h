@@ -9,6 +9,8 @@
 
 #include <functional>
 
+class Interrupt;
+
 /// One run of the work list over songs, from the command line: with a progress line, ended by
 /// an interrupt of the user.
 class GatherRun : public QObject {
@@ -23,7 +25,8 @@ public:
     };
     using TellOutcome = std::function<void(const SongOutcome &)>;
 
-    GatherRun(Engine &engine, const SongList &songs);
+    /// Engine and interrupt must outlive the run.
+    GatherRun(Engine &engine, const SongList &songs, const Interrupt &interrupt);
 
     /// Runs an event loop until every song is done. `tell` is called for each, in order.
     Summary run(const GatheringOptions &options, const WriteOptions &writeOptions, WriteSongs write,

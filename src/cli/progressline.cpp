@@ -1,5 +1,7 @@
 #include "cli/progressline.h"
 
+#include "cli/terminaltext.h"
+
 #include <cstdio>
 
 #ifdef Q_OS_UNIX
@@ -52,7 +54,7 @@ QString progressText(const QString &song, int done, int total, qint64 millisecon
                     .arg(qRound(perSecond * 60))
                     .arg(timeLeft((total - done) / perSecond));
     }
-    return QStringLiteral("%1  %2").arg(text, song).left(columns);
+    return QStringLiteral("%1  %2").arg(text, terminalLine(song)).left(columns);
 }
 
 ProgressLine::ProgressLine()

@@ -22,6 +22,6 @@ private:
     QElapsedTimer mElapsed;
 };
 
-/// "  12/2000  0.6%  34 songs/min  58 min left  Artist - Title", cut to `columns` characters.
+/// "12/2000  34 songs/min  58 min left  Artist - Title", cut to `columns` characters.
 [[nodiscard]] QString progressText(const QString &song, int done, int total, qint64 milliseconds,
                                    int columns);

@@ -1,5 +1,7 @@
 #include "cli/report.h"
 
+#include "cli/terminaltext.h"
+
 #include <QJsonDocument>
 
 #include <cstdio>
@@ -41,7 +43,7 @@ void Report::object(const std::function<void(JsonWriter &)> &write)
 
 void Report::text(const QString &lines)
 {
-    print(lines.toUtf8() + '\n');
+    print(terminalText(lines).toUtf8() + '\n');
 }
 
 void Report::flush()
@@ -52,7 +54,8 @@ void Report::flush()
 void Report::error(const QString &path, const QString &reason)
 {
     mFailed = true;
-    std::fprintf(stderr, "%s: %s\n", path.toUtf8().constData(), reason.toUtf8().constData());
+    std::fprintf(stderr, "%s: %s\n", terminalLine(path).toUtf8().constData(),
+                 terminalLine(reason).toUtf8().constData());
 }
 
 int Report::finish()
