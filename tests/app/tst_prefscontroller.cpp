@@ -106,17 +106,6 @@ private Q_SLOTS:
         QVERIFY(prefs.id3Dialect() == ID3Dialect::classic());
     }
 
-    void writeOptionsFollowTheSettings()
-    {
-        PrefsController prefs;
-        preferences::writeSpecCorrectID3v24.set(prefs.settings(), false);
-        QCOMPARE(prefs.writeOptions().v24Sizes, FrameSizes::Plain);
-        preferences::writeSpecCorrectID3v24.set(prefs.settings(), true);
-        QCOMPARE(prefs.writeOptions().v24Sizes, FrameSizes::Accurate);
-        preferences::keepiTunesRefreshed.set(prefs.settings(), true);
-        QVERIFY(prefs.writeOptions().refreshLibrary);
-    }
-
     void useDefaultsForgetsSevenSettings()
     {
         const QStringList forgotten{u"minImageSize"_s,       u"maxImageSize"_s,

@@ -46,17 +46,6 @@ private Q_SLOTS:
         QVERIFY(!album.name());
     }
 
-    void aCopyCountsNoDuplicates()
-    {
-        AlbumInfo album = albumOf({u"One"_qs});
-        album.setLyrics(u"la"_qs, u"One"_qs);
-        album.incDuplicates();
-        const AlbumInfo copy = album.copy();
-        QCOMPARE(copy.duplicates(), 0);
-        QCOMPARE(copy.lyrics(), album.lyrics());
-        QCOMPARE(copy.trackSummary(), u"1:One"_qs);
-    }
-
     void findsTracks_data()
     {
         const Table<QStringList, QString, int, int> row("tracks", "title", "strictly", "loosely");

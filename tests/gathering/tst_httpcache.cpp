@@ -47,18 +47,6 @@ private Q_SLOTS:
         QCOMPARE(onDisk(folder.path(), 1), "newer"_ba);
     }
 
-    void removesOneAddress()
-    {
-        const QTemporaryDir folder;
-        HttpCache cache(folder.path());
-        cache.store(address(1), {"one", u"text/html"_s});
-        cache.store(address(2), {"two", u"text/html"_s});
-        cache.remove(address(1));
-        QVERIFY(!cache.response(address(1)));
-        QCOMPARE(onDisk(folder.path(), 1), ""_ba);
-        QCOMPARE(onDisk(folder.path(), 2), "two"_ba);
-    }
-
     void dropsTheOldestBeyondItsSize()
     {
         const QTemporaryDir folder;

@@ -67,22 +67,6 @@ private Q_SLOTS:
         QCOMPARE(definition.hosts(), (QStringList{u"one.example"_s, u"two.example"_s}));
     }
 
-    void setsReadTheirTables()
-    {
-        const SiteDefinitions set({{u"sourcelist"_s, QVariantList{u"A"_s, u"B"_s}},
-                                   {u"genres"_s, QVariantList{u"Blues"_s}},
-                                   {u"simplifiers"_s, QVariantMap{{u" pt "_s, u" part "_s}}},
-                                   {u"res_A"_s, QVariantMap{{u"queryPOST"_s, u"x"_s}}},
-                                   {u"res_B"_s, u"no dictionary"_s}});
-        QCOMPARE(set.sourcelist(), (QStringList{u"A"_s, u"B"_s}));
-        QCOMPARE(set.genres(), QStringList{u"Blues"_s});
-        QCOMPARE(set.simplifiers().value(u" pt "_s), u" part "_s);
-        QVERIFY(set.lyricsSubstitutions().isEmpty());
-        QCOMPARE(set.definitionOf(u"A"_s)->textOrEmpty(u"queryPOST"_s), u"x"_s);
-        QVERIFY(!set.definitionOf(u"B"_s));
-        QVERIFY(!set.definitionOf(u"C"_s));
-    }
-
     void faultsAreNamed_data()
     {
         QTest::addColumn<QString>("source"); // empty: a key of the whole set

@@ -266,37 +266,6 @@ private Q_SLOTS:
         QCOMPARE(*world.tag().title(), overwrite == AssetSongTitle ? u"Dusk"_qs : u"Dawn"_qs);
     }
 
-    void picksAmongAlbums_data()
-    {
-        QTest::addColumn<bool>("parallel");
-        QTest::addColumn<int>("method");
-        QTest::addColumn<QString>("album");
-        QTest::addColumn<int>("undecided");
-        for (const bool parallel : {false, true}) {
-            const char *mode = parallel ? "parallel" : "serial";
-            QTest::addRow("%s: none", mode) << parallel << 0 << QString() << 2;
-            QTest::addRow("%s: earliest", mode) << parallel << 1 << u"Best"_qs << 0;
-            QTest::addRow("%s: agreement", mode) << parallel << 2 << u"Night"_qs << 0;
-        }
-    }
-    void picksAmongAlbums()
-    {
-        QFETCH(bool, parallel);
-        QFETCH(int, method);
-        World world;
-        world.sources = {{u"Discs"_qs,
-                          AssetAlbumName,
-                          {albumOf(u"Best"_qs, u"1990"_qs), albumOf(u"Night"_qs, u"1999"_qs),
-                           albumOf(u"The Night"_qs)}}};
-        SongInfoTask &task = world.taskFor({.title = u"Dawn"_qs}, AssetAlbumName);
-        task.setParallelMode(parallel);
-        task.setAlbumSelectionMethod(static_cast<AlbumPick>(method));
-        QVERIFY(world.run());
-        QTEST(world.tag().album().value_or(QString()), "album");
-        QTEST(task.undecidedCandidates(), "undecided");
-        QVERIFY(!task.errorMessage());
-    }
-
     void explainsWhyNothingWasApplied_data() { bothModes(); }
     void explainsWhyNothingWasApplied()
     {
