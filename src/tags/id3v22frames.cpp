@@ -57,7 +57,7 @@ private:
 /// as it stands in the tag.
 QString FramesReader::idAt(qsizetype position) const
 {
-    const QString id = ID3Strings::id3v1String(mTag, position, idLength).value_or(QString());
+    QString id = ID3Strings::id3v1String(mTag, position, idLength).value_or(QString());
     if (id.isEmpty() || id.size() == idLength || !losesNothing())
         return id;
     return QString::fromLatin1(mTag.sliced(position, idLength));

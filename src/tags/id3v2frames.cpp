@@ -140,7 +140,7 @@ qsizetype FramesReader::firstFrame()
 /// it stands in the tag.
 QString FramesReader::idAt(qsizetype position) const
 {
-    const QString id = ID3Strings::id3v1String(mTag, position, idLength).value_or(QString());
+    QString id = ID3Strings::id3v1String(mTag, position, idLength).value_or(QString());
     if (id.isEmpty() || id.size() == idLength || !dialect().losesNothing)
         return id;
     return ID3FrameIDs::currentID(QString::fromLatin1(mTag.sliced(position, idLength)));

@@ -188,7 +188,7 @@ InPlaceFile::Outcome MP3InfoTag::modifySongFileAtPath(const QString &path,
                                                       const WriteOptions &options)
 {
     const QString version = ID3Writer::writeVersion(mFrames, mReadVersion, options.dialect);
-    const auto outcome = MP3Rewrite::rewrite(path, mFrames, version, options);
+    auto outcome = MP3Rewrite::rewrite(path, mFrames, version, options);
     if (outcome.kind != InPlaceFile::Outcome::Kind::Failed)
         setTagHasBeenModified(false);
     return outcome;
