@@ -194,6 +194,12 @@ void Parser::addGather()
     addWriteOptions(*gather);
     addGatherChoices(*gather);
     addGatherArtwork(*gather);
+    gather->add_option_function<std::string>(
+        "--definitions",
+        [this](const std::string &file) {
+            mArguments.definitions = QFile::decodeName(file.c_str());
+        },
+        "Use the site definitions in this property list");
 }
 
 void Parser::addGatherChoices(CLI::App &gather)
@@ -216,12 +222,6 @@ void Parser::addGatherChoices(CLI::App &gather)
             "--pick", [this](const std::string &method) { mArguments.pick = methods.at(method); },
             "How one album is chosen among several")
         ->check(CLI::IsMember({"none", "earliest", "agreement"}));
-    gather.add_option_function<std::string>(
-        "--definitions",
-        [this](const std::string &file) {
-            mArguments.definitions = QFile::decodeName(file.c_str());
-        },
-        "Use the site definitions in this property list");
     addSwitch(
         gather, "--parallel", "--serial", [this](bool on) { mArguments.parallel = on; },
         "All sources at once, or one after another");

@@ -66,6 +66,16 @@ QList<Row> rowsOf(const SongList &songs)
     return rows;
 }
 
+SongList songsIn(const QString &folder, Report &report)
+{
+    const ReadOptions reading{.dialect = ID3Dialect::standard()};
+    SongList songs;
+    forEachPath(
+        {folder}, [&](const FoundPath &found) { songs.push_back(openSong(found, reading).song); },
+        [&report](const QString &path, const QString &reason) { report.error(path, reason); });
+    return songs;
+}
+
 GatheringOptions demoOptions()
 {
     GatheringOptions options;
@@ -94,12 +104,7 @@ int runDemo(Report &report)
     engine.definitions.useDefinitions(sites.definitions(engine.definitions.liveResources()));
     engine.start(Engine::Definitions::Fixed);
 
-    const ReadOptions reading{.dialect = ID3Dialect::standard()};
-    SongList songs;
-    forEachPath(
-        {folder.path()},
-        [&](const FoundPath &found) { songs.push_back(openSong(found, reading).song); },
-        [&report](const QString &path, const QString &reason) { report.error(path, reason); });
+    const SongList songs = songsIn(folder.path(), report);
     const QList<Row> before = rowsOf(songs);
     const Interrupt interrupt;
     const auto summary = GatherRun(engine, songs, interrupt)
