@@ -82,7 +82,7 @@ QString makeSong(const QString &path, const SampleSong &song)
 QString makeSampleSongs(const QString &folder)
 {
     for (const SampleSong &song : sampleSongs()) {
-        const QString error = makeSong(QDir(folder).filePath(song.file), song);
+        QString error = makeSong(QDir(folder).filePath(song.file), song);
         if (!error.isEmpty())
             return error;
     }

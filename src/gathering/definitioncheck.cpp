@@ -191,7 +191,7 @@ std::span<const DefinitionKey> schemaOf(const QString &className)
 
 std::optional<QString> problemOfDefinitions(const QVariantMap &values)
 {
-    if (const Fault fault = faultOfEntries(values, topLevelSchema()))
+    if (Fault fault = faultOfEntries(values, topLevelSchema()))
         return fault;
     const QString resourcePrefix = QStringLiteral("res_");
     for (auto entry = values.begin(); entry != values.end(); ++entry) {

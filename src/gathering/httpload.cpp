@@ -6,9 +6,9 @@
 
 namespace {
 /// What is read from the reply at a time, so that a decompressed flood is noticed early.
-constexpr qint64 pieceBytes = 256 * 1024;
+constexpr qint64 pieceBytes = 262'144;
 /// What the network library may read ahead of us.
-constexpr qint64 readAheadBytes = 1024 * 1024;
+constexpr qint64 readAheadBytes = 1'048'576;
 
 /// The type without parameters; a response that names none is taken for plain bytes.
 QString typeOf(const QNetworkReply &reply)
@@ -143,7 +143,7 @@ void HttpLoad::takeData()
         if (isCutPage()) {
             finish(false);
         } else if (mData.size() > mBounds.bodyBytes) {
-            const qint64 megabytes = mBounds.bodyBytes / (1024 * 1024);
+            const qint64 megabytes = mBounds.bodyBytes / 1'048'576;
             fail({FetchError::unknown, qtTrId("ErrorResponseTooLong").arg(megabytes)});
         } else {
             Q_EMIT received(mData.size(), piece.size());

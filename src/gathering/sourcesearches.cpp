@@ -44,7 +44,7 @@ SearchRequest searchRequestFor(const AudioInfoTag &tag, Assets desired)
 
 std::optional<QString> albumTitleToSearch(const AudioInfoTag &tag)
 {
-    const std::optional<QString> album = tag.album();
+    std::optional<QString> album = tag.album();
     if (album && containsWord(tag.genres(), soundtrack) && !containsWord(album, soundtrack))
         return *album + QLatin1String(" Soundtrack");
     return album;
