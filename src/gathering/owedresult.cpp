@@ -12,7 +12,7 @@ OwedResult::OwedResult(QObject *owner, FetchCallback callback)
 }
 
 OwedResult::OwedResult(OwedResult &&other) noexcept
-    : mOwner(other.mOwner)
+    : mOwner(std::move(other.mOwner))
     , mCallback(std::move(other.mCallback))
     , mIsOwed(std::exchange(other.mIsOwed, false))
 {
