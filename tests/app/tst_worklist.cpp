@@ -316,7 +316,7 @@ private:
 std::shared_ptr<SongFile> TestWorkList::song(const QString &title, const QString &album)
 {
     const QString file = path(title + u".mp3"_s);
-    makeSong(file, {.title = title, .artist = u"The Lanterns"_s, .album = album});
+    writtenSong(file, {.title = title, .artist = u"The Lanterns"_s, .album = album});
     return SongFile::songWithPath(file, {.dialect = ID3Dialect::standard()});
 }
 

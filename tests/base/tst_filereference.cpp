@@ -1,20 +1,23 @@
 #include "base/filereference.h"
+#include "support/table.h"
 #include "support/tempfiles.h"
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <functional>
 #include <sys/resource.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using Happening = std::function<void(const QDir &)>;
+const QString song = u"song.mp3"_s;
+const QString deleted = u" (deleted)"_s;
 
-void rename(const QDir &folder, const char *from, const char *to)
+void rename(const QDir &folder, const QString &from, const QString &to)
 {
-    QVERIFY(QFile::rename(folder.filePath(QString::fromUtf8(from)),
-                          folder.filePath(QString::fromUtf8(to))));
+    QCOMPARE(std::rename(qPrintable(folder.filePath(from)), qPrintable(folder.filePath(to))), 0);
 }
 } // namespace
 
@@ -24,96 +27,79 @@ class FileReferenceTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void follows_data();
-    void follows();
-    void needsAFile();
-    void worksForMoreFilesThanCanBeOpen();
+    void follows_data()
+    {
+        const Table<Happening, QString> row("happening", "found"); // empty: cannot
+        const auto moved = [](const QString &to) {
+            return [to](const QDir &d) { rename(d, song, to); };
+        };
+        row(
+            "nothing happened", [](const QDir &) {}, song);
+        row("moved to another folder", moved(u"Ärzte/1/song.mp3"_s), u"Ärzte/1/song.mp3"_s);
+        row("renamed to what a deleted file is called", moved(song + deleted), song + deleted);
+        Happening happening = [](const QDir &d) {
+            rename(d, song, u"Ärzte/song.mp3"_s);
+            rename(d, u"Ärzte"_s, u"b"_s);
+        };
+        row("its folder renamed", happening, u"b/song.mp3"_s);
+        happening = [](const QDir &d) {
+            writeFile(d.filePath(u"new"_s), "new");
+            rename(d, u"new"_s, song);
+        };
+        row("saved anew by another program", happening, song);
+        happening = [](const QDir &d) {
+            rename(d, song, u"song.mp3~"_s);
+            writeFile(d.filePath(song), "new");
+        };
+        row("saved anew by a program that keeps the former file beside it", happening, song);
+        happening = [](const QDir &d) {
+            QFile::remove(d.filePath(song));
+            writeFile(d.filePath(song + deleted), "other");
+        };
+        row("deleted, and a file called like a deleted one lies there", happening, {});
+    }
+
+    void follows()
+    {
+        QFETCH(Happening, happening);
+        QFETCH(QString, found);
+        const QTemporaryDir folder;
+        const QDir inside(QFileInfo(folder.path()).canonicalFilePath());
+        const QString path = inside.filePath(song);
+        QVERIFY(inside.mkpath(u"Ärzte/1"_s));
+        writeFile(path, "song");
+        const auto reference = FileReference::referenceTo(path);
+        QVERIFY(reference);
+
+        happening(inside);
+
+        QCOMPARE(reference->path(),
+                 found.isEmpty() ? std::nullopt : std::optional(inside.filePath(found)));
+    }
+
+    void needsAFile()
+    {
+        const QTemporaryDir folder;
+        QVERIFY(!FileReference::referenceTo(folder.filePath(u"none.mp3"_s)));
+        QVERIFY(!FileReference::referenceTo(folder.path()));
+    }
+
+    void worksForMoreFilesThanCanBeOpen()
+    {
+        rlimit limit = {};
+        ::getrlimit(RLIMIT_NOFILE, &limit);
+        const rlimit few = {.rlim_cur = 40, .rlim_max = limit.rlim_max};
+        const QTemporaryDir folder;
+        std::vector<std::unique_ptr<FileReference>> references;
+        writeFile(folder.filePath(song), "song");
+        ::setrlimit(RLIMIT_NOFILE, &few);
+        for (int i = 0; i < 100; ++i)
+            references.push_back(FileReference::referenceTo(folder.filePath(song)));
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+        for (const auto &reference : references)
+            QCOMPARE(reference->path(), folder.filePath(song));
+    }
 };
-
-void FileReferenceTest::follows_data()
-{
-    QTest::addColumn<Happening>("happening");
-    QTest::addColumn<QString>("found"); // empty: cannot
-
-    QTest::newRow("nothing happened")
-        << Happening([](const QDir &) {}) << QStringLiteral("song.mp3");
-    QTest::newRow("renamed") << Happening([](const QDir &d) { rename(d, "song.mp3", "other.mp3"); })
-                             << QStringLiteral("other.mp3");
-    QTest::newRow("moved to another folder") << Happening([](const QDir &d) {
-        d.mkpath(QStringLiteral("Ärzte/1"));
-        rename(d, "song.mp3", "Ärzte/1/song.mp3");
-    }) << QStringLiteral("Ärzte/1/song.mp3");
-    QTest::newRow("renamed to what a deleted file is called")
-        << Happening([](const QDir &d) { rename(d, "song.mp3", "song.mp3 (deleted)"); })
-        << QStringLiteral("song.mp3 (deleted)");
-    QTest::newRow("its folder renamed") << Happening([](const QDir &d) {
-        d.mkpath(QStringLiteral("a"));
-        rename(d, "song.mp3", "a/song.mp3");
-        rename(d, "a", "b");
-    }) << QStringLiteral("b/song.mp3");
-    QTest::newRow("saved anew by another program") << Happening([](const QDir &d) {
-        writeFile(d.filePath(QStringLiteral("new")), "new");
-        std::rename(qPrintable(d.filePath(QStringLiteral("new"))),
-                    qPrintable(d.filePath(QStringLiteral("song.mp3"))));
-    }) << QStringLiteral("song.mp3");
-    QTest::newRow("saved anew by a program that keeps the former file beside it")
-        << Happening([](const QDir &d) {
-               rename(d, "song.mp3", "song.mp3~");
-               writeFile(d.filePath(QStringLiteral("song.mp3")), "new");
-           })
-        << QStringLiteral("song.mp3");
-    QTest::newRow("deleted") << Happening([](const QDir &d) {
-        QFile::remove(d.filePath(QStringLiteral("song.mp3")));
-    }) << QString();
-    QTest::newRow("deleted, and a file called like a deleted one lies there")
-        << Happening([](const QDir &d) {
-               QFile::remove(d.filePath(QStringLiteral("song.mp3")));
-               writeFile(d.filePath(QStringLiteral("song.mp3 (deleted)")), "other");
-           })
-        << QString();
-}
-
-void FileReferenceTest::follows()
-{
-    QFETCH(Happening, happening);
-    QFETCH(QString, found);
-    const QTemporaryDir folder;
-    const QDir inside(QFileInfo(folder.path()).canonicalFilePath());
-    const QString path = inside.filePath(QStringLiteral("song.mp3"));
-    writeFile(path, "song");
-    const auto reference = FileReference::referenceTo(path);
-    QVERIFY(reference);
-
-    happening(inside);
-
-    const auto now = reference->path();
-    QCOMPARE(now.has_value(), !found.isEmpty());
-    QCOMPARE(now.value_or(QString()), found.isEmpty() ? QString() : inside.filePath(found));
-}
-
-void FileReferenceTest::needsAFile()
-{
-    const QTemporaryDir folder;
-    QVERIFY(!FileReference::referenceTo(folder.filePath(QStringLiteral("none.mp3"))));
-    QVERIFY(!FileReference::referenceTo(folder.path()));
-}
-
-void FileReferenceTest::worksForMoreFilesThanCanBeOpen()
-{
-    rlimit limit = {};
-    ::getrlimit(RLIMIT_NOFILE, &limit);
-    const rlimit few = {.rlim_cur = 40, .rlim_max = limit.rlim_max};
-    const QTemporaryDir folder;
-    std::vector<std::unique_ptr<FileReference>> references;
-    writeFile(folder.filePath(QStringLiteral("song.mp3")), "song");
-    ::setrlimit(RLIMIT_NOFILE, &few);
-    for (int i = 0; i < 100; ++i)
-        references.push_back(
-            FileReference::referenceTo(folder.filePath(QStringLiteral("song.mp3"))));
-    ::setrlimit(RLIMIT_NOFILE, &limit);
-    for (const auto &reference : references)
-        QCOMPARE(reference->path(), folder.filePath(QStringLiteral("song.mp3")));
-}
 
 QTEST_GUILESS_MAIN(FileReferenceTest)
 #include "tst_filereference.moc"

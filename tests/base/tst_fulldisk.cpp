@@ -1,17 +1,19 @@
 #include "base/descriptor.h"
 #include "base/texts.h"
 #include "support/songscene.h"
+#include "support/table.h"
 #include "support/tempfiles.h"
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
 
 // Disks that are really full: small ones in memory, which only this program sees.
+
+using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int diskSize = 1 << 20;
@@ -57,88 +59,76 @@ public:
     static void initMain() { refusal = takeOwnMounts() ? std::error_code() : lastError(); }
 
 private Q_SLOTS:
-    void initTestCase();
-    void leavesTheSongAsItWas_data();
-    void leavesTheSongAsItWas();
-    void cleanup();
+    void initTestCase()
+    {
+        installTexts();
+        if (refusal)
+            QSKIP(qPrintable(u"nothing can be mounted: "_s + reasonOf(refusal)));
+        QVERIFY(QDir().mkpath(mDisk) && QDir().mkpath(mElsewhere));
+    }
+
+    void leavesTheSongAsItWas_data()
+    {
+        // Of the disk; of the song; of the journal; bytes at the song's end that take no room.
+        const Table<QByteArray, QString, QString, int, Parts, QString> row(
+            "room", "folder", "state", "hole", "parts", "error");
+        const QString reason = reasonOf(std::make_error_code(std::errc::no_space_on_device));
+        const QString noJournal =
+            qtTrId("ReasonNoJournal").arg(mDisk + u"/tagwright/journal"_s, reason);
+        const Parts grown = {{noise(diskSize, 2)}, {.length = songSize}};
+        const Parts changed = {{noise(songSize, 2)}};
+        row("the song cannot grow", "size=1m", mDisk, mElsewhere, 0, grown, reason);
+        row("the journal does not fit", "size=1m", mElsewhere, mDisk, 0, grown, noJournal);
+        row("the journal does not fit beside the song", "size=150k", mDisk, mDisk, 0, changed,
+            noJournal);
+        row("the state folder cannot be made", "nr_inodes=1", mElsewhere, mDisk, 0, changed,
+            noJournal);
+        row("the journal cannot be made", "nr_inodes=3", mElsewhere, mDisk, 0, changed, noJournal);
+        row("a hole cannot be filled, not even with the zeros that it held", "size=1m", mDisk,
+            mElsewhere, diskSize, {{noise(songSize + diskSize, 2)}},
+            qtTrId("ReasonNotRolledBack").arg(reason));
+    }
+
+    void leavesTheSongAsItWas()
+    {
+        QFETCH(QByteArray, room);
+        QFETCH(QString, folder);
+        QFETCH(QString, state);
+        QFETCH(int, hole);
+        QFETCH(Parts, parts);
+        QVERIFY(mount(mDisk, room) && mount(mElsewhere, {}));
+        qputenv("XDG_STATE_HOME", QFile::encodeName(state));
+        const QString path = folder + u"/song.mp3"_s;
+        const QByteArray old = oldBytes() + QByteArray(hole, '\0');
+        writeFile(path, oldBytes());
+        QVERIFY(QFile::resize(path, old.size()));
+        makeOld(path);
+
+        const auto outcome = replace(path, parts);
+
+        QTEST(outcome.error, "error");
+        QVERIFY(fileContents(path) == old);
+        QVERIFY(hasOldTime(path));
+        QCOMPARE(leftOvers().size(), hole ? 1 : 0); // kept where the song could not be rolled back
+        QCOMPARE(filesIn(mFolder.path()).size(), 1 + leftOvers().size());
+
+        const Quiet quiet;
+        recoverInterruptedWrites();
+        QVERIFY(fileContents(path) == old);
+        QCOMPARE(filesIn(mFolder.path()), QStringList(path));
+    }
+
+    void cleanup()
+    {
+        for (const QString &disk : {mDisk, mElsewhere})
+            ::umount2(QFile::encodeName(disk).constData(), MNT_DETACH);
+    }
 
 private:
     const QTemporaryDir mFolder;
-    const QString mDisk = mFolder.filePath(QStringLiteral("disk"));
-    const QString mElsewhere = mFolder.filePath(QStringLiteral("elsewhere"));
+    const QString mDisk = mFolder.filePath(u"disk"_s);
+    const QString mElsewhere = mFolder.filePath(u"elsewhere"_s);
 };
-
-void FullDiskTest::initTestCase()
-{
-    installTexts();
-    if (refusal)
-        QSKIP(qPrintable(QStringLiteral("nothing can be mounted: ") + reasonOf(refusal)));
-    QVERIFY(QDir().mkpath(mDisk) && QDir().mkpath(mElsewhere));
-}
-
-void FullDiskTest::cleanup()
-{
-    for (const QString &disk : {mDisk, mElsewhere})
-        ::umount2(QFile::encodeName(disk).constData(), MNT_DETACH);
-}
-
-void FullDiskTest::leavesTheSongAsItWas_data()
-{
-    QTest::addColumn<QByteArray>("room"); // of the disk
-    QTest::addColumn<QString>("folder"); // of the song
-    QTest::addColumn<QString>("state");
-    QTest::addColumn<int>("hole"); // bytes at the song's end that take no room
-    QTest::addColumn<Parts>("parts");
-    QTest::addColumn<QString>("error");
-
-    const QString reason = reasonOf(std::make_error_code(std::errc::no_space_on_device));
-    const QString noJournal =
-        qtTrId("ReasonNoJournal").arg(mDisk + QStringLiteral("/tagwright/journal"), reason);
-    const Parts grown = {{noise(diskSize, 2)}, {.length = songSize}};
-    const Parts changed = {{noise(songSize, 2)}};
-    QTest::newRow("the song cannot grow")
-        << QByteArray("size=1m") << mDisk << mElsewhere << 0 << grown << reason;
-    QTest::newRow("the journal does not fit")
-        << QByteArray("size=1m") << mElsewhere << mDisk << 0 << grown << noJournal;
-    QTest::newRow("the journal does not fit beside the song")
-        << QByteArray("size=150k") << mDisk << mDisk << 0 << changed << noJournal;
-    QTest::newRow("the state folder cannot be made")
-        << QByteArray("nr_inodes=1") << mElsewhere << mDisk << 0 << changed << noJournal;
-    QTest::newRow("the journal cannot be made")
-        << QByteArray("nr_inodes=3") << mElsewhere << mDisk << 0 << changed << noJournal;
-    QTest::newRow("a hole cannot be filled, not even with the zeros that it held")
-        << QByteArray("size=1m") << mDisk << mElsewhere << diskSize
-        << Parts{{noise(songSize + diskSize, 2)}} << qtTrId("ReasonNotRolledBack").arg(reason);
-}
-
-void FullDiskTest::leavesTheSongAsItWas()
-{
-    QFETCH(QByteArray, room);
-    QFETCH(QString, folder);
-    QFETCH(QString, state);
-    QFETCH(int, hole);
-    QFETCH(Parts, parts);
-    QVERIFY(mount(mDisk, room) && mount(mElsewhere, {}));
-    qputenv("XDG_STATE_HOME", QFile::encodeName(state));
-    const QString path = folder + QStringLiteral("/song.mp3");
-    const QByteArray old = oldBytes() + QByteArray(hole, '\0');
-    writeFile(path, oldBytes());
-    QVERIFY(QFile::resize(path, old.size()));
-    makeOld(path);
-
-    const auto outcome = replace(path, parts);
-
-    QTEST(outcome.error, "error");
-    QVERIFY(fileContents(path) == old);
-    QVERIFY(hasOldTime(path));
-    QCOMPARE(leftOvers().size(), hole ? 1 : 0); // kept where the song could not be rolled back
-    QCOMPARE(filesIn(mFolder.path()).size(), 1 + leftOvers().size());
-
-    const Quiet quiet;
-    recoverInterruptedWrites();
-    QVERIFY(fileContents(path) == old);
-    QCOMPARE(filesIn(mFolder.path()), QStringList(path));
-}
 
 QTEST_GUILESS_MAIN(FullDiskTest)
 #include "tst_fulldisk.moc"

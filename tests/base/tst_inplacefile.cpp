@@ -3,23 +3,30 @@
 #include "base/inplacefile.h"
 #include "base/texts.h"
 #include "support/songscene.h"
+#include "support/table.h"
 #include "support/tempfiles.h"
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using Kind = InPlaceFile::Outcome::Kind;
 
-QByteArray song(int size)
+using Change = std::function<void(const QString &)>;
+
+constexpr int size = 300'000; // more than is moved at once
+const Parts grown{{"tag"}, {.length = 9000}};
+
+QByteArray old()
 {
-    return noise(size, 1);
+    return noise(9000, 1);
 }
 
 struct stat statOf(const QString &path)
@@ -40,317 +47,263 @@ QString reason(std::errc error)
 }
 } // namespace
 
+Q_DECLARE_METATYPE(Change)
+
 class InPlaceFileTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase()
+    {
+        installTexts();
+        // The rights of files mean nothing to root.
+        constexpr uid_t nobody = 65534;
+        if (::geteuid() == 0)
+            QVERIFY(::setegid(nobody) == 0 && ::seteuid(nobody) == 0);
+    }
     void init()
     {
         mFolder = std::make_unique<QTemporaryDir>();
-        qputenv("XDG_STATE_HOME", QFile::encodeName(mFolder->filePath(QStringLiteral("state"))));
-        mPath = mFolder->filePath(QStringLiteral("song.mp3"));
+        qputenv("XDG_STATE_HOME", QFile::encodeName(mFolder->filePath(u"state"_s)));
+        mPath = mFolder->filePath(u"song.mp3"_s);
+        writeFile(mPath, old());
     }
 
-    void holdsWhatItShall_data();
-    void holdsWhatItShall();
-    void leavesAnUnchangedFileAlone();
-    void keepsWhatBelongsToTheFile();
-    void keepsTimesWhenAsked();
-    void followsLinks();
-    void writesWhereNoFileCanBeMade();
-    void refuses_data();
-    void refuses();
-    void refusesAFileChangedSinceItWasOpened_data();
-    void refusesAFileChangedSinceItWasOpened();
-    void refusesWhereTheOldBytesCannotBeKept_data();
-    void refusesWhereTheOldBytesCannotBeKept();
-    void leavesTheOldBytesWhenThereIsNoRoom();
-    void readsRangesOfTheOpenFile();
-    void copiesLittleMemoryForAHugeFile();
+    void holdsWhatItShall_data()
+    {
+        const Table<Parts> row("parts");
+        const QByteArray tag(5000, 'T');
+        row("grown head", {{tag}, {.offset = 10, .length = size - 10}});
+        row("head grown by whole blocks", {{QByteArray(131072, 'T')}, {.length = size}});
+        row("shrunk head", {{tag}, {.offset = 200'000, .length = size - 200'000}});
+        row("head removed", {{.offset = 70'001, .length = size - 70'001}});
+        row("end cut", {{.length = size - 128}});
+        row("ranges change places",
+            {{.offset = 200'000, .length = 100'000}, {tag}, {.length = 200'000}});
+        row("a range twice", {{.length = size}, {.offset = 1000, .length = 90'000}, {tag}});
+        row("a range from where nothing changes and one from where it does",
+            {{.length = 1000}, {tag}, {.offset = 500, .length = 7000}});
+        row("emptied", {});
+        row("all new", {{QByteArray(70'000, 'N')}});
+    }
+
+    void holdsWhatItShall()
+    {
+        QFETCH(Parts, parts);
+        const QByteArray from = noise(size, 1);
+        writeFile(mPath, from);
+        const ino_t inode = statOf(mPath).st_ino;
+
+        const auto outcome = replace(mPath, parts);
+
+        QCOMPARE(outcome.error, QString());
+        QCOMPARE(outcome.kind, Kind::Written);
+        QVERIFY(fileContents(mPath) == bytesFrom(parts, from));
+        QCOMPARE(statOf(mPath).st_ino, inode);
+        QCOMPARE(leftOvers(), QStringList());
+    }
+
+    void leavesAnUnchangedFileAlone()
+    {
+        const QByteArray old(200'000, 'x');
+        writeFile(mPath, old);
+        makeOld(mPath);
+        const timespec before = statOf(mPath).st_ctim;
+
+        // The moved range holds the same bytes as what stands there.
+        const auto outcome =
+            replace(mPath, {{old.left(70'000)}, {.offset = 50'000, .length = 130'000}});
+
+        QCOMPARE(outcome.kind, Kind::Unchanged);
+        QVERIFY(hasOldTime(mPath));
+        QCOMPARE(statOf(mPath).st_ctim.tv_nsec, before.tv_nsec);
+        QVERIFY(!QDir(stateFolder()).exists());
+    }
+
+    void keepsWhatBelongsToTheFile()
+    {
+        const QString other = mFolder->filePath(u"other.mp3"_s);
+        const QString link = mFolder->filePath(u"link.mp3"_s);
+        QCOMPARE(::link(qPrintable(mPath), qPrintable(other)), 0);
+        QVERIFY(QFile::link(mPath, link));
+        setMode(mPath, 06751);
+        makeOld(mPath);
+
+        QCOMPARE(replace(link, grown, KeepTime::Yes).kind, Kind::Written);
+
+        QVERIFY(hasOldTime(mPath));
+        QVERIFY(QFileInfo(link).isSymLink());
+        QCOMPARE(statOf(mPath).st_mode & 07777, 06751U);
+        QCOMPARE(fileContents(other), "tag" + old());
+        QCOMPARE(replace(mPath, {{"more"}}, KeepTime::No).kind, Kind::Written);
+        QVERIFY(!hasOldTime(mPath));
+    }
+
+    void writesWhereNoFileCanBeMade()
+    {
+        const QDir album(mFolder->filePath(u"album"_s));
+        QVERIFY(album.mkpath(u"."_s));
+        const QString path = album.filePath(u"song.mp3"_s);
+        writeFile(path, old());
+        setMode(album.path(), 0555);
+        QVERIFY(!QFile(album.filePath(u"new"_s)).open(QIODevice::WriteOnly));
+
+        const auto outcome = replace(path, grown);
+
+        setMode(album.path(), 0755); // for its removal
+        QCOMPARE(outcome.error, QString());
+        QCOMPARE(fileContents(path), "tag" + old());
+        QCOMPARE(album.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+    }
+
+    void refuses_data()
+    {
+        const Table<QString, QString> row("name", "error");
+        row("no file", u"none.mp3"_s, reason(std::errc::no_such_file_or_directory));
+        row("a folder", u"folder"_s, reason(std::errc::is_a_directory));
+        row("a pipe, without waiting for its other end", u"pipe"_s, qtTrId("ReasonNotRegular"));
+        row("a link to nowhere", u"link"_s, reason(std::errc::no_such_file_or_directory));
+        row("a file that another write has open", u"busy"_s, qtTrId("ReasonFileBusy"));
+        row("a file that may only be read", u"protected"_s, reason(std::errc::permission_denied));
+    }
+
+    void refuses()
+    {
+        QFETCH(QString, name);
+        const QDir folder(mFolder->path());
+        QVERIFY(folder.mkpath(u"folder"_s));
+        ::mkfifo(QFile::encodeName(folder.filePath(u"pipe"_s)).constData(), 0600);
+        QFile::link(u"nowhere"_s, folder.filePath(u"link"_s));
+        writeFile(folder.filePath(u"protected"_s), "song");
+        setMode(folder.filePath(u"protected"_s), 0444);
+        writeFile(folder.filePath(u"busy"_s), "song");
+        const auto busy = InPlaceFile::open(folder.filePath(u"busy"_s));
+
+        const auto opened = InPlaceFile::open(folder.filePath(name));
+
+        QVERIFY(!opened.file);
+        QTEST(opened.error, "error");
+    }
+
+    void refusesAFileChangedSinceItWasOpened_data()
+    {
+        const Table<Change, QString> row("change", "error");
+        const auto resizeTo = [](int size) {
+            return [size](const QString &path) { QVERIFY(QFile::resize(path, size)); };
+        };
+        row("shortened", resizeTo(100), qtTrId("ReasonFileShortened"));
+        row("lengthened", resizeTo(10'000), qtTrId("ReasonFileChanged"));
+        row(
+            "rewritten", [](const QString &path) { writeFile(path, old().toUpper()); },
+            qtTrId("ReasonFileChanged"));
+        row(
+            "replaced",
+            [](const QString &path) {
+                QVERIFY(QFile::remove(path));
+                writeFile(path, old());
+            },
+            qtTrId("ReasonFileReplaced"));
+        row(
+            "removed", [](const QString &path) { QVERIFY(QFile::remove(path)); },
+            qtTrId("ReasonFileReplaced"));
+    }
+
+    void refusesAFileChangedSinceItWasOpened()
+    {
+        QFETCH(Change, change);
+        makeOld(mPath); // the next write shows in the time even where its unit is coarse
+        const auto opened = InPlaceFile::open(mPath);
+        QVERIFY(opened.file);
+        change(mPath);
+        const QByteArray theirs = QFile::exists(mPath) ? fileContents(mPath) : QByteArray();
+
+        const auto outcome = opened.file->replaceContents(contentsFrom(grown), KeepTime::No);
+
+        QCOMPARE(outcome.kind, Kind::Failed);
+        QTEST(outcome.error, "error");
+        QCOMPARE(QFile::exists(mPath) ? fileContents(mPath) : QByteArray(), theirs);
+        QCOMPARE(leftOvers(), QStringList());
+    }
+
+    void refusesWhereTheOldBytesCannotBeKept_data()
+    {
+        const Table<QString> row("folder");
+        row("no state folder can be made", u"state"_s);
+        row("no folder can be made in it", u"state/tagwright"_s);
+        row("no journal can be made", u"state/tagwright/journal"_s);
+    }
+
+    void refusesWhereTheOldBytesCannotBeKept()
+    {
+        QFETCH(QString, folder);
+        QVERIFY(QDir(mFolder->path()).mkpath(folder));
+        setMode(mFolder->filePath(folder), 0555);
+
+        const auto outcome = replace(mPath, grown);
+
+        QCOMPARE(outcome.kind, Kind::Failed);
+        QCOMPARE(outcome.error,
+                 qtTrId("ReasonNoJournal")
+                     .arg(stateFolder() + u"/journal"_s, reason(std::errc::permission_denied)));
+        QCOMPARE(fileContents(mPath), old());
+    }
+
+    void leavesTheOldBytesWhenThereIsNoRoom()
+    {
+        writeFile(mPath, noise(size, 1));
+        rlimit former = {};
+        ::getrlimit(RLIMIT_FSIZE, &former);
+        // Enough for the journal, which holds little of what is only lengthened, but not for the
+        // song.
+        const rlimit limit = {.rlim_cur = 400'000, .rlim_max = former.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+
+        const auto outcome =
+            replace(mPath, {{"tag"}, {.offset = 3, .length = 299'997}, {.length = 100'001}});
+
+        ::setrlimit(RLIMIT_FSIZE, &former);
+        QCOMPARE(outcome.kind, Kind::Failed);
+        QCOMPARE(outcome.error, reason(std::errc::file_too_large));
+        QVERIFY(fileContents(mPath) == noise(size, 1));
+        QCOMPARE(leftOvers(), QStringList());
+    }
+
+    void readsRangesOfTheOpenFile()
+    {
+        const auto opened = InPlaceFile::open(mPath);
+        QVERIFY(opened.file);
+        QCOMPARE(opened.file->size(), 9000);
+        QCOMPARE(opened.file->read(100, 50), old().mid(100, 50));
+        QCOMPARE(opened.file->read(8990, 50), old().right(10));
+        QCOMPARE(opened.file->read(20'000, 50), QByteArray());
+        QVERIFY(QFile::resize(mPath, 100));
+        QCOMPARE(opened.file->read(50, 100), old().mid(50, 50));
+    }
+
+    void copiesLittleMemoryForAHugeFile()
+    {
+        constexpr qint64 size = 200'000'000;
+        writeFile(mPath, "start");
+        QVERIFY(QFile::resize(mPath, size));
+        rusage before = {};
+        ::getrusage(RUSAGE_SELF, &before);
+
+        QCOMPARE(replace(mPath, {{"a longer start"}, {.offset = 5, .length = size - 5}}).kind,
+                 Kind::Written);
+
+        rusage after = {};
+        ::getrusage(RUSAGE_SELF, &after);
+        QVERIFY(after.ru_maxrss - before.ru_maxrss < 8'000); // kilobytes
+        QCOMPARE(QFileInfo(mPath).size(), size + 9);
+        QFile file(mPath);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.read(16), QByteArray("a longer start\0\0", 16));
+    }
 
 private:
     std::unique_ptr<QTemporaryDir> mFolder;
     QString mPath;
 };
-
-void InPlaceFileTest::initTestCase()
-{
-    installTexts();
-    // The rights of files mean nothing to root.
-    constexpr uid_t nobody = 65534;
-    if (::geteuid() == 0)
-        QVERIFY(::setegid(nobody) == 0 && ::seteuid(nobody) == 0);
-}
-
-void InPlaceFileTest::holdsWhatItShall_data()
-{
-    constexpr int size = 300'000;
-    QTest::addColumn<int>("size");
-    QTest::addColumn<Parts>("parts");
-
-    const QByteArray tag(5000, 'T');
-    QTest::newRow("head and end of the same size")
-        << size << Parts{{tag}, {.offset = 5000, .length = size - 5128}, {QByteArray(128, 'E')}};
-    QTest::newRow("grown head") << size << Parts{{tag}, {.offset = 10, .length = size - 10}};
-    QTest::newRow("head grown by whole blocks")
-        << size << Parts{{QByteArray(131072, 'T')}, {.length = size}};
-    QTest::newRow("shrunk head") << size
-                                 << Parts{{tag}, {.offset = 200'000, .length = size - 200'000}};
-    QTest::newRow("head removed") << size << Parts{{.offset = 70'001, .length = size - 70'001}};
-    QTest::newRow("all in front") << size << Parts{{tag}, {.length = size}};
-    QTest::newRow("end added") << size << Parts{{.length = size}, {tag}};
-    QTest::newRow("end cut") << size << Parts{{.length = size - 128}};
-    QTest::newRow("ranges change places")
-        << size << Parts{{.offset = 200'000, .length = 100'000}, {tag}, {.length = 200'000}};
-    QTest::newRow("a range twice")
-        << size << Parts{{.length = size}, {.offset = 1000, .length = 90'000}, {tag}};
-    QTest::newRow("a range from where nothing changes and one from where it does")
-        << size << Parts{{.length = 1000}, {tag}, {.offset = 500, .length = 7000}};
-    QTest::newRow("emptied") << size << Parts{};
-    QTest::newRow("filled from nothing") << 0 << Parts{{tag}};
-    QTest::newRow("all new") << size << Parts{{QByteArray(70'000, 'N')}};
-}
-
-void InPlaceFileTest::holdsWhatItShall()
-{
-    QFETCH(int, size);
-    QFETCH(Parts, parts);
-    const QByteArray old = song(size);
-    writeFile(mPath, old);
-    const ino_t inode = statOf(mPath).st_ino;
-
-    const auto outcome = replace(mPath, parts);
-
-    QCOMPARE(outcome.error, QString());
-    QCOMPARE(outcome.kind, Kind::Written);
-    QVERIFY(fileContents(mPath) == bytesFrom(parts, old));
-    QCOMPARE(statOf(mPath).st_ino, inode);
-    QCOMPARE(leftOvers(), QStringList());
-}
-
-void InPlaceFileTest::leavesAnUnchangedFileAlone()
-{
-    const QByteArray old(200'000, 'x');
-    writeFile(mPath, old);
-    makeOld(mPath);
-    const timespec before = statOf(mPath).st_ctim;
-
-    // The moved range holds the same bytes as what stands there.
-    const auto outcome =
-        replace(mPath, {{old.left(70'000)}, {.offset = 50'000, .length = 130'000}});
-
-    QCOMPARE(outcome.kind, Kind::Unchanged);
-    QVERIFY(hasOldTime(mPath));
-    QCOMPARE(statOf(mPath).st_ctim.tv_nsec, before.tv_nsec);
-    QVERIFY(!QDir(stateFolder()).exists());
-}
-
-void InPlaceFileTest::keepsWhatBelongsToTheFile()
-{
-    writeFile(mPath, song(9000));
-    const QByteArray name = QFile::encodeName(mPath);
-    const QByteArray other = name + ".other";
-    setMode(mPath, 06751);
-    QCOMPARE(::link(name.constData(), other.constData()), 0);
-
-    QCOMPARE(replace(mPath, {{"tag"}, {.length = 9000}}).kind, Kind::Written);
-
-    QCOMPARE(statOf(mPath).st_mode & 07777, 06751U);
-    QCOMPARE(fileContents(QFile::decodeName(other)), "tag" + song(9000));
-}
-
-void InPlaceFileTest::keepsTimesWhenAsked()
-{
-    writeFile(mPath, song(9000));
-    makeOld(mPath);
-
-    QCOMPARE(replace(mPath, {{"tag"}, {.length = 9000}}, KeepTime::Yes).kind, Kind::Written);
-    QVERIFY(hasOldTime(mPath));
-
-    QCOMPARE(replace(mPath, {{"more"}, {.length = 9003}}, KeepTime::No).kind, Kind::Written);
-    QVERIFY(!hasOldTime(mPath));
-}
-
-void InPlaceFileTest::followsLinks()
-{
-    writeFile(mPath, song(9000));
-    const QString link = mFolder->filePath(QStringLiteral("link.mp3"));
-    QVERIFY(QFile::link(mPath, link));
-
-    QCOMPARE(replace(link, {{"tag"}}).kind, Kind::Written);
-
-    QVERIFY(QFileInfo(link).isSymLink());
-    QCOMPARE(fileContents(mPath), QByteArray("tag"));
-}
-
-void InPlaceFileTest::writesWhereNoFileCanBeMade()
-{
-    const QDir album(mFolder->filePath(QStringLiteral("album")));
-    QVERIFY(album.mkpath(QStringLiteral(".")));
-    const QString path = album.filePath(QStringLiteral("song.mp3"));
-    writeFile(path, song(9000));
-    setMode(album.path(), 0555);
-    QVERIFY(!QFile(album.filePath(QStringLiteral("new"))).open(QIODevice::WriteOnly));
-
-    const auto outcome = replace(path, {{"tag"}, {.length = 9000}});
-
-    setMode(album.path(), 0755); // for its removal
-    QCOMPARE(outcome.error, QString());
-    QCOMPARE(fileContents(path), "tag" + song(9000));
-    QCOMPARE(album.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
-}
-
-void InPlaceFileTest::refuses_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("no file") << QStringLiteral("none.mp3")
-                             << reason(std::errc::no_such_file_or_directory);
-    QTest::newRow("a folder") << QStringLiteral("folder") << reason(std::errc::is_a_directory);
-    QTest::newRow("a pipe, without waiting for its other end")
-        << QStringLiteral("pipe") << qtTrId("ReasonNotRegular");
-    QTest::newRow("a link to nowhere")
-        << QStringLiteral("link") << reason(std::errc::no_such_file_or_directory);
-    QTest::newRow("a file that another write has open")
-        << QStringLiteral("busy") << qtTrId("ReasonFileBusy");
-    QTest::newRow("a file that may only be read")
-        << QStringLiteral("protected") << reason(std::errc::permission_denied);
-}
-
-void InPlaceFileTest::refuses()
-{
-    QFETCH(QString, name);
-    const QDir folder(mFolder->path());
-    QVERIFY(folder.mkpath(QStringLiteral("folder")));
-    ::mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("pipe"))).constData(), 0600);
-    QFile::link(QStringLiteral("nowhere"), folder.filePath(QStringLiteral("link")));
-    writeFile(folder.filePath(QStringLiteral("protected")), "song");
-    setMode(folder.filePath(QStringLiteral("protected")), 0444);
-    writeFile(folder.filePath(QStringLiteral("busy")), "song");
-    const auto busy = InPlaceFile::open(folder.filePath(QStringLiteral("busy")));
-
-    const auto opened = InPlaceFile::open(folder.filePath(name));
-
-    QVERIFY(!opened.file);
-    QTEST(opened.error, "error");
-}
-
-void InPlaceFileTest::refusesAFileChangedSinceItWasOpened_data()
-{
-    QTest::addColumn<QString>("change");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("shortened") << QStringLiteral("shortened") << qtTrId("ReasonFileShortened");
-    QTest::newRow("lengthened") << QStringLiteral("lengthened") << qtTrId("ReasonFileChanged");
-    QTest::newRow("rewritten") << QStringLiteral("rewritten") << qtTrId("ReasonFileChanged");
-    QTest::newRow("replaced") << QStringLiteral("replaced") << qtTrId("ReasonFileReplaced");
-    QTest::newRow("removed") << QStringLiteral("removed") << qtTrId("ReasonFileReplaced");
-}
-
-void InPlaceFileTest::refusesAFileChangedSinceItWasOpened()
-{
-    QFETCH(QString, change);
-    writeFile(mPath, song(9000));
-    makeOld(mPath); // the next write shows in the time even where its unit is coarse
-    const auto opened = InPlaceFile::open(mPath);
-    QVERIFY(opened.file);
-    if (change == QStringLiteral("shortened"))
-        QVERIFY(QFile::resize(mPath, 100));
-    if (change == QStringLiteral("lengthened"))
-        QVERIFY(QFile::resize(mPath, 10'000));
-    if (change == QStringLiteral("rewritten"))
-        writeFile(mPath, song(9000).toUpper());
-    if (change == QStringLiteral("replaced") || change == QStringLiteral("removed"))
-        QVERIFY(QFile::remove(mPath));
-    if (change == QStringLiteral("replaced"))
-        writeFile(mPath, song(9000));
-    const QByteArray theirs = QFile::exists(mPath) ? fileContents(mPath) : QByteArray();
-
-    const auto outcome =
-        opened.file->replaceContents(contentsFrom({{"tag"}, {.length = 9000}}), KeepTime::No);
-
-    QCOMPARE(outcome.kind, Kind::Failed);
-    QTEST(outcome.error, "error");
-    QCOMPARE(QFile::exists(mPath) ? fileContents(mPath) : QByteArray(), theirs);
-    QCOMPARE(leftOvers(), QStringList());
-}
-
-void InPlaceFileTest::refusesWhereTheOldBytesCannotBeKept_data()
-{
-    QTest::addColumn<QString>("folder");
-    QTest::newRow("no state folder can be made") << QStringLiteral("state");
-    QTest::newRow("no folder can be made in it") << QStringLiteral("state/tagwright");
-    QTest::newRow("no journal can be made") << QStringLiteral("state/tagwright/journal");
-}
-
-void InPlaceFileTest::refusesWhereTheOldBytesCannotBeKept()
-{
-    QFETCH(QString, folder);
-    writeFile(mPath, song(9000));
-    QVERIFY(QDir(mFolder->path()).mkpath(folder));
-    setMode(mFolder->filePath(folder), 0555);
-
-    const auto outcome = replace(mPath, {{"tag"}, {.length = 9000}});
-
-    QCOMPARE(outcome.kind, Kind::Failed);
-    QCOMPARE(
-        outcome.error,
-        qtTrId("ReasonNoJournal")
-            .arg(stateFolder() + QStringLiteral("/journal"), reason(std::errc::permission_denied)));
-    QCOMPARE(fileContents(mPath), song(9000));
-}
-
-void InPlaceFileTest::leavesTheOldBytesWhenThereIsNoRoom()
-{
-    writeFile(mPath, song(300'000));
-    rlimit former = {};
-    ::getrlimit(RLIMIT_FSIZE, &former);
-    // Enough for the journal, which holds little of what is only lengthened, but not for the song.
-    const rlimit limit = {.rlim_cur = 400'000, .rlim_max = former.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-
-    const auto outcome =
-        replace(mPath, {{"tag"}, {.offset = 3, .length = 299'997}, {.length = 100'001}});
-
-    ::setrlimit(RLIMIT_FSIZE, &former);
-    QCOMPARE(outcome.kind, Kind::Failed);
-    QCOMPARE(outcome.error, reason(std::errc::file_too_large));
-    QVERIFY(fileContents(mPath) == song(300'000));
-    QCOMPARE(leftOvers(), QStringList());
-}
-
-void InPlaceFileTest::readsRangesOfTheOpenFile()
-{
-    writeFile(mPath, song(9000));
-    const auto opened = InPlaceFile::open(mPath);
-    QVERIFY(opened.file);
-    QCOMPARE(opened.file->size(), 9000);
-    QCOMPARE(opened.file->read(100, 50), song(9000).mid(100, 50));
-    QCOMPARE(opened.file->read(8990, 50), song(9000).right(10));
-    QCOMPARE(opened.file->read(20'000, 50), QByteArray());
-    QVERIFY(QFile::resize(mPath, 100));
-    QCOMPARE(opened.file->read(50, 100), song(9000).mid(50, 50));
-}
-
-void InPlaceFileTest::copiesLittleMemoryForAHugeFile()
-{
-    constexpr qint64 size = 200'000'000;
-    writeFile(mPath, "start");
-    QVERIFY(QFile::resize(mPath, size));
-    rusage before = {};
-    ::getrusage(RUSAGE_SELF, &before);
-
-    QCOMPARE(replace(mPath, {{"a longer start"}, {.offset = 5, .length = size - 5}}).kind,
-             Kind::Written);
-
-    rusage after = {};
-    ::getrusage(RUSAGE_SELF, &after);
-    QVERIFY(after.ru_maxrss - before.ru_maxrss < 8'000); // kilobytes
-    QCOMPARE(QFileInfo(mPath).size(), size + 9);
-    QFile file(mPath);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.read(16), QByteArray("a longer start\0\0", 16));
-}
 
 QTEST_GUILESS_MAIN(InPlaceFileTest)
 #include "tst_inplacefile.moc"

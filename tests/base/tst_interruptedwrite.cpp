@@ -1,11 +1,11 @@
 #include "base/descriptor.h"
 #include "base/texts.h"
 #include "support/songscene.h"
+#include "support/table.h"
 #include "support/tempfiles.h"
 
 #include <QFile>
 #include <QRegularExpression>
-#include <QTest>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -14,6 +14,8 @@
 // Every write is done in a process of its own that is killed, or whose calls fail, at each of the
 // system calls that change a file, one after the other. Whatever happens, the song must hold
 // its old bytes or its new ones afterwards.
+
+using namespace Qt::StringLiterals;
 
 namespace {
 using Kind = Disturbance::Kind;
@@ -33,6 +35,8 @@ struct {
     {"disk fails for good", {.kind = Kind::FailFromThere, .error = EIO}},
 };
 
+const Shape &grown = shapes()[1];
+
 /// Disturbs runs at each of their system calls, one after the other, until a call is not reached.
 template<typename Check>
 void forEachDisturbance(Check check)
@@ -50,13 +54,21 @@ void forEachDisturbance(Check check)
 }
 
 /// Kills writes of the song until one leaves it neither old nor new.
-void leaveAMix(const Scene &scene, const Shape &shape)
+void leaveAMix(const Scene &scene, const Shape &shape = grown)
 {
     const Quiet quiet;
     for (int at = 0; scene.isOld(); ++at) {
         recoverInterruptedWrites(); // drops the journal of the write before
         write(scene, shape, {.kind = Kind::KillHalfway, .at = at});
     }
+}
+
+/// After a start of the program the song is whole and nothing is left over.
+void checkSettled(const Scene &scene, const Shape &shape, const char *what)
+{
+    recoverInterruptedWrites();
+    QVERIFY2(scene.isOld() || scene.isNew(shape), what);
+    QVERIFY2(leftOvers().isEmpty(), what);
 }
 } // namespace
 
@@ -72,175 +84,146 @@ private Q_SLOTS:
     }
 
     void leavesOldOrNew_data() { addShapes(); }
-    void leavesOldOrNew();
-    void recoveryIsInterruptedItself_data();
-    void recoveryIsInterruptedItself();
-    void leavesAForeignSongAlone_data();
-    void leavesAForeignSongAlone();
-    void waitsForASongThatIsAway();
-    void leavesTheJournalOfALivingWriter();
-    void putsASongRightBeforeItIsWritten();
 
-private:
-    static void checkSettled(const Scene &scene, const Shape &shape, const char *what);
-};
-
-/// After a start of the program the song is whole and nothing is left over.
-void InterruptedWriteTest::checkSettled(const Scene &scene, const Shape &shape, const char *what)
-{
-    recoverInterruptedWrites();
-    QVERIFY2(scene.isOld() || scene.isNew(shape), what);
-    QVERIFY2(leftOvers().isEmpty(), what);
-}
-
-void InterruptedWriteTest::leavesOldOrNew()
-{
-    QFETCH(Shape, shape);
-    const Quiet quiet;
-    forEachDisturbance([&](Disturbance disturbance, const char *what, TracedRun &run) {
-        const Scene scene;
-        run = write(scene, shape, disturbance);
-        if (!run.wasKilled) {
-            const bool isUndisturbed = disturbance.at >= run.calls;
-            QVERIFY2(run.status == Written || (run.status == Failed && !isUndisturbed), what);
-            if (run.status == Written)
-                QVERIFY2(scene.isNew(shape), what);
-            else if (disturbance.kind != Kind::FailFromThere)
-                QVERIFY2(scene.isOld(), what);
-        }
-        checkSettled(scene, shape, what);
-        if (run.wasKilled && scene.isOld())
-            QVERIFY2(hasOldTime(scene.path()), what);
-    });
-}
-
-void InterruptedWriteTest::recoveryIsInterruptedItself_data()
-{
-    QTest::addColumn<Shape>("shape");
-    QTest::addColumn<bool>("isWrittenAgain");
-    for (const Shape &shape : shapes())
-        QTest::newRow(shape.name) << shape << false;
-    QTest::newRow("by the next write") << shapes()[1] << true;
-}
-
-void InterruptedWriteTest::recoveryIsInterruptedItself()
-{
-    QFETCH(Shape, shape);
-    QFETCH(bool, isWrittenAgain);
-    const Scene scene;
-    leaveAMix(scene, shape);
-    const QString journal = leftOvers().constFirst();
-    const QByteArray mix = fileContents(scene.path());
-    const QByteArray saved = fileContents(journal);
-    const Quiet quiet;
-    forEachDisturbance([&](Disturbance disturbance, const char *what, TracedRun &run) {
-        writeFile(scene.path(), mix);
-        writeFile(journal, saved);
-        run = isWrittenAgain ? write(scene, shape, disturbance) : recover(disturbance);
-        QVERIFY2(!isWrittenAgain || run.status != Written || scene.isNew(shape), what);
-        checkSettled(scene, shape, what);
-        if (run.wasKilled && !(isWrittenAgain && scene.isNew(shape)))
-            QVERIFY2(scene.isOld() && hasOldTime(scene.path()), what);
-    });
-}
-
-void InterruptedWriteTest::leavesAForeignSongAlone_data()
-{
-    QTest::addColumn<QByteArray>("theirs");
-    QTest::addColumn<bool>("isNewFile");
-    QTest::addColumn<int>("kept");
-    const Shape grown = shapes()[1];
-    QByteArray edited = grown.expected;
-    edited[50'000] = static_cast<char>(~edited[50'000] ^ oldBytes()[50'000] ^ edited[49'999]);
-    QTest::newRow("one byte edited") << edited << false << 1;
-    QTest::newRow("written anew") << noise(songSize, 9) << false << 1;
-    QTest::newRow("longer than old and new") << grown.expected + "end" << false << 1;
-    QTest::newRow("shorter than old and new") << oldBytes().chopped(1) << false << 1;
-    QTest::newRow("another file in its place") << noise(songSize, 9) << true << 1;
-    QTest::newRow("the old file put back from a copy") << oldBytes() << true << 0;
-}
-
-void InterruptedWriteTest::leavesAForeignSongAlone()
-{
-    QFETCH(QByteArray, theirs);
-    QFETCH(bool, isNewFile);
-    QFETCH(int, kept);
-    const Shape grown = shapes()[1];
-    const Scene scene;
-    leaveAMix(scene, grown);
-    if (isNewFile)
-        QVERIFY(QFile::rename(scene.path(), scene.path() + QStringLiteral("~")));
-    writeFile(scene.path(), theirs);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("song\\.mp3")));
-
-    recoverInterruptedWrites();
-
-    QVERIFY(fileContents(scene.path()) == theirs);
-    QCOMPARE(leftOvers().size(), kept);
-    recoverInterruptedWrites(); // what was put aside is not looked at again
-    QCOMPARE(leftOvers().size(), kept);
-}
-
-void InterruptedWriteTest::waitsForASongThatIsAway()
-{
-    const Shape grown = shapes()[1];
-    const Scene scene;
-    leaveAMix(scene, grown);
-    const QString away = scene.path() + QStringLiteral(".away");
-    QVERIFY(QFile::rename(scene.path(), away));
-    const Quiet quiet;
-    recoverInterruptedWrites();
-    QCOMPARE(leftOvers().size(), 1);
-
-    // Copied back: the inode is another one, but the bytes are those of the write.
-    QVERIFY(QFile::copy(away, scene.path()));
-    recoverInterruptedWrites();
-    QVERIFY(scene.isOld());
-    QCOMPARE(leftOvers(), QStringList());
-}
-
-void InterruptedWriteTest::leavesTheJournalOfALivingWriter()
-{
-    const Shape grown = shapes()[1];
-    const Scene scene;
-    int seen = 0;
-    int journalsMade = 0;
-    const Quiet quiet;
-    const auto result = write(scene, grown, {}, [&](const TracedCall &call) {
-        // A journal may be taken for a dead one until it is locked;
-        // the writer makes another one then, but not for ever.
-        journalsMade += call.number == SYS_openat ? 1 : 0;
-        if (call.number == SYS_openat && journalsMade > 1)
-            return;
-        recoverInterruptedWrites();
-        seen += static_cast<int>(leftOvers().size());
-    });
-    QCOMPARE(result.status, Written);
-    QCOMPARE(journalsMade, 2);
-    QVERIFY(seen > 5);
-    QVERIFY(scene.isNew(grown));
-}
-
-void InterruptedWriteTest::putsASongRightBeforeItIsWritten()
-{
-    const Shape grown = shapes()[1];
-    const Scene scene;
-    leaveAMix(scene, grown);
-    const QByteArray mix = fileContents(scene.path());
-    const Quiet quiet;
+    void leavesOldOrNew()
     {
-        const QByteArray journal = QFile::encodeName(leftOvers().constFirst());
-        const Descriptor busyWithIt(::open(journal.constData(), O_RDWR | O_CLOEXEC));
-        QVERIFY(lockFile(busyWithIt.get(), std::chrono::milliseconds(0)));
-        QCOMPARE(InPlaceFile::open(scene.path()).error, qtTrId("ReasonFileBusy"));
-        QVERIFY(fileContents(scene.path()) == mix);
+        QFETCH(Shape, shape);
+        const Quiet quiet;
+        forEachDisturbance([&](Disturbance disturbance, const char *what, TracedRun &run) {
+            const Scene scene;
+            run = write(scene, shape, disturbance);
+            if (!run.wasKilled) {
+                const bool isUndisturbed = disturbance.at >= run.calls;
+                QVERIFY2(run.status == Written || (run.status == Failed && !isUndisturbed), what);
+                if (run.status == Written)
+                    QVERIFY2(scene.isNew(shape), what);
+                else if (disturbance.kind != Kind::FailFromThere)
+                    QVERIFY2(scene.isOld(), what);
+            }
+            checkSettled(scene, shape, what);
+            if (run.wasKilled && scene.isOld())
+                QVERIFY2(hasOldTime(scene.path()), what);
+        });
     }
-    const auto opened = InPlaceFile::open(scene.path());
-    QCOMPARE(opened.error, QString());
-    QCOMPARE(opened.file->size(), songSize);
-    QVERIFY(scene.isOld());
-    QCOMPARE(leftOvers(), QStringList());
-}
+
+    void recoveryIsInterruptedItself_data()
+    {
+        const Table<Shape, bool> row("shape", "isWrittenAgain");
+        for (const Shape &shape : shapes())
+            row(shape.name, shape, false);
+        row("by the next write", grown, true);
+    }
+
+    void recoveryIsInterruptedItself()
+    {
+        QFETCH(Shape, shape);
+        QFETCH(bool, isWrittenAgain);
+        const Scene scene;
+        leaveAMix(scene, shape);
+        const QString journal = leftOvers().constFirst();
+        const QByteArray mix = fileContents(scene.path());
+        const QByteArray saved = fileContents(journal);
+        const Quiet quiet;
+        forEachDisturbance([&](Disturbance disturbance, const char *what, TracedRun &run) {
+            writeFile(scene.path(), mix);
+            writeFile(journal, saved);
+            run = isWrittenAgain ? write(scene, shape, disturbance) : recover(disturbance);
+            QVERIFY2(!isWrittenAgain || run.status != Written || scene.isNew(shape), what);
+            checkSettled(scene, shape, what);
+            if (run.wasKilled && !(isWrittenAgain && scene.isNew(shape)))
+                QVERIFY2(scene.isOld() && hasOldTime(scene.path()), what);
+        });
+    }
+
+    void leavesAForeignSongAlone_data()
+    {
+        const Table<QByteArray, bool, int> row("theirs", "isNewFile", "kept");
+        QByteArray edited = grown.expected;
+        edited[50'000] = static_cast<char>(~edited[50'000] ^ oldBytes()[50'000] ^ edited[49'999]);
+        row("one byte edited", edited, false, 1);
+        row("longer than old and new", grown.expected + "end", false, 1);
+        row("shorter than old and new", oldBytes().chopped(1), false, 1);
+        row("another file in its place", noise(songSize, 9), true, 1);
+        row("the old file put back from a copy", oldBytes(), true, 0);
+    }
+
+    void leavesAForeignSongAlone()
+    {
+        QFETCH(QByteArray, theirs);
+        QFETCH(bool, isNewFile);
+        QFETCH(int, kept);
+        const Scene scene;
+        leaveAMix(scene);
+        if (isNewFile)
+            QVERIFY(QFile::rename(scene.path(), scene.path() + u"~"_s));
+        writeFile(scene.path(), theirs);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"song\\.mp3"_s));
+
+        recoverInterruptedWrites();
+
+        QVERIFY(fileContents(scene.path()) == theirs);
+        QCOMPARE(leftOvers().size(), kept);
+        recoverInterruptedWrites(); // what was put aside is not looked at again
+        QCOMPARE(leftOvers().size(), kept);
+    }
+
+    void waitsForASongThatIsAway()
+    {
+        const Scene scene;
+        leaveAMix(scene);
+        const QString away = scene.path() + u".away"_s;
+        QVERIFY(QFile::rename(scene.path(), away));
+        const Quiet quiet;
+        recoverInterruptedWrites();
+        QCOMPARE(leftOvers().size(), 1);
+
+        // Copied back: the inode is another one, but the bytes are those of the write.
+        QVERIFY(QFile::copy(away, scene.path()));
+        recoverInterruptedWrites();
+        QVERIFY(scene.isOld());
+        QCOMPARE(leftOvers(), QStringList());
+    }
+
+    void leavesTheJournalOfALivingWriter()
+    {
+        const Scene scene;
+        int seen = 0;
+        int journalsMade = 0;
+        const Quiet quiet;
+        const auto result = write(scene, grown, {}, [&](const TracedCall &call) {
+            // A journal may be taken for a dead one until it is locked;
+            // the writer makes another one then, but not for ever.
+            journalsMade += call.number == SYS_openat ? 1 : 0;
+            if (call.number == SYS_openat && journalsMade > 1)
+                return;
+            recoverInterruptedWrites();
+            seen += static_cast<int>(leftOvers().size());
+        });
+        QCOMPARE(result.status, Written);
+        QCOMPARE(journalsMade, 2);
+        QVERIFY(seen > 5);
+        QVERIFY(scene.isNew(grown));
+    }
+
+    void putsASongRightBeforeItIsWritten()
+    {
+        const Scene scene;
+        leaveAMix(scene);
+        const QByteArray mix = fileContents(scene.path());
+        const Quiet quiet;
+        {
+            const QByteArray journal = QFile::encodeName(leftOvers().constFirst());
+            const Descriptor busyWithIt(::open(journal.constData(), O_RDWR | O_CLOEXEC));
+            QVERIFY(lockFile(busyWithIt.get(), std::chrono::milliseconds(0)));
+            QCOMPARE(InPlaceFile::open(scene.path()).error, qtTrId("ReasonFileBusy"));
+            QVERIFY(fileContents(scene.path()) == mix);
+        }
+        const auto opened = InPlaceFile::open(scene.path());
+        QVERIFY2(opened.file, qPrintable(opened.error));
+        QVERIFY(scene.isOld());
+        QCOMPARE(leftOvers(), QStringList());
+    }
+};
 
 QTEST_GUILESS_MAIN(InterruptedWriteTest)
 #include "tst_interruptedwrite.moc"

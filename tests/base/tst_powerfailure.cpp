@@ -13,6 +13,8 @@
 // What a disk holds after a power failure: what was synced, and of all that was written since any
 // sectors, in any order. Names of files come and go with the sync of their folder.
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr qsizetype sectorSize = 512;
 
@@ -41,8 +43,7 @@ public:
     {
         if (call.number != SYS_fsync && call.number != SYS_fdatasync)
             return;
-        const QString path =
-            QFile::symLinkTarget(QStringLiteral("/proc/%1/fd/%2").arg(call.pid).arg(call.fd));
+        const QString path = QFile::symLinkTarget(u"/proc/%1/fd/%2"_s.arg(call.pid).arg(call.fd));
         if (QFileInfo(path).isDir())
             mIsNameSynced = path == folder();
         else
@@ -75,7 +76,7 @@ public:
     }
 
 private:
-    static QString folder() { return stateFolder() + QStringLiteral("/journal"); }
+    static QString folder() { return stateFolder() + u"/journal"_s; }
 
     QString mSong;
     QMap<QString, QByteArray> mSynced;
@@ -96,34 +97,33 @@ private Q_SLOTS:
     }
 
     void leavesOldOrNew_data() { addShapes(); }
-    void leavesOldOrNew();
-};
 
-void PowerFailureTest::leavesOldOrNew()
-{
-    QFETCH(Shape, shape);
-    const Quiet quiet;
-    int restored = 0;
-    TracedRun run;
-    for (int at = 0; at <= run.calls; ++at) {
-        const Scene scene;
-        Disk disk(scene);
-        run = write(scene, shape, {.kind = Disturbance::Kind::KillAfter, .at = at},
-                    [&](const TracedCall &call) { disk.watch(call); });
-        disk.failPower();
-        for (quint32 seed = 0; seed < 16; ++seed) {
-            disk.start(seed);
-            restored += scene.isOld() || scene.isNew(shape) ? 0 : 1;
+    void leavesOldOrNew()
+    {
+        QFETCH(Shape, shape);
+        const Quiet quiet;
+        int restored = 0;
+        TracedRun run;
+        for (int at = 0; at <= run.calls; ++at) {
+            const Scene scene;
+            Disk disk(scene);
+            run = write(scene, shape, {.kind = Disturbance::Kind::KillAfter, .at = at},
+                        [&](const TracedCall &call) { disk.watch(call); });
+            disk.failPower();
+            for (quint32 seed = 0; seed < 16; ++seed) {
+                disk.start(seed);
+                restored += scene.isOld() || scene.isNew(shape) ? 0 : 1;
 
-            recoverInterruptedWrites();
+                recoverInterruptedWrites();
 
-            const auto what = QStringLiteral("call %1, seed %2").arg(at).arg(seed).toLatin1();
-            QVERIFY2(scene.isOld() || scene.isNew(shape), what.constData());
-            QCOMPARE(leftOvers(), QStringList());
+                const auto what = u"call %1, seed %2"_s.arg(at).arg(seed).toLatin1();
+                QVERIFY2(scene.isOld() || scene.isNew(shape), what.constData());
+                QCOMPARE(leftOvers(), QStringList());
+            }
         }
+        QVERIFY(restored > 3);
     }
-    QVERIFY(restored > 3);
-}
+};
 
 QTEST_GUILESS_MAIN(PowerFailureTest)
 #include "tst_powerfailure.moc"

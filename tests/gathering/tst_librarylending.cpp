@@ -1,8 +1,8 @@
 #include "gathering/librarylending.h"
 
+#include "support/songs.h"
 #include "support/table.h"
 #include "support/tempfiles.h"
-#include "support/writtensong.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>

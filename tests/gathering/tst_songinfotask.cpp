@@ -4,8 +4,8 @@
 #include "gathering/librarylending.h"
 #include "gathering/songinfotask.h"
 #include "support/httpserver.h"
+#include "support/songs.h"
 #include "support/table.h"
-#include "support/writtensong.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>

@@ -41,9 +41,10 @@ public:
     std::function<void()> onRefresh = [] {};
 };
 
-void setTime(const QString &path, const QDateTime &time)
+void makeOlder(const QString &path, int seconds)
 {
     QFile file(path);
+    const auto time = QDateTime::currentDateTime().addSecs(-seconds);
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
 }
@@ -54,272 +55,234 @@ class TestSongFile : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void isSong();
-    void statusByWritability();
-    void otherPathEndsFollowing();
-    void laterSongOfAPathIsFound();
-    void tagIsReadOnceAndKnowsThePlaylist();
-    void lazyTagsAreReplaced();
-    void reasonOfNoTag();
-    void refreshTellsChanges();
-    void movedFileIsFollowed();
-    void relativePathStaysAsGiven();
-    void vanishedFileIsAProblem();
-    void writeKeepsAttributesAndIsNoOutsideChange();
-    void refusesToWrite();
-    void failedWriteIsAProblem();
-    void playerIsPausedForItsSongAlone();
-    void libraryRefresh_data();
-    void libraryRefresh();
+    void init()
+    {
+        mFolder = std::make_unique<QTemporaryDir>();
+        QFile::setPermissions(mFolder->path(), QFile::Permissions(0x7777));
+        mPath = path(u"song.mp3"_s);
+        writtenSong(mPath, {.title = u"Neon Rain"_s, .artist = u"The Lanterns"_s});
+        mSong = SongFile::songWithPath(mPath);
+    }
+
+    /// Sizes are signed 32-bit numbers: 2 GB are negative, and beyond 4 GB they count anew.
+    void isSong()
+    {
+        constexpr qint64 twoGB = qint64(1) << 31;
+        QVERIFY(QFile::link(path(u"sparse"_s), path(u"link"_s)));
+        writeFile(path(u"sparse"_s), {});
+        for (const auto &[size, isSong] : {std::pair<qint64, bool>(255, false),
+                                           {256, true},
+                                           {twoGB, false},
+                                           {2 * twoGB + 255, false},
+                                           {2 * twoGB + 256, true}}) {
+            QVERIFY(QFile::resize(path(u"sparse"_s), size));
+            QCOMPARE(SongFile::songWithPath(path(u"sparse"_s)) != nullptr, isSong);
+            QCOMPARE(SongFile::songWithPath(path(u"link"_s)) != nullptr, isSong);
+        }
+        QVERIFY(!SongFile::songWithPath(mFolder->path()));
+        QVERIFY(!SongFile::songWithPath(path(u"missing"_s)));
+    }
+
+    void statusByWritability()
+    {
+        QVERIFY(QFile::setPermissions(mPath, QFile::ReadOwner | QFile::ReadOther));
+        const auto locked = withoutRights([&] { return SongFile::songWithPath(mPath); });
+        QCOMPARE(locked->activityStatus(), SongStatus::Locked);
+        QVERIFY(!locked->canWriteToOriginalPath());
+        mSong->setActivityStatus(SongStatus::Problem);
+        QVERIFY(!mSong->canWriteToOriginalPath());
+        mSong->setDefaultActivityStatus();
+        QVERIFY(mSong->canWriteToOriginalPath());
+    }
+
+    void laterSongOfAPathIsFound()
+    {
+        const auto later = SongFile::songWithPath(mPath);
+        const SongList songs{mSong, later, SongFile::songWithPath(mPath)};
+        songs[2]->setPath(mPath.toUpper());
+        QCOMPARE(songWithPathInArray(mPath, songs), later);
+        QVERIFY(!songWithPathInArray({}, songs));
+    }
+
+    void tagIsKeptUnlessLazyAndKnowsThePlaylist()
+    {
+        mSong->setPlayList(u"Mix"_s, 7);
+        QCOMPARE(mSong->infotag()->playlistIndex(), 7);
+        mSong->setPlayList(u"Mix"_s, 8);
+        QCOMPARE(mSong->infotag()->playlistIndex(), 8);
+        for (const auto &[isLazy, title] : {std::pair(false, u"Kept"_s), {true, u"Neon Rain"_s}}) {
+            mSong->infotag()->setTitle(u"Kept"_s);
+            mSong->infotag()->setIsLazy(isLazy);
+            mSong->ensureInfotagIsReal();
+            QCOMPARE(mSong->infotag()->title(), title);
+        }
+    }
+
+    void reasonOfNoTag()
+    {
+        for (const char *name : {"secret.mp3", "notes.txt", "notes.m4a"})
+            writeFile(path(QLatin1String(name)), QByteArray(5000, 'a'));
+        QVERIFY(QFile::setPermissions(path(u"secret.mp3"_s), QFile::Permissions()));
+        for (const auto &[name, reason] : {std::pair(u"missing.mp3"_s, u"ErrorSongVanished"_s),
+                                           {u"secret.mp3"_s, u"ErrorCannotOpenForRead"_s},
+                                           {u"notes.txt"_s, u"ErrorNoSong"_s},
+                                           {u"notes.m4a"_s, u"ErrorMP4NotYet"_s}}) {
+            if (name.endsWith(u".mp3"))
+                QTest::ignoreMessage(QtWarningMsg,
+                                     qPrintable(u"MP3 nil filehandle for %1"_s.arg(path(name))));
+            SongFile song(path(name), {});
+            QVERIFY(withoutRights([&] { return song.infotag() == nullptr; }));
+            QCOMPARE(song.reasonOfNoTag(), reason);
+        }
+    }
+
+    void refreshTellsChanges()
+    {
+        QVERIFY(mSong->infotag());
+        QVERIFY(!mSong->refresh());
+        QVERIFY(mSong->hasInfotagCached());
+        makeOlder(mPath, 60);
+        QVERIFY(mSong->refresh());
+        QVERIFY(!mSong->hasInfotagCached());
+        makeOlder(mPath, 90);
+        mSong->adoptCurrentModificationDate();
+        QVERIFY(!mSong->refresh());
+    }
+
+    void movedFileIsFollowedUntilAnotherPathIsSet()
+    {
+        mSong->setAliasFromPath();
+        QVERIFY(QFile::rename(mPath, path(u"moved.mp3"_s)));
+        QVERIFY(!mSong->refresh());
+        QCOMPARE(mSong->path(), path(u"moved.mp3"_s));
+        QCOMPARE(mSong->activityStatus(), SongStatus::Ready);
+        mSong->setPath(mSong->path());
+        QVERIFY(mSong->hasAlias());
+        mSong->setPath(mPath);
+        QVERIFY(!mSong->hasAlias());
+    }
+
+    void relativePathStaysAsGiven()
+    {
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(mFolder->path()));
+        const auto song = SongFile::songWithPath(u"song.mp3"_s);
+        song->setAliasFromPath();
+        song->updatePathFromAlias();
+        QDir::setCurrent(before);
+        QCOMPARE(song->path(), u"song.mp3"_s);
+    }
+
+    void vanishedFileIsAProblem()
+    {
+        mSong->setAliasFromPath();
+        QVERIFY(QFile::remove(mPath));
+        QVERIFY(!mSong->refresh());
+        QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
+        QCOMPARE(mSong->path(), mPath);
+        QCOMPARE(mSong->reasonNotToWrite(), u"ErrorSongVanished"_s);
+    }
+
+    void writeKeepsAttributesAndIsNoOutsideChange()
+    {
+        const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+        QVERIFY(QFile::setPermissions(mPath, permissions));
+        makeOlder(mPath, 60);
+        mSong->refresh();
+        QCOMPARE(writeTitle(), Outcome::Kind::Written);
+        QVERIFY(mSong->hasAlias());
+        QVERIFY(!mSong->refresh());
+        QCOMPARE(QFile::permissions(mPath)
+                     & ~QFile::Permissions(QFile::ReadUser | QFile::WriteUser),
+                 permissions);
+        QCOMPARE(SongFile::songWithPath(mPath)->infotag()->title(), u"Paper Moons"_s);
+    }
+
+    void refusesToWrite()
+    {
+        const QByteArray before = fileContents(mPath);
+        mSong->infotag()->setTitle(u"Paper Moons"_s);
+        for (const auto &[status, error] : {std::pair(SongStatus::Locked, u"ErrorSongLocked"_s),
+                                            {SongStatus::Problem, u"ErrorSongHasProblem"_s}}) {
+            mSong->setActivityStatus(status);
+            const auto outcome = mSong->writeToOriginalPath({}, nullptr);
+            QCOMPARE(outcome.kind, Outcome::Kind::Failed);
+            QCOMPARE(outcome.error, error);
+            QCOMPARE(fileContents(mPath), before);
+            QCOMPARE(mSong->activityStatus(), status);
+        }
+    }
+
+    void failedWriteIsAProblem()
+    {
+        // no tag held
+        QCOMPARE(mSong->writeToOriginalPath({}, nullptr).kind, Outcome::Kind::Failed);
+        QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
+        QVERIFY(SongFile({}, {}).writeToOriginalPath({}, nullptr).kind == Outcome::Kind::Unchanged);
+    }
+
+    void playerIsPausedForItsSongAloneAndAlwaysResumed()
+    {
+        FakeLibrary library;
+        library.playing = path(u"other.mp3"_s);
+        QCOMPARE(writeTitle(&library), Outcome::Kind::Written);
+        QCOMPARE(library.calls, QStringList());
+        library.playing = mPath;
+        QVERIFY(QFile::remove(mPath));
+        QCOMPARE(writeTitle(&library), Outcome::Kind::Failed);
+        QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
+        QCOMPARE(library.calls, QStringList({u"pause"_s, u"resume"_s}));
+    }
+
+    void libraryRefresh_data()
+    {
+        const Table<QString, QString, QString, QString> row("byID", "byTitle", "meanwhile",
+                                                            "expected");
+        row("the path by ID is taken", u"new.mp3"_s, {}, {}, u"new.mp3"_s);
+        row("no answer, nothing moved", {}, {}, {}, u"song.mp3"_s);
+        row("no answer, the file is followed", {}, {}, u"moves"_s, u"moved.mp3"_s);
+        row("the path by title, where there is still a file", {}, u"new.mp3"_s, u"moves"_s,
+            u"moved.mp3"_s);
+        row("the path by title, where the file is gone", {}, u"new.mp3"_s, u"goes"_s, u"new.mp3"_s);
+    }
+
+    void libraryRefresh()
+    {
+        QFETCH(QString, byID);
+        QFETCH(QString, byTitle);
+        QFETCH(QString, meanwhile);
+        QFETCH(QString, expected);
+        FakeLibrary library;
+        library.pathByID = byID.isEmpty() ? std::nullopt : std::optional(path(byID));
+        library.pathByTitle = byTitle.isEmpty() ? std::nullopt : std::optional(path(byTitle));
+        library.onRefresh = [&] {
+            if (meanwhile == u"moves")
+                QVERIFY(QFile::rename(mPath, path(u"moved.mp3"_s)));
+            if (meanwhile == u"goes")
+                QVERIFY(QFile::remove(mPath));
+        };
+        mSong->setPlayList(u"Mix"_s, 3);
+        mSong->setiTunesDBID(7);
+        mSong->rememberOriginalValuesForLaterRefresh();
+        QCOMPARE(writeTitle(&library, {.refreshLibrary = true}), Outcome::Kind::Written);
+        QCOMPARE(mSong->path(), path(expected));
+        QCOMPARE(library.calls.value(0), u"refresh 7 in Mix"_s);
+        QCOMPARE(library.calls.value(1),
+                 byID.isEmpty() ? u"refresh Neon Rain by The Lanterns"_s : QString());
+    }
 
 private:
+    Outcome::Kind writeTitle(iTunesInterface *library = nullptr, const WriteOptions &options = {})
+    {
+        mSong->infotag()->setTitle(u"Paper Moons"_s);
+        return mSong->writeToOriginalPath(options, library).kind;
+    }
     [[nodiscard]] QString path(const QString &name) const { return mFolder->filePath(name); }
 
     std::unique_ptr<QTemporaryDir> mFolder;
     QString mPath;
     std::shared_ptr<SongFile> mSong;
 };
-
-void TestSongFile::init()
-{
-    mFolder = std::make_unique<QTemporaryDir>();
-    QFile::setPermissions(mFolder->path(), QFile::Permissions(0x7777));
-    mPath = path(u"song.mp3"_s);
-    makeSong(mPath, {.title = u"Neon Rain"_s, .artist = u"The Lanterns"_s});
-    mSong = SongFile::songWithPath(mPath);
-}
-
-/// Sizes are signed 32-bit numbers: 2 GB are negative, and beyond 4 GB they count anew.
-void TestSongFile::isSong()
-{
-    constexpr qint64 twoGB = qint64(1) << 31;
-    QVERIFY(QFile::link(path(u"sparse"_s), path(u"link"_s)));
-    writeFile(path(u"sparse"_s), {});
-    for (const auto &[size, isSong] : {std::pair<qint64, bool>(255, false),
-                                       {256, true},
-                                       {twoGB, false},
-                                       {2 * twoGB + 255, false},
-                                       {2 * twoGB + 256, true}}) {
-        QVERIFY(QFile::resize(path(u"sparse"_s), size));
-        QCOMPARE(SongFile::songWithPath(path(u"sparse"_s)) != nullptr, isSong);
-        QCOMPARE(SongFile::songWithPath(path(u"link"_s)) != nullptr, isSong);
-    }
-    QVERIFY(!SongFile::songWithPath(mFolder->path()));
-    QVERIFY(!SongFile::songWithPath(path(u"missing"_s)));
-}
-
-void TestSongFile::statusByWritability()
-{
-    QVERIFY(QFile::setPermissions(mPath, QFile::ReadOwner | QFile::ReadOther));
-    const auto locked = withoutRights([&] { return SongFile::songWithPath(mPath); });
-    QCOMPARE(locked->activityStatus(), SongStatus::Locked);
-    QVERIFY(!locked->canWriteToOriginalPath());
-    QCOMPARE(mSong->activityStatus(), SongStatus::Ready);
-    mSong->setActivityStatus(SongStatus::Problem);
-    QVERIFY(!mSong->canWriteToOriginalPath());
-    mSong->setDefaultActivityStatus();
-    QVERIFY(mSong->canWriteToOriginalPath());
-}
-
-void TestSongFile::otherPathEndsFollowing()
-{
-    mSong->setAliasFromPath();
-    mSong->setPath(mPath);
-    QVERIFY(mSong->hasAlias());
-    mSong->setPath(path(u"other.mp3"_s));
-    QVERIFY(!mSong->hasAlias());
-    QCOMPARE(mSong->filename(), u"other.mp3"_s);
-}
-
-void TestSongFile::laterSongOfAPathIsFound()
-{
-    const auto later = SongFile::songWithPath(mPath);
-    const SongList songs{mSong, later, SongFile::songWithPath(mPath)};
-    songs[2]->setPath(mPath.toUpper());
-    QCOMPARE(songWithPathInArray(mPath, songs), later);
-    QVERIFY(!songWithPathInArray({}, songs));
-}
-
-void TestSongFile::tagIsReadOnceAndKnowsThePlaylist()
-{
-    mSong->setPlayList(u"Mix"_s, 7);
-    QVERIFY(!mSong->hasInfotagCached());
-    QCOMPARE(mSong->infotag()->title(), u"Neon Rain"_s);
-    QCOMPARE(mSong->infotag()->playlistIndex(), 7);
-    mSong->setPlayList(u"Mix"_s, 8);
-    QCOMPARE(mSong->infotag()->playlistIndex(), 8);
-    const AudioInfoTag *tag = mSong->infotag();
-    QCOMPARE(mSong->infotag(), tag);
-}
-
-void TestSongFile::lazyTagsAreReplaced()
-{
-    for (const auto &[isLazy, title] : {std::pair(false, u"Kept"_s), {true, u"Neon Rain"_s}}) {
-        mSong->infotag()->setTitle(u"Kept"_s);
-        mSong->infotag()->setIsLazy(isLazy);
-        mSong->ensureInfotagIsReal();
-        QCOMPARE(mSong->infotag()->title(), title);
-    }
-}
-
-void TestSongFile::reasonOfNoTag()
-{
-    for (const char *name : {"secret.mp3", "notes.txt", "notes.m4a"})
-        writeFile(path(QLatin1String(name)), QByteArray(5000, 'a'));
-    QVERIFY(QFile::setPermissions(path(u"secret.mp3"_s), QFile::Permissions()));
-    for (const auto &[name, reason] : {std::pair(u"missing.mp3"_s, u"ErrorSongVanished"_s),
-                                       {u"secret.mp3"_s, u"ErrorCannotOpenForRead"_s},
-                                       {u"notes.txt"_s, u"ErrorNoSong"_s},
-                                       {u"notes.m4a"_s, u"ErrorMP4NotYet"_s}}) {
-        if (name.endsWith(u".mp3"))
-            QTest::ignoreMessage(QtWarningMsg,
-                                 qPrintable(u"MP3 nil filehandle for %1"_s.arg(path(name))));
-        SongFile song(path(name), {});
-        QVERIFY(withoutRights([&] { return song.infotag() == nullptr; }));
-        QCOMPARE(song.reasonOfNoTag(), reason);
-    }
-}
-
-void TestSongFile::refreshTellsChanges()
-{
-    QVERIFY(mSong->infotag());
-    QVERIFY(!mSong->refresh());
-    QVERIFY(mSong->hasInfotagCached());
-    setTime(mPath, QDateTime::currentDateTime().addSecs(-60));
-    QVERIFY(mSong->refresh());
-    QVERIFY(!mSong->hasInfotagCached());
-    setTime(mPath, QDateTime::currentDateTime().addSecs(-90));
-    mSong->adoptCurrentModificationDate();
-    QVERIFY(!mSong->refresh());
-}
-
-void TestSongFile::movedFileIsFollowed()
-{
-    mSong->setAliasFromPath();
-    QVERIFY(QFile::rename(mPath, path(u"moved.mp3"_s)));
-    QVERIFY(!mSong->refresh());
-    QCOMPARE(mSong->path(), path(u"moved.mp3"_s));
-    QVERIFY(mSong->hasAlias());
-    QCOMPARE(mSong->activityStatus(), SongStatus::Ready);
-}
-
-void TestSongFile::relativePathStaysAsGiven()
-{
-    const QString before = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(mFolder->path()));
-    const auto song = SongFile::songWithPath(u"song.mp3"_s);
-    song->setAliasFromPath();
-    song->updatePathFromAlias();
-    QDir::setCurrent(before);
-    QCOMPARE(song->path(), u"song.mp3"_s);
-}
-
-void TestSongFile::vanishedFileIsAProblem()
-{
-    mSong->setAliasFromPath();
-    QVERIFY(QFile::remove(mPath));
-    QVERIFY(!mSong->refresh());
-    QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
-    QCOMPARE(mSong->path(), mPath);
-    QCOMPARE(mSong->reasonNotToWrite(), u"ErrorSongVanished"_s);
-}
-
-void TestSongFile::writeKeepsAttributesAndIsNoOutsideChange()
-{
-    const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
-    QVERIFY(QFile::setPermissions(mPath, permissions));
-    setTime(mPath, QDateTime::currentDateTime().addSecs(-60));
-    mSong->refresh();
-    mSong->infotag()->setTitle(u"Paper Moons"_s);
-    QCOMPARE(mSong->writeToOriginalPath({}, nullptr).kind, Outcome::Kind::Written);
-    QVERIFY(mSong->hasAlias());
-    QVERIFY(!mSong->refresh());
-    QCOMPARE(QFile::permissions(mPath) & ~QFile::Permissions(QFile::ReadUser | QFile::WriteUser),
-             permissions);
-    QCOMPARE(SongFile::songWithPath(mPath)->infotag()->title(), u"Paper Moons"_s);
-}
-
-void TestSongFile::refusesToWrite()
-{
-    const QByteArray before = fileContents(mPath);
-    mSong->infotag()->setTitle(u"Paper Moons"_s);
-    for (const auto &[status, error] : {std::pair(SongStatus::Locked, u"ErrorSongLocked"_s),
-                                        {SongStatus::Problem, u"ErrorSongHasProblem"_s}}) {
-        mSong->setActivityStatus(status);
-        const auto outcome = mSong->writeToOriginalPath({}, nullptr);
-        QCOMPARE(outcome.kind, Outcome::Kind::Failed);
-        QCOMPARE(outcome.error, error);
-        QCOMPARE(fileContents(mPath), before);
-        QCOMPARE(mSong->activityStatus(), status);
-    }
-}
-
-void TestSongFile::failedWriteIsAProblem()
-{
-    QCOMPARE(mSong->writeToOriginalPath({}, nullptr).kind, Outcome::Kind::Failed); // no tag held
-    QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
-    mSong->infotag()->setTitle(u"Paper Moons"_s);
-    QVERIFY(QFile::remove(mPath));
-    const auto outcome = mSong->writeToOriginalPath({}, nullptr);
-    QCOMPARE(outcome.kind, Outcome::Kind::Failed);
-    QVERIFY(!outcome.error.isEmpty());
-    QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
-    QVERIFY(SongFile({}, {}).writeToOriginalPath({}, nullptr).kind == Outcome::Kind::Unchanged);
-}
-
-void TestSongFile::playerIsPausedForItsSongAlone()
-{
-    FakeLibrary library;
-    library.playing = path(u"other.mp3"_s);
-    mSong->infotag()->setTitle(u"Paper Moons"_s);
-    QCOMPARE(mSong->writeToOriginalPath({}, &library).kind, Outcome::Kind::Written);
-    QCOMPARE(library.calls, QStringList());
-    library.playing = mPath;
-    QVERIFY(QFile::remove(mPath));
-    QCOMPARE(mSong->writeToOriginalPath({}, &library).kind, Outcome::Kind::Failed);
-    QCOMPARE(library.calls, QStringList({u"pause"_s, u"resume"_s}));
-}
-
-void TestSongFile::libraryRefresh_data()
-{
-    const Table<QString, QString, QString, QString> row("byID", "byTitle", "meanwhile", "expected");
-    row("the path by ID is taken", u"new.mp3"_s, {}, {}, u"new.mp3"_s);
-    row("no answer, nothing moved", {}, {}, {}, u"song.mp3"_s);
-    row("no answer, the file is followed", {}, {}, u"moves"_s, u"moved.mp3"_s);
-    row("the path by title, where there is still a file", {}, u"new.mp3"_s, u"moves"_s,
-        u"moved.mp3"_s);
-    row("the path by title, where the file is gone", {}, u"new.mp3"_s, u"goes"_s, u"new.mp3"_s);
-}
-
-void TestSongFile::libraryRefresh()
-{
-    QFETCH(QString, byID);
-    QFETCH(QString, byTitle);
-    QFETCH(QString, meanwhile);
-    QFETCH(QString, expected);
-    FakeLibrary library;
-    if (!byID.isEmpty())
-        library.pathByID = path(byID);
-    if (!byTitle.isEmpty())
-        library.pathByTitle = path(byTitle);
-    library.onRefresh = [&] {
-        if (meanwhile == u"moves")
-            QVERIFY(QFile::rename(mPath, path(u"moved.mp3"_s)));
-        if (meanwhile == u"goes")
-            QVERIFY(QFile::remove(mPath));
-    };
-    mSong->setPlayList(u"Mix"_s, 3);
-    mSong->setiTunesDBID(7);
-    mSong->rememberOriginalValuesForLaterRefresh();
-    mSong->infotag()->setTitle(u"Paper Moons"_s);
-    QCOMPARE(mSong->writeToOriginalPath({.refreshLibrary = true}, &library).kind,
-             Outcome::Kind::Written);
-    QCOMPARE(mSong->path(), path(expected));
-    QCOMPARE(library.calls.value(0), u"refresh 7 in Mix"_s);
-    QCOMPARE(library.calls.value(1),
-             byID.isEmpty() ? u"refresh Neon Rain by The Lanterns"_s : QString());
-}
 
 QTEST_GUILESS_MAIN(TestSongFile)
 #include "tst_songfile.moc"

@@ -91,87 +91,85 @@ class TestSongOrder : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void chain_data();
-    void chain();
-    void comesFirst_data();
-    void comesFirst();
-    void songsWithoutTagCountAsEmpty();
-};
+    void chain_data()
+    {
+        const Table<Comparison, QString> row("comparison", "keys");
+        row("index", compareIndex, u"index title artist album"_s);
+        row("compilation", compareCompilation, u"compilation album track title artist"_s);
+        row("artist", compareArtist, u"artist album track"_s);
+        row("title", compareTitle, u"title artist album"_s);
+        row("album", compareAlbum, u"album track title artist"_s);
+        row("track", compareTrack, u"track album title artist"_s);
+        row("year", compareYear, u"year album artist track"_s);
+        row("genre", compareGenre, u"genre album artist"_s);
+        row("lyrics", compareLyrics, u"lyrics album track title artist"_s);
+        row("art", compareArt, u"art artist album track"_s);
+        row("read version", compareReadVersion, u"version album artist"_s);
+        row("BPM", compareBPM, u"bpm title artist album"_s);
+        row("activity", compareActivity, u"status"_s);
+    }
 
-void TestSongOrder::chain_data()
-{
-    const Table<Comparison, QString> row("comparison", "keys");
-    row("index", compareIndex, u"index title artist album"_s);
-    row("compilation", compareCompilation, u"compilation album track title artist"_s);
-    row("artist", compareArtist, u"artist album track"_s);
-    row("title", compareTitle, u"title artist album"_s);
-    row("album", compareAlbum, u"album track title artist"_s);
-    row("track", compareTrack, u"track album title artist"_s);
-    row("year", compareYear, u"year album artist track"_s);
-    row("genre", compareGenre, u"genre album artist"_s);
-    row("lyrics", compareLyrics, u"lyrics album track title artist"_s);
-    row("art", compareArt, u"art artist album track"_s);
-    row("read version", compareReadVersion, u"version album artist"_s);
-    row("BPM", compareBPM, u"bpm title artist album"_s);
-    row("activity", compareActivity, u"status"_s);
-}
-
-/// For each key: songs equal in all keys before it, with every other column saying the opposite.
-void TestSongOrder::chain()
-{
-    QFETCH(Comparison, comparison);
-    QFETCH(QString, keys);
-    const QStringList columnsInOrder = keys.split(u' ');
-    for (qsizetype deciding = 0; deciding <= columnsInOrder.size(); ++deciding) {
-        Fields fields;
-        Fields others;
-        for (auto column = columns().cbegin(); column != columns().cend(); ++column) {
-            const qsizetype place = columnsInOrder.indexOf(column.key());
-            const auto [first, last] = column.value();
-            const bool isEqual = place >= 0 && place < deciding;
-            put(fields, column.key(), isEqual || place == deciding ? first : last);
-            put(others, column.key(), place == deciding ? last : first);
+    /// For each key: songs equal in all keys before it, with every other column saying the
+    /// opposite.
+    void chain()
+    {
+        QFETCH(Comparison, comparison);
+        QFETCH(QString, keys);
+        const QStringList columnsInOrder = keys.split(u' ');
+        for (qsizetype deciding = 0; deciding <= columnsInOrder.size(); ++deciding) {
+            Fields fields;
+            Fields others;
+            for (auto column = columns().cbegin(); column != columns().cend(); ++column) {
+                const qsizetype place = columnsInOrder.indexOf(column.key());
+                const auto [first, last] = column.value();
+                const bool isEqual = place >= 0 && place < deciding;
+                put(fields, column.key(), isEqual || place == deciding ? first : last);
+                put(others, column.key(), place == deciding ? last : first);
+            }
+            const int expected = deciding < columnsInOrder.size() ? -1 : 0;
+            QCOMPARE(comparison(*songWith(fields), *songWith(others)), expected);
+            QCOMPARE(comparison(*songWith(others), *songWith(fields)), -expected);
         }
-        const int expected = deciding < columnsInOrder.size() ? -1 : 0;
-        QCOMPARE(comparison(*songWith(fields), *songWith(others)), expected);
-        QCOMPARE(comparison(*songWith(others), *songWith(fields)), -expected);
     }
-}
 
-void TestSongOrder::comesFirst_data()
-{
-    const Table<Comparison, Fields, Fields> row("comparison", "first", "second");
-    row("a missing text comes last", rawCompareTitle, Fields{{u"title"_s, u"Zebra"_s}}, Fields{});
-    row("an empty text is not missing", rawCompareAlbum, Fields{{u"album"_s, u""_s}},
-        Fields{{u"album"_s, u"A"_s}});
-    row("a missing track comes last", rawCompareTrack, Fields{{u"track"_s, u"99"_s}}, Fields{});
-    row("a missing year comes last", rawCompareYear, Fields{{u"year"_s, u"1"_s}}, Fields{});
-    row("the year in front of a date counts", rawCompareYear, Fields{{u"year"_s, u"2005-03"_s}},
-        Fields{{u"year"_s, u"2004-11"_s}});
-    row("a missing BPM counts as 0", rawCompareBPM, Fields{}, Fields{{u"bpm"_s, u"60"_s}});
-    row("versions are texts, not numbers", rawCompareReadVersion, Fields{{u"version"_s, u"2.10"_s}},
-        Fields{{u"version"_s, u"2.4"_s}});
-    row("songs of no playlist come last", rawCompareIndex, Fields{{u"index"_s, u"7"_s}}, Fields{});
-}
-
-void TestSongOrder::comesFirst()
-{
-    QFETCH(Comparison, comparison);
-    QFETCH(Fields, first);
-    QFETCH(Fields, second);
-    QCOMPARE(comparison(*songWith(first), *songWith(second)), -1);
-    QCOMPARE(comparison(*songWith(second), *songWith(first)), 1);
-    QCOMPARE(comparison(*songWith(second), *songWith(second)), 0);
-}
-
-void TestSongOrder::songsWithoutTagCountAsEmpty()
-{
-    SongFile noSong(u"/nowhere/song"_s, {});
-    for (const Comparison comparison : {compareArtist, compareTrack, compareLyrics, compareIndex,
-                                        compareArt, compareCompilation, compareReadVersion}) {
-        QCOMPARE(comparison(noSong, *songWith({})), 0);
+    void comesFirst_data()
+    {
+        const Table<Comparison, Fields, Fields> row("comparison", "first", "second");
+        row("a missing text comes last", rawCompareTitle, Fields{{u"title"_s, u"Zebra"_s}},
+            Fields{});
+        row("an empty text is not missing", rawCompareAlbum, Fields{{u"album"_s, u""_s}},
+            Fields{{u"album"_s, u"A"_s}});
+        row("a missing track comes last", rawCompareTrack, Fields{{u"track"_s, u"99"_s}}, Fields{});
+        row("a missing year comes last", rawCompareYear, Fields{{u"year"_s, u"1"_s}}, Fields{});
+        row("the year in front of a date counts", rawCompareYear, Fields{{u"year"_s, u"2005-03"_s}},
+            Fields{{u"year"_s, u"2004-11"_s}});
+        row("a missing BPM counts as 0", rawCompareBPM, Fields{}, Fields{{u"bpm"_s, u"60"_s}});
+        row("versions are texts, not numbers", rawCompareReadVersion,
+            Fields{{u"version"_s, u"2.10"_s}}, Fields{{u"version"_s, u"2.4"_s}});
+        row("songs of no playlist come last", rawCompareIndex, Fields{{u"index"_s, u"7"_s}},
+            Fields{});
     }
-}
+
+    void comesFirst()
+    {
+        QFETCH(Comparison, comparison);
+        QFETCH(Fields, first);
+        QFETCH(Fields, second);
+        QCOMPARE(comparison(*songWith(first), *songWith(second)), -1);
+        QCOMPARE(comparison(*songWith(second), *songWith(first)), 1);
+        QCOMPARE(comparison(*songWith(second), *songWith(second)), 0);
+    }
+
+    void songsWithoutTagCountAsEmpty()
+    {
+        SongFile noSong(u"/nowhere/song"_s, {});
+        for (const Comparison comparison :
+             {compareArtist, compareTrack, compareLyrics, compareIndex, compareArt,
+              compareCompilation, compareReadVersion}) {
+            QCOMPARE(comparison(noSong, *songWith({})), 0);
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(TestSongOrder)
 #include "tst_songorder.moc"

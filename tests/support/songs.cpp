@@ -1,16 +1,38 @@
 #include "support/songs.h"
 
 #include "support/tempfiles.h"
-#include "tags/mp3infotag.h"
 
-void makeSong(const QString &path, const SampleFields &fields)
+#include <QBuffer>
+#include <QImage>
+
+std::shared_ptr<SongFile> writtenSong(const QString &path, const SongFields &fields)
 {
-    writeFile(path, mpegFrames(40));
-    MP3InfoTag tag;
+    writeFile(path, mpegFrames(50));
+    const auto song = SongFile::songWithPath(path);
+    AudioInfoTag &tag = *song->infotag();
     tag.setTitle(fields.title);
     tag.setArtist(fields.artist);
     tag.setAlbum(fields.album);
-    const auto outcome = tag.modifySongFileAtPath(path, {.dialect = ID3Dialect::standard()});
+    tag.setYear(fields.year);
+    tag.setTrack(fields.track);
+    tag.setGenres(fields.genres);
+    tag.setIsPartOfCompilation(fields.isCompilation);
+    if (!fields.picture.isEmpty())
+        tag.addImage(ID3Image::imageWithData(fields.picture, mimeTypeBySignature(fields.picture)));
+    const auto outcome = song->writeToOriginalPath({}, nullptr);
     if (outcome.kind == InPlaceFile::Outcome::Kind::Failed)
-        qFatal("cannot make %s: %s", qPrintable(path), qPrintable(outcome.error));
+        qFatal("cannot write %s: %s", qPrintable(path), qPrintable(outcome.error));
+    song->uncacheInfotag();
+    return song;
+}
+
+QByteArray plainPicture(int width, int height, const char *format)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return bytes;
 }

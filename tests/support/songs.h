@@ -1,19 +1,27 @@
 #pragma once
 
-#include <QString>
+#include "songs/songfile.h"
 
 #include <unistd.h>
 
-/// The fields of a song to make; an empty text is no field.
-struct SampleFields {
+/// The tag of a song to be written; empty fields are left out.
+struct SongFields {
     QString title{};
     QString artist{};
     QString album{};
+    QString year{};
+    QString track{};
+    QString genres{};
+    bool isCompilation = false;
+    QByteArray picture{};
 };
 
-/// Makes a song at `path`: a few silent MPEG frames, with an ID3v2.3 tag of these fields. A
-/// failure ends the test.
-void makeSong(const QString &path, const SampleFields &fields);
+/// A small MP3 file with that tag at `path`, as a song whose tag is not read yet. A failure ends
+/// the test.
+std::shared_ptr<SongFile> writtenSong(const QString &path, const SongFields &fields);
+
+/// An encoded picture of one colour.
+QByteArray plainPicture(int width, int height, const char *format = "PNG");
 
 /// Runs `call` as a user that file permissions hold for, also in tests that root starts.
 template<typename Call>

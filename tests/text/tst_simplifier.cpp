@@ -48,95 +48,89 @@ class TestSimplifier : public QObject {
 private Q_SLOTS:
     void cleanup() { setSimplifiersDictionary({}); }
 
-    void simplifyString_data();
-    void simplifyString();
-    void equalsTheStepByStepResult();
-    void comparisons();
-    void installingWhileOthersRead();
-};
+    void simplifyString_data()
+    {
+        const Table<Simplifiers, QString, QString> row("simplifiers", "text", "key");
 
-void TestSimplifier::simplifyString_data()
-{
-    const Table<Simplifiers, QString, QString> row("simplifiers", "text", "key");
+        const Simplifiers none;
+        row("minor words, case, blanks", none, u"The  Song OF a Lantern"_s, u"songlantern"_s);
+        row("accents", none, u"Motörhead Ænima"_s, u"motorheadaenima"_s);
+        row("an accented letter is no minor word", none, u"là à b"_s, u"laab"_s);
+        row("nothing left but signs", none, u"!!!"_s, u"!!!"_s);
+        row("nothing left: trimmed, without minor words", none, u"The ?! "_s, u"?!"_s);
+        row("only minor words", none, u"The And"_s, u""_s);
+        row("nothing of it in ASCII", none, u"日本"_s, u""_s);
 
-    const Simplifiers none;
-    row("minor words, case, blanks", none, u"The  Song OF a Lantern"_s, u"songlantern"_s);
-    row("accents", none, u"Motörhead Ænima"_s, u"motorheadaenima"_s);
-    row("an accented letter is no minor word", none, u"là à b"_s, u"laab"_s);
-    row("nothing left but signs", none, u"!!!"_s, u"!!!"_s);
-    row("nothing left: trimmed, without minor words", none, u"The ?! "_s, u"?!"_s);
-    row("only minor words", none, u"The And"_s, u""_s);
-    row("nothing of it in ASCII", none, u"日本"_s, u""_s);
+        const Simplifiers words{{u" pt "_s, u" part "_s}, {u"&"_s, u" and "_s}, {u"LIVE"_s, u""_s}};
+        row("padding matches at both ends", words, u"Pt one PT"_s, u"partonepart"_s);
+        row("no whole word", words, u"Ptarmigan"_s, u"ptarmigan"_s);
+        row("replacements are no minor words", words, u"You & Me"_s, u"youandme"_s);
+        row("all of it replaced by nothing", words, u"Live"_s, u"Live"_s);
 
-    const Simplifiers words{{u" pt "_s, u" part "_s}, {u"&"_s, u" and "_s}, {u"LIVE"_s, u""_s}};
-    row("padding matches at both ends", words, u"Pt one PT"_s, u"partonepart"_s);
-    row("no whole word", words, u"Ptarmigan"_s, u"ptarmigan"_s);
-    row("replacements are no minor words", words, u"You & Me"_s, u"youandme"_s);
-    row("all of it replaced by nothing", words, u"Live"_s, u"Live"_s);
+        const Simplifiers chain{{u"abc"_s, u"xy"_s}, {u"xy"_s, u"z"_s}, {u"z"_s, u"abc"_s}};
+        row("shorter keys see what longer ones put in", chain, u"abc"_s, u"abc"_s);
+        row("longer keys do not", chain, u"1z2"_s, u"1abc2"_s);
+        row("first key first among equals", Simplifiers{{u"ab"_s, u"1"_s}, {u"bc"_s, u"2"_s}},
+            u"abc"_s, u"1c"_s);
+        row("an empty key is never found", Simplifiers{{u""_s, u"x"_s}}, u"b"_s, u"b"_s);
+    }
 
-    const Simplifiers chain{{u"abc"_s, u"xy"_s}, {u"xy"_s, u"z"_s}, {u"z"_s, u"abc"_s}};
-    row("shorter keys see what longer ones put in", chain, u"abc"_s, u"abc"_s);
-    row("longer keys do not", chain, u"1z2"_s, u"1abc2"_s);
-    row("first key first among equals", Simplifiers{{u"ab"_s, u"1"_s}, {u"bc"_s, u"2"_s}}, u"abc"_s,
-        u"1c"_s);
-    row("an empty key is never found", Simplifiers{{u""_s, u"x"_s}}, u"b"_s, u"b"_s);
-}
-
-void TestSimplifier::simplifyString()
-{
-    QFETCH(Simplifiers, simplifiers);
-    QFETCH(QString, text);
-    setSimplifiersDictionary(simplifiers);
-    QTEST(HVUtility::simplifyString(text), "key");
-}
-
-void TestSimplifier::equalsTheStepByStepResult()
-{
-    QRandomGenerator random(1);
-    const QStringList words{u"a"_s, u"An"_s, u"and"_s, u"of"_s,     u"THE"_s, u" "_s, u" "_s,
-                            u" "_s, u"b"_s,  u"K"_s,   u"\u212A"_s, u"é"_s,   u"-"_s, u"\t"_s};
-    for (int i = 0; i < 3'000; ++i) {
-        Simplifiers simplifiers;
-        for (int keys = random.bounded(5); keys > 0; --keys)
-            simplifiers[randomText(random, words, 3)] = randomText(random, words, 2);
-        simplifiers.remove(QString());
+    void simplifyString()
+    {
+        QFETCH(Simplifiers, simplifiers);
+        QFETCH(QString, text);
         setSimplifiersDictionary(simplifiers);
-        const QString text = randomText(random, words, 12);
-        QCOMPARE(HVUtility::simplifyString(text), simplifiedStepByStep(text, simplifiers));
+        QTEST(HVUtility::simplifyString(text), "key");
     }
-}
 
-void TestSimplifier::comparisons()
-{
-    QVERIFY(isStringSimpleEqual(u"The Lanterns"_s, u"lanterns!"_s));
-    QVERIFY(!isStringSimpleEqual(u"Lanterns"_s, u"Lantern"_s));
-    QVERIFY(!isStringSimpleEqual(std::nullopt, std::nullopt));
-    QVERIFY(!isStringSimpleEqual(u"x"_s, std::nullopt));
-    QVERIFY(doesStringHaveString(u"The Lanterns"_s, u"LANT"_s));
-    QVERIFY(!doesStringHaveString(u"Lant"_s, u"Lanterns"_s));
-    QVERIFY(!doesStringHaveString(u"Lant"_s, u""_s));
-    QVERIFY(!doesStringHaveString(std::nullopt, u"x"_s));
-}
-
-void TestSimplifier::installingWhileOthersRead()
-{
-    std::atomic<bool> installed = false;
-    std::atomic<int> strange = 0;
-    std::thread reader([&] {
-        while (!installed) {
-            const QString key = HVUtility::simplifyString(u"one two"_s);
-            strange += key != u"onetwo"_s && key != u"1two"_s && key != u"one2"_s;
+    void equalsTheStepByStepResult()
+    {
+        QRandomGenerator random(1);
+        const QStringList words{u"a"_s, u"An"_s, u"and"_s, u"of"_s,     u"THE"_s, u" "_s, u" "_s,
+                                u" "_s, u"b"_s,  u"K"_s,   u"\u212A"_s, u"é"_s,   u"-"_s, u"\t"_s};
+        for (int i = 0; i < 3'000; ++i) {
+            Simplifiers simplifiers;
+            for (int keys = random.bounded(5); keys > 0; --keys)
+                simplifiers[randomText(random, words, 3)] = randomText(random, words, 2);
+            simplifiers.remove(QString());
+            setSimplifiersDictionary(simplifiers);
+            const QString text = randomText(random, words, 12);
+            QCOMPARE(HVUtility::simplifyString(text), simplifiedStepByStep(text, simplifiers));
         }
-    });
-    for (int i = 0; i < 500; ++i) {
-        setSimplifiersDictionary({{u"one"_s, u"1"_s}});
-        setSimplifiersDictionary({{u"two"_s, u"2"_s}});
     }
-    installed = true;
-    reader.join();
-    QCOMPARE(strange, 0);
-    QCOMPARE(HVUtility::simplifyString(u"one two"_s), u"one2"_s);
-}
+
+    void comparisons()
+    {
+        QVERIFY(isStringSimpleEqual(u"The Lanterns"_s, u"lanterns!"_s));
+        QVERIFY(!isStringSimpleEqual(u"Lanterns"_s, u"Lantern"_s));
+        QVERIFY(!isStringSimpleEqual(std::nullopt, std::nullopt));
+        QVERIFY(!isStringSimpleEqual(u"x"_s, std::nullopt));
+        QVERIFY(doesStringHaveString(u"The Lanterns"_s, u"LANT"_s));
+        QVERIFY(!doesStringHaveString(u"Lant"_s, u"Lanterns"_s));
+        QVERIFY(!doesStringHaveString(u"Lant"_s, u""_s));
+        QVERIFY(!doesStringHaveString(std::nullopt, u"x"_s));
+    }
+
+    void installingWhileOthersRead()
+    {
+        std::atomic<bool> installed = false;
+        std::atomic<int> strange = 0;
+        std::thread reader([&] {
+            while (!installed) {
+                const QString key = HVUtility::simplifyString(u"one two"_s);
+                strange += key != u"onetwo"_s && key != u"1two"_s && key != u"one2"_s;
+            }
+        });
+        for (int i = 0; i < 500; ++i) {
+            setSimplifiersDictionary({{u"one"_s, u"1"_s}});
+            setSimplifiersDictionary({{u"two"_s, u"2"_s}});
+        }
+        installed = true;
+        reader.join();
+        QCOMPARE(strange, 0);
+        QCOMPARE(HVUtility::simplifyString(u"one two"_s), u"one2"_s);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestSimplifier)
 #include "tst_simplifier.moc"
