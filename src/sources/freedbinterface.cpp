@@ -52,9 +52,8 @@ void FreeDBInterface::freedb2SearchComplete(const FetchResult &result)
 /// Only a first page asks for a further one, so at most two are read in a search.
 void FreeDBInterface::readResultsPage(const QString &page)
 {
-    const auto specification = resources().dictionary(QStringLiteral("parseAlbumList"));
-    const auto rows =
-        specification ? HVUtility::parsedContentsOfHTML(page, *specification) : std::nullopt;
+    const auto recipe = resources().dictionary(QStringLiteral("parseAlbumList"));
+    const auto rows = recipe ? HVUtility::parsedContentsOfHTML(page, *recipe) : std::nullopt;
     if (!rows || rows->isEmpty())
         return;
     const QString firstPageMarker = resources().textOrEmpty(QStringLiteral("firstResultsFragment"));

@@ -45,10 +45,8 @@ private Q_SLOTS:
         const SourceCatalog catalog = builtInSources();
         const QStringList classes = live.sourcelist();
         QVERIFY(!classes.isEmpty());
-        for (const QString &className : classes) {
-            QVERIFY2(catalog.find(className), qPrintable(className));
-            QVERIFY2(live.definitionOf(className), qPrintable(className));
-        }
+        for (const QString &name : classes)
+            QVERIFY2(catalog.find(name) && live.definitionOf(name), qPrintable(name));
         QCOMPARE(catalog.find(u"FreeDBInterface"_s)->resourcesPossiblyAvailable.toInt(), 122U);
     }
 
@@ -58,8 +56,6 @@ private Q_SLOTS:
         const QString ours = QStringLiteral(TAGWRIGHT_VERSION);
         const auto xml = [](const QVariantMap &set) { return PropertyList::toXml(set); };
         row("of this release", xml(release(116)), ours, true, {});
-        row("newer", xml(release(117)), ours, true, {});
-        row("binary, the number a text", PropertyList::toBinary(release(u"116"_s)), ours, true, {});
         row("older", xml(release(115)), ours, false, {});
         row("without a number", xml({{u"genres"_s, QVariantList()}}), ours, false, {});
         row("of another version", xml(release(116)), u"0.0.9"_s, false, {});
@@ -108,9 +104,7 @@ private Q_SLOTS:
         const QVariantMap genres{{u"genres"_s, QVariantList{u"Newer"_s}}};
         const auto xml = [](const QVariantMap &set) { return PropertyList::toXml(set); };
         row("of this release", xml(release(116, genres)), true, {});
-        row("of a later one", xml(release(117, genres)), true, {});
         row("of an earlier one", xml(release(115, genres)), false, {});
-        row("of none", xml(genres), false, {});
         row("a list", PropertyList::toXml(QVariantList{116}), false, {});
         row("no property list", "<html>404</html>", false, {});
         QVariantMap faulty = release(117, genres);
@@ -138,7 +132,6 @@ private Q_SLOTS:
 
     void filesAreChecked_data()
     {
-
         const Table<QByteArray, QString> row("contents", "error");
         const QVariantMap set{{u"genres"_s, QVariantList{u"Own"_s}}};
         row("XML", PropertyList::toXml(set), {});
