@@ -2,7 +2,6 @@
 #include "base/texts.h"
 #include "support/songscene.h"
 #include "support/table.h"
-#include "support/tempfiles.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -4,7 +4,6 @@
 #include "base/texts.h"
 #include "support/songscene.h"
 #include "support/table.h"
-#include "support/tempfiles.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -163,7 +162,7 @@ private Q_SLOTS:
         row("a folder", u"folder"_s, reason(std::errc::is_a_directory));
         row("a pipe, without waiting for its other end", u"pipe"_s, qtTrId("ReasonNotRegular"));
         row("a link to nowhere", u"link"_s, reason(std::errc::no_such_file_or_directory));
-        row("a file that another write has open", u"busy"_s, qtTrId("ReasonFileBusy"));
+        row("a file that another write has open", u"song.mp3"_s, qtTrId("ReasonFileBusy"));
         row("a file that may only be read", u"protected"_s, reason(std::errc::permission_denied));
     }
 
@@ -172,12 +171,11 @@ private Q_SLOTS:
         QFETCH(QString, name);
         const QDir folder(mFolder->path());
         QVERIFY(folder.mkpath(u"folder"_s));
-        ::mkfifo(QFile::encodeName(folder.filePath(u"pipe"_s)).constData(), 0600);
+        ::mkfifo(qPrintable(folder.filePath(u"pipe"_s)), 0600);
         QFile::link(u"nowhere"_s, folder.filePath(u"link"_s));
         writeFile(folder.filePath(u"protected"_s), "song");
         setMode(folder.filePath(u"protected"_s), 0444);
-        writeFile(folder.filePath(u"busy"_s), "song");
-        const auto busy = InPlaceFile::open(folder.filePath(u"busy"_s));
+        const auto busy = InPlaceFile::open(mPath);
 
         const auto opened = InPlaceFile::open(folder.filePath(name));
 
@@ -187,25 +185,20 @@ private Q_SLOTS:
 
     void refusesAFileChangedSinceItWasOpened_data()
     {
-        const Table<Change, QString> row("change", "error");
-        const auto resizeTo = [](int size) {
-            return [size](const QString &path) { QVERIFY(QFile::resize(path, size)); };
+        const Table<QString, Change> row("error", "change");
+        const auto resized = [](int to) {
+            return [to](const QString &p) { QFile::resize(p, to); };
         };
-        row("shortened", resizeTo(100), qtTrId("ReasonFileShortened"));
-        row("lengthened", resizeTo(10'000), qtTrId("ReasonFileChanged"));
-        row(
-            "rewritten", [](const QString &path) { writeFile(path, old().toUpper()); },
-            qtTrId("ReasonFileChanged"));
-        row(
-            "replaced",
-            [](const QString &path) {
-                QVERIFY(QFile::remove(path));
-                writeFile(path, old());
-            },
-            qtTrId("ReasonFileReplaced"));
-        row(
-            "removed", [](const QString &path) { QVERIFY(QFile::remove(path)); },
-            qtTrId("ReasonFileReplaced"));
+        row("shortened", qtTrId("ReasonFileShortened"), resized(100));
+        row("lengthened", qtTrId("ReasonFileChanged"), resized(10'000));
+        row("rewritten", qtTrId("ReasonFileChanged"),
+            [](const QString &path) { writeFile(path, old().toUpper()); });
+        row("removed", qtTrId("ReasonFileReplaced"),
+            [](const QString &path) { QFile::remove(path); });
+        row("replaced", qtTrId("ReasonFileReplaced"), [](const QString &path) {
+            QFile::remove(path);
+            writeFile(path, old());
+        });
     }
 
     void refusesAFileChangedSinceItWasOpened()
@@ -253,8 +246,7 @@ private Q_SLOTS:
         writeFile(mPath, noise(size, 1));
         rlimit former = {};
         ::getrlimit(RLIMIT_FSIZE, &former);
-        // Enough for the journal, which holds little of what is only lengthened, but not for the
-        // song.
+        // Enough for the journal of what is only lengthened, but not for the song.
         const rlimit limit = {.rlim_cur = 400'000, .rlim_max = former.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &limit);
 

@@ -2,7 +2,6 @@
 #include "base/texts.h"
 #include "support/songscene.h"
 #include "support/table.h"
-#include "support/tempfiles.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -51,6 +50,12 @@ void forEachDisturbance(Check check)
         }
         QVERIFY(run.calls > 3);
     }
+}
+
+int recover()
+{
+    recoverInterruptedWrites();
+    return 0;
 }
 
 /// Kills writes of the song until one leaves it neither old nor new.
@@ -127,7 +132,8 @@ private Q_SLOTS:
         forEachDisturbance([&](Disturbance disturbance, const char *what, TracedRun &run) {
             writeFile(scene.path(), mix);
             writeFile(journal, saved);
-            run = isWrittenAgain ? write(scene, shape, disturbance) : recover(disturbance);
+            run =
+                isWrittenAgain ? write(scene, shape, disturbance) : runTraced(recover, disturbance);
             QVERIFY2(!isWrittenAgain || run.status != Written || scene.isNew(shape), what);
             checkSettled(scene, shape, what);
             if (run.wasKilled && !(isWrittenAgain && scene.isNew(shape)))

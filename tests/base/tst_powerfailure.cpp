@@ -1,7 +1,6 @@
 #include "base/folders.h"
 #include "base/texts.h"
 #include "support/songscene.h"
-#include "support/tempfiles.h"
 
 #include <QFileInfo>
 #include <QMap>

@@ -19,7 +19,7 @@ public:
     explicit PlainTag(const Fields &fields)
         : mFields(fields)
     {
-        if (fields.contains(u"index"_s))
+        if (text(u"index"_s))
             setPlayList(u"Mix"_s, fields.value(u"index"_s).toInt());
     }
 
@@ -33,16 +33,13 @@ public:
     [[nodiscard]] Text lyrics() const override { return text(u"lyrics"_s); }
     [[nodiscard]] Text bpm() const override { return text(u"bpm"_s); }
     [[nodiscard]] Text readVersion() const override { return text(u"version"_s); }
-    [[nodiscard]] bool isPartOfCompilation() const override
-    {
-        return mFields.contains(u"compilation"_s);
-    }
+    [[nodiscard]] bool isPartOfCompilation() const override { return !!text(u"compilation"_s); }
     [[nodiscard]] int numberOfImages() const override { return mFields.value(u"art"_s).toInt(); }
 
 private:
     [[nodiscard]] Text text(const QString &name) const
     {
-        return mFields.contains(name) ? Text(mFields.value(name)) : Text();
+        return mFields.value(name).isNull() ? Text() : mFields.value(name);
     }
 
     Fields mFields;
@@ -74,15 +71,8 @@ const QHash<QString, QPair<QString, QString>> &columns()
         {u"index"_s, {u"2"_s, u"10"_s}},
         {u"bpm"_s, {u"90"_s, u"120"_s}},
         {u"compilation"_s, {u"1"_s, QString()}},
-        {u"version"_s, {u"2.2.0"_s, u"2.3.0"_s}},
-    };
+        {u"version"_s, {u"2.2.0"_s, u"2.3.0"_s}}};
     return values;
-}
-
-void put(Fields &fields, const QString &column, const QString &value)
-{
-    if (!value.isNull())
-        fields.insert(column, value);
 }
 
 } // namespace
@@ -123,8 +113,8 @@ private Q_SLOTS:
                 const qsizetype place = columnsInOrder.indexOf(column.key());
                 const auto [first, last] = column.value();
                 const bool isEqual = place >= 0 && place < deciding;
-                put(fields, column.key(), isEqual || place == deciding ? first : last);
-                put(others, column.key(), place == deciding ? last : first);
+                fields.insert(column.key(), isEqual || place == deciding ? first : last);
+                others.insert(column.key(), place == deciding ? last : first);
             }
             const int expected = deciding < columnsInOrder.size() ? -1 : 0;
             QCOMPARE(comparison(*songWith(fields), *songWith(others)), expected);

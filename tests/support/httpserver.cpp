@@ -10,6 +10,7 @@
 namespace {
 const QByteArray lineEnd = "\r\n";
 const QByteArray headEnd = "\r\n\r\n";
+constexpr std::chrono::milliseconds betweenDrops(10);
 
 SeenRequest requestFrom(const QByteArray &head)
 {
@@ -71,14 +72,14 @@ void repeat(QTcpSocket *socket, const QByteArray &body)
     });
 }
 
-void drip(QTcpSocket *socket, const HttpAnswer &answer)
+void drip(QTcpSocket *socket, const QByteArray &bytes)
 {
     auto *timer = new QTimer(socket);
     QObject::connect(timer, &QTimer::timeout, socket,
-                     [socket, body = answer.body, next = qsizetype(0)]() mutable {
+                     [socket, body = bytes, next = qsizetype(0)]() mutable {
                          socket->write(body.mid(next++ % body.size(), 1));
                      });
-    timer->start(answer.interval);
+    timer->start(betweenDrops);
 }
 } // namespace
 
@@ -92,16 +93,6 @@ HttpServer::HttpServer()
 QUrl HttpServer::url(const QString &path) const
 {
     return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path));
-}
-
-void HttpServer::serveInTurn(const QString &path, const QList<HttpAnswer> &answers)
-{
-    mAnswers.insert(path, answers);
-}
-
-void HttpServer::serve(const QString &path, const HttpAnswer &answer)
-{
-    serveInTurn(path, QList<HttpAnswer>{answer});
 }
 
 void HttpServer::release()
@@ -154,15 +145,11 @@ void HttpServer::answer(QTcpSocket *socket, const SeenRequest &request)
         chosen = answers->size() > 1 ? answers->takeFirst() : answers->constFirst();
     if (chosen.echoesBody)
         chosen.body = request.body;
-    if (chosen.delay.count() == 0) {
+    if (chosen.delay.count() == 0)
         send(socket, chosen);
-        return;
-    }
-    const QPointer<QTcpSocket> kept(socket);
-    QTimer::singleShot(chosen.delay, Qt::PreciseTimer, this, [this, kept, chosen] {
-        if (kept)
-            send(kept, chosen);
-    });
+    else
+        QTimer::singleShot(chosen.delay, Qt::PreciseTimer, socket,
+                           [this, socket, chosen] { send(socket, chosen); });
 }
 
 void HttpServer::send(QTcpSocket *socket, const HttpAnswer &answer)
@@ -170,26 +157,13 @@ void HttpServer::send(QTcpSocket *socket, const HttpAnswer &answer)
     --mUnanswered;
     socket->write(bytesOf(answer));
     socket->flush();
-    behave(socket, answer);
-}
-
-void HttpServer::behave(QTcpSocket *socket, const HttpAnswer &answer)
-{
-    switch (answer.then) {
-    case HttpAnswer::Then::Close:
+    using Then = HttpAnswer::Then;
+    if (answer.then == Then::Close)
         socket->disconnectFromHost();
-        break;
-    case HttpAnswer::Then::Reset:
+    if (answer.then == Then::Reset)
         reset(socket);
-        break;
-    case HttpAnswer::Then::RepeatBody:
+    if (answer.then == Then::RepeatBody)
         repeat(socket, answer.body);
-        break;
-    case HttpAnswer::Then::DripBody:
-        drip(socket, answer);
-        break;
-    case HttpAnswer::Then::KeepAlive:
-    case HttpAnswer::Then::Stall:
-        break;
-    }
+    if (answer.then == Then::DripBody)
+        drip(socket, answer.body);
 }

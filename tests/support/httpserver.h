@@ -20,7 +20,7 @@ struct HttpAnswer {
         Reset, ///< end the connection the hard way
         Stall, ///< send nothing more and keep the connection
         RepeatBody, ///< send the body again and again, for ever
-        DripBody ///< send the body's bytes in turn, one every `interval`, for ever
+        DripBody ///< send the body's bytes in turn, slowly, for ever
     };
 
     int status = 200;
@@ -32,7 +32,6 @@ struct HttpAnswer {
     /// Content-Length where it is not the body's own; -1: none is sent.
     std::optional<qint64> claimedLength{};
     Then then = Then::KeepAlive;
-    std::chrono::milliseconds interval{10};
     QByteArray raw{}; ///< sent as it stands instead of status, headers and body
 };
 
@@ -54,8 +53,11 @@ public:
 
     /// Answers the path's first request with the first answer and so on; the last one is given for
     /// ever. Paths that were never served give 404.
-    void serveInTurn(const QString &path, const QList<HttpAnswer> &answers);
-    void serve(const QString &path, const HttpAnswer &answer);
+    void serveInTurn(const QString &path, const QList<HttpAnswer> &answers)
+    {
+        mAnswers.insert(path, answers);
+    }
+    void serve(const QString &path, const HttpAnswer &answer) { mAnswers.insert(path, {answer}); }
 
     /// From now on requests are read but not answered, until release().
     void hold() { mIsHolding = true; }
@@ -78,7 +80,6 @@ private:
     void take(QTcpSocket *socket, const SeenRequest &request);
     void answer(QTcpSocket *socket, const SeenRequest &request);
     void send(QTcpSocket *socket, const HttpAnswer &answer);
-    static void behave(QTcpSocket *socket, const HttpAnswer &answer);
 
     QHash<QString, QList<HttpAnswer>> mAnswers;
     QList<SeenRequest> mRequests;

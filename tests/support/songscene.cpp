@@ -1,7 +1,6 @@
 #include "support/songscene.h"
 
 #include "base/folders.h"
-#include "support/tempfiles.h"
 
 #include <QDirIterator>
 #include <QTest>
@@ -107,21 +106,6 @@ Scene::Scene()
     qputenv("XDG_STATE_HOME", QFile::encodeName(mFolder.filePath(QStringLiteral("state"))));
 }
 
-QString Scene::path() const
-{
-    return mFolder.filePath(QStringLiteral("song.mp3"));
-}
-
-bool Scene::isOld() const
-{
-    return fileContents(path()) == oldBytes();
-}
-
-bool Scene::isNew(const Shape &shape) const
-{
-    return fileContents(path()) == shape.expected;
-}
-
 QStringList filesIn(const QString &folder)
 {
     QStringList found;
@@ -149,24 +133,4 @@ TracedRun write(const Scene &scene, const Shape &shape, Disturbance disturbance,
 {
     return runTraced([&] { return resultOf(replace(scene.path(), shape.parts)); }, disturbance,
                      observer);
-}
-
-TracedRun recover(Disturbance disturbance)
-{
-    return runTraced(
-        [] {
-            recoverInterruptedWrites();
-            return 0;
-        },
-        disturbance);
-}
-
-Quiet::Quiet()
-    : mFormer(qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {}))
-{
-}
-
-Quiet::~Quiet()
-{
-    qInstallMessageHandler(mFormer);
 }

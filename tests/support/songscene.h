@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/inplacefile.h"
+#include "support/tempfiles.h"
 #include "support/tracedprocess.h"
 
 #include <QStringList>
@@ -54,9 +55,12 @@ class Scene {
 public:
     Scene();
 
-    [[nodiscard]] QString path() const;
-    [[nodiscard]] bool isOld() const;
-    [[nodiscard]] bool isNew(const Shape &shape) const;
+    [[nodiscard]] QString path() const { return mFolder.filePath(QStringLiteral("song.mp3")); }
+    [[nodiscard]] bool isOld() const { return fileContents(path()) == oldBytes(); }
+    [[nodiscard]] bool isNew(const Shape &shape) const
+    {
+        return fileContents(path()) == shape.expected;
+    }
 
 private:
     QTemporaryDir mFolder;
@@ -69,21 +73,20 @@ enum WriteResult { Written, Failed, FailedWithoutReason, Unchanged };
 InPlaceFile::Outcome replace(const QString &path, const Parts &parts,
                              KeepTime keepTime = KeepTime::No);
 
-/// Writes or recovers in a process of its own.
+/// Writes in a process of its own.
 TracedRun write(const Scene &scene, const Shape &shape, Disturbance disturbance,
                 const std::function<void(const TracedCall &)> &observer = {});
-TracedRun recover(Disturbance disturbance);
 
 /// Keeps what the program logs out of the test's report.
 class Quiet {
 public:
-    Quiet();
-    Quiet(const Quiet &) = delete;
-    Quiet &operator=(const Quiet &) = delete;
-    ~Quiet();
+    Quiet() = default;
+    Q_DISABLE_COPY(Quiet)
+    ~Quiet() { qInstallMessageHandler(mFormer); }
 
 private:
-    QtMessageHandler mFormer;
+    QtMessageHandler mFormer =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
 };
 
 Q_DECLARE_METATYPE(Part)

