@@ -13,7 +13,21 @@ import mutagen.id3 as id3
 
 PROGRAM = os.environ["TAGWRIGHT_PROGRAM"]
 TOOLS = ("ffmpeg", "ffprobe", "exiftool", "kid3-cli", "lame")
-FIELDS = ("title", "artist", "album", "year", "track", "genres", "bpm", "lyrics")
+FIELDS = "title artist album year track genres bpm lyrics compilation".split()
+
+
+def named(names):
+    """The names that another program has for our fields, and ours by them."""
+    theirs = names.split(",")
+    return dict(zip(FIELDS, theirs)), dict(zip(theirs, FIELDS))
+
+
+MUTAGEN, _ = named("TIT2,TPE1,TALB,TDRC,TRCK,TCON,TBPM,USLT::eng,TCMP")
+FFMPEG, OF_FFMPEG = named("title,artist,album,date,track,genre,TBPM,lyrics-eng,compilation")
+_, OF_EXIFTOOL = named("Title,Artist,Album,Year,Track,Genre,BeatsPerMinute,Lyrics,Compilation")
+KID3, OF_KID3 = named("Title,Artist,Album,Date,Track Number,Genre,BPM,Lyrics,Compilation")
+OF_FFMPEG |= {"TBP": "bpm"}
+OF_EXIFTOOL |= {"RecordingTime": "year", "Lyrics-eng": "lyrics"}
 
 LATIN = dict(title="Hafenlichter bei Süd", artist="Nila Öster", album="Sea Songs", year="2007",
              track="3/12", genres="Folk", bpm="96", lyrics="erste Zeile\nzweite Zeile")
@@ -63,24 +77,16 @@ FRONT = {  # what stands in front of the sound, and behind it, by version
 
 def by_mutagen(path):
     tag = id3.ID3(path, load_v1=False)
-    names = dict(title="TIT2", artist="TPE1", album="TALB", year="TDRC", track="TRCK",
-                 genres="TCON", bpm="TBPM", compilation="TCMP", lyrics="USLT::eng")
-    seen = {field: str(tag[name]) for field, name in names.items() if name in tag}
-    pictures = tag.getall("APIC")
-    if pictures:
-        seen["picture"] = sha1(pictures[0].data)
-    return seen | {"version": ".".join(map(str, tag.version))}
+    seen = {field: str(tag[name]) for field, name in MUTAGEN.items() if name in tag}
+    return seen | {"version": ".".join(map(str, tag.version)),
+                   "picture": sha1(tag.getall("APIC")[0].data)}
 
 
 def by_ffprobe(path):
     shown = json.loads(run("ffprobe", "-v", "error", "-of", "json", "-show_entries",
                            "format_tags:stream=codec_type", path))
-    names = dict(title="title", artist="artist", album="album", date="year", track="track",
-                 genre="genres", TBPM="bpm", TBP="bpm", compilation="compilation")
     tags = shown["format"].get("tags", {})
-    seen = {names[name]: value for name, value in tags.items() if name in names}
-    if "lyrics-eng" in tags:
-        seen["lyrics"] = tags["lyrics-eng"]
+    seen = {OF_FFMPEG[name]: value for name, value in tags.items() if name in OF_FFMPEG}
     if any(stream["codec_type"] == "video" for stream in shown["streams"]):
         seen["picture"] = sha1(run("ffmpeg", "-v", "error", "-i", path, "-map", "0:v", "-c",
                                    "copy", "-f", "image2pipe", "-"))
@@ -88,28 +94,21 @@ def by_ffprobe(path):
 
 
 def by_exiftool(path, group="ID3v2"):
-    names = dict(Title="title", Artist="artist", Album="album", Year="year", Track="track",
-                 RecordingTime="year", Genre="genres", BeatsPerMinute="bpm", Lyrics="lyrics",
-                 **{"Lyrics-eng": "lyrics"}, Compilation="compilation")
     seen = {}
     for key, value in json.loads(run("exiftool", "-j", "-a", "-G1", "-ID3:all", path))[0].items():
         family, _, name = key.partition(":")
         if family.startswith(group):
             seen["version"] = family.removeprefix("ID3v").replace("_", ".") + ".0"
-            if name in names:
-                seen[names[name]] = {"Yes": "1"}.get(value, str(value))
-    picture = run("exiftool", "-b", "-Picture", path)
-    return seen | ({"picture": sha1(picture)} if picture else {})
+            if name in OF_EXIFTOOL:
+                seen[OF_EXIFTOOL[name]] = {"Yes": "1"}.get(value, str(value))
+    return seen | {"picture": sha1(run("exiftool", "-b", "-Picture", path))}
 
 
 def by_kid3(path, tag="tag2"):
-    names = {"Title": "title", "Artist": "artist", "Album": "album", "Date": "year",
-             "Track Number": "track", "Genre": "genres", "BPM": "bpm", "Lyrics": "lyrics",
-             "Compilation": "compilation"}
     shown = json.loads(run("kid3-cli", "-c", '{"method":"get","params":["all"]}', path))
     shown = shown["result"]["taggedFile"][tag]
-    seen = {names[frame["name"]]: str(frame["value"]) for frame in shown["frames"]
-            if frame["name"] in names and frame["value"] != ""}
+    seen = {OF_KID3[frame["name"]]: str(frame["value"]) for frame in shown["frames"]
+            if frame["name"] in OF_KID3 and frame["value"] != ""}
     picture = path.with_name("picture")
     run("kid3-cli", "-c", f"get picture:{picture} 2", path)
     if picture.exists():
@@ -119,8 +118,8 @@ def by_kid3(path, tag="tag2"):
 
 
 READERS = {"mutagen": by_mutagen, "ffprobe": by_ffprobe, "exiftool": by_exiftool, "kid3": by_kid3}
-NOT_SHOWN = {("ffprobe", version): ("version", *missing) for version, missing in
-             {"2.2.0": ("lyrics",), "2.3.0": (), "2.4.0": ()}.items()}  # whoever wrote the tag
+NOT_SHOWN = {("ffprobe", "2.2.0"): ("version", "lyrics"),  # whoever wrote the tag
+             ("ffprobe", "2.3.0"): ("version",), ("ffprobe", "2.4.0"): ("version",)}
 
 
 def by_us(path):
@@ -172,8 +171,7 @@ def check_small_tags(song):
     check_fields("small in kid3", by_kid3(path, "tag1"), SMALL)
     check_fields("small in ffprobe", by_ffprobe(path), SMALL)
     tag = id3.ID3(path)
-    check("small in mutagen", [str(tag[name]) for name in ("TIT2", "TPE1", "TALB", "TDRC", "TRCK",
-                                                         "TCON")], list(SMALL.values()))
+    check_fields("small in mutagen", {field: str(tag[MUTAGEN[field]]) for field in SMALL}, SMALL)
     both = song.with_name("both.mp3")
     both.write_bytes(FRONT["2.3.0"][0] + song.read_bytes() + ID3V1)
     set_fields(both, SMALL)
@@ -203,9 +201,8 @@ def check_nothing_lost(song):
 
 def written_by_mutagen(path, fields, v2_version=4, encoding=3):
     tag = id3.ID3()
-    names = ("TIT2", "TPE1", "TALB", "TDRC", "TRCK", "TCON", "TBPM")
-    for name, field in zip(names, FIELDS):
-        tag.add(getattr(id3, name)(encoding, fields[field]))
+    for field in FIELDS[:7]:
+        tag.add(getattr(id3, MUTAGEN[field])(encoding, fields[field]))
     tag.add(id3.USLT(encoding, "eng", "", fields["lyrics"]))
     if v2_version == 3:
         tag.update_to_v23()
@@ -213,17 +210,13 @@ def written_by_mutagen(path, fields, v2_version=4, encoding=3):
 
 
 def written_by_kid3(path, fields):
-    names = dict(title="title", artist="artist", album="album", year="date", track="track number",
-                 genres="genre", bpm="bpm", lyrics="lyrics")
-    for field, name in names.items():
-        run("kid3-cli", "-c", f"set '{name}' '{fields[field]}' 2", path)
+    for field, value in fields.items():
+        run("kid3-cli", "-c", f"set '{KID3[field].lower()}' '{value}' 2", path)
 
 
 def written_by_ffmpeg(path, fields, version="4"):
-    names = dict(title="title", artist="artist", album="album", year="date", track="track",
-                 genres="genre", bpm="TBPM")
-    options = [part for field, name in names.items()
-               for part in ("-metadata", f"{name}={fields[field]}")]
+    options = [part for field in FIELDS[:7]
+               for part in ("-metadata", f"{FFMPEG[field]}={fields[field]}")]
     plain = path.with_suffix(".plain.mp3")
     path.rename(plain)
     run("ffmpeg", "-v", "error", "-i", plain, "-c", "copy", "-id3v2_version", version, *options, path)
@@ -232,9 +225,9 @@ def written_by_ffmpeg(path, fields, version="4"):
 def written_by_lame(path, fields):
     wav = path.with_suffix(".wav")
     run("ffmpeg", "-v", "error", "-i", path, wav)
-    run("lame", "--quiet", "--id3v2-only", "--tt", fields["title"], "--ta", fields["artist"],
-        "--tl", fields["album"], "--ty", fields["year"], "--tn", fields["track"],
-        "--tg", fields["genres"], wav, path)
+    options = [part for field, letter in zip(FIELDS, "talyng")
+               for part in (f"--t{letter}", fields[field])]
+    run("lame", "--quiet", "--id3v2-only", *options, wav, path)
 
 
 WRITERS = {
@@ -260,8 +253,7 @@ def check_read_tags(song):
 
 
 def main():
-    missing = [tool for tool in TOOLS if not shutil.which(tool)]
-    if missing:
+    if missing := [tool for tool in TOOLS if not shutil.which(tool)]:
         sys.exit(f"not installed: {', '.join(missing)}")
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)

@@ -10,6 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using FileType::SongDataType;
+using enum SongDataType;
 
 QByteArray id3v2(int major, int size)
 {
@@ -33,7 +34,6 @@ private Q_SLOTS:
     void removesStrayTags_data();
     void removesStrayTags();
     void readsStretches();
-    void opensOnlyFiles();
 
 private:
     [[nodiscard]] QString path() const { return mFolder.filePath(u"song"_s); }
@@ -44,35 +44,32 @@ void TestFileType::sniffs_data()
 {
     const Table<QByteArray, SongDataType> row("bytes", "type");
     const QByteArray filler(8192, 'x');
-    row("MPEG frames", mpegFrames(50), SongDataType::MPEGAudio);
+    row("MPEG frames", mpegFrames(50), MPEGAudio);
     row("MPEG frames with another sample rate index are none",
-        mpegFrames(50).replace('\x90', "\x9C"), SongDataType::Unknown);
-    row("frames of bitrate 15 are none", mpegFrames(50).replace('\x90', "\xF0"),
-        SongDataType::Unknown);
-    row("too few frames", mpegFrames(20) + filler, SongDataType::Unknown);
-    row("frames too far apart", (mpegFrames(1) + QByteArray(600, 'x')).repeated(400),
-        SongDataType::Unknown);
+        mpegFrames(50).replace('\x90', "\x9C"), Unknown);
+    row("frames of bitrate 15 are none", mpegFrames(50).replace('\x90', "\xF0"), Unknown);
+    row("too few frames", mpegFrames(20) + filler, Unknown);
+    row("frames too far apart", (mpegFrames(1) + QByteArray(600, 'x')).repeated(400), Unknown);
     row("frames after filler, at last near enough", QByteArray(20'000, 'x') + mpegFrames(400),
-        SongDataType::MPEGAudio);
-    row("frames after an ID3v2 tag", id3v2(3, 30'000) + mpegFrames(400), SongDataType::MPEGAudio);
+        MPEGAudio);
+    row("frames after an ID3v2 tag", id3v2(3, 30'000) + mpegFrames(400), MPEGAudio);
     row("frames after a tag of 380 kB never come near enough", id3v2(3, 380'000) + mpegFrames(2000),
-        SongDataType::Unknown);
+        Unknown);
     row("a tag longer than the file is scanned",
-        id3v2(3, 20).replace(7, 1, "\x7F") + mpegFrames(50), SongDataType::MPEGAudio);
-    row("a tag of size 6 is scanned", id3v2(3, 6) + mpegFrames(50), SongDataType::MPEGAudio);
-    row("4096 bytes", mp4(4096), SongDataType::Unknown);
-    row("5000 bytes of MP4", mp4(5000), SongDataType::MP4);
-    row("the words in several blocks", "moov" + filler + "udta" + filler + "mdia" + filler,
-        SongDataType::MP4);
+        id3v2(3, 20).replace(7, 1, "\x7F") + mpegFrames(50), MPEGAudio);
+    row("a tag of size 6 is scanned", id3v2(3, 6) + mpegFrames(50), MPEGAudio);
+    row("4096 bytes", mp4(4096), Unknown);
+    row("5000 bytes of MP4", mp4(5000), MP4);
+    row("the words in several blocks", "moov" + filler + "udta" + filler + "mdia" + filler, MP4);
     row("a word over the end of a block",
-        QByteArray(4094, 'x') + mp4(5000).replace("udta", "xxxx") + filler, SongDataType::Unknown);
+        QByteArray(4094, 'x') + mp4(5000).replace("udta", "xxxx") + filler, Unknown);
     row("a word at the last place that is looked at",
-        "moovudta" + QByteArray(4091 - 8, 'x') + "mdia" + filler, SongDataType::MP4);
+        "moovudta" + QByteArray(4091 - 8, 'x') + "mdia" + filler, MP4);
     row("a word one place further", "moovudta" + QByteArray(4092 - 8, 'x') + "mdia" + filler,
-        SongDataType::Unknown);
-    row("the words with nine frames", mp4(12) + mpegFrames(9) + filler, SongDataType::MP4);
-    row("the words with ten frames", mp4(12) + mpegFrames(10) + filler, SongDataType::Unknown);
-    row("MP4 after 499,999 bytes", QByteArray(503'808, 'x') + mp4(9000), SongDataType::Unknown);
+        Unknown);
+    row("the words with nine frames", mp4(12) + mpegFrames(9) + filler, MP4);
+    row("the words with ten frames", mp4(12) + mpegFrames(10) + filler, Unknown);
+    row("MP4 after 499,999 bytes", QByteArray(503'808, 'x') + mp4(9000), Unknown);
 }
 
 void TestFileType::sniffs()
@@ -84,12 +81,9 @@ void TestFileType::sniffs()
 
 void TestFileType::claims()
 {
-    QVERIFY(FileType::claimsToBeMP3(u"/a/b.MP3"));
-    QVERIFY(FileType::claimsToBeMP3(u"b.x.mp2"));
-    QVERIFY(!FileType::claimsToBeMP3(u"/a.mp3/b"));
-    QVERIFY(!FileType::claimsToBeMP3(u"/a/.mp3"));
-    QVERIFY(FileType::claimsToBeAAC(u"b.m4P"));
-    QVERIFY(!FileType::claimsToBeAAC(u"b.mp4"));
+    QVERIFY(FileType::claimsToBeMP3(u"/a/b.MP3") && FileType::claimsToBeMP3(u"b.x.mp2"));
+    QVERIFY(!FileType::claimsToBeMP3(u"/a.mp3/b") && !FileType::claimsToBeMP3(u"/a/.mp3"));
+    QVERIFY(FileType::claimsToBeAAC(u"b.m4P") && !FileType::claimsToBeAAC(u"b.mp4"));
     QVERIFY(FileType::claimsToBeOGG(u"b.Ogg"));
 }
 
@@ -109,10 +103,6 @@ void TestFileType::removesStrayTags()
     QFETCH(QString, log);
     QFETCH(int, removed);
     writeFile(path(), bytes);
-    if (!log.isEmpty() && removed == 0)
-        QTest::ignoreMessage(QtWarningMsg, qPrintable(log.arg(path())));
-    QCOMPARE(FileType::strayID3v2TagLength(*SongBytes::open(path())), removed);
-    QCOMPARE(fileContents(path()), bytes);
     if (!log.isEmpty())
         QTest::ignoreMessage(QtWarningMsg, qPrintable(log.arg(path())));
     QCOMPARE(FileType::removeID3v2TagFromFileAtPath(path(), KeepTime::No), removed > 0);
@@ -124,26 +114,16 @@ void TestFileType::readsStretches()
     QByteArray bytes(200'000, '\0');
     for (qsizetype i = 0; i < bytes.size(); ++i)
         bytes[i] = static_cast<char>(i * 7 + i / 251);
+    QVERIFY(!SongBytes::open(mFolder.path()) && !SongBytes::open(path() + u"not there"_s));
     writeFile(path(), bytes);
     const auto song = SongBytes::open(path());
-    QCOMPARE(song->size(), bytes.size());
-    for (const auto &[offset, length] : {std::pair{0, 10},
-                                         {199'872, 128},
-                                         {5, 100'000},
-                                         {99'999, 3},
-                                         {199'999, 10},
-                                         {200'000, 1},
-                                         {300'000, 1},
-                                         {0, 500'000}}) {
+    using Stretch = std::pair<int, int>;
+    for (const auto &[offset, length] :
+         {Stretch(199'872, 128), Stretch(5, 100'000), Stretch(199'999, 10), Stretch(200'000, 1),
+          Stretch(300'000, 1), Stretch(0, 500'000)}) {
         QCOMPARE(song->read(offset, length), bytes.mid(offset, length));
         QCOMPARE(song->view(offset, length).toByteArray(), bytes.mid(offset, length));
     }
-}
-
-void TestFileType::opensOnlyFiles()
-{
-    QVERIFY(!SongBytes::open(mFolder.path()));
-    QVERIFY(!SongBytes::open(mFolder.filePath(u"not there"_s)));
 }
 
 QTEST_GUILESS_MAIN(TestFileType)

@@ -53,80 +53,79 @@ void TestID3Reader::readsFrames_data()
                             const char *inStandard, const QStringList &logs = {}) {
         add(name, bytes, logs, QString::fromLatin1(inClassic), QString::fromLatin1(inStandard));
     };
-    const auto both = [&row](const char *name, const QByteArray &bytes, const char *frames) {
-        row(name, bytes, frames, frames);
+    const auto both = [&row](const char *name, const QByteArray &bytes, const char *frames,
+                             const QStringList &logs = {}) {
+        row(name, bytes, frames, frames, logs);
+    };
+    const auto v22 = [](const char *id, const QByteArray &body) {
+        return id3Tag(2, frame22(id, body));
+    };
+    const auto v23 = [](const char *id, const QByteArray &body, int flags = 0) {
+        return id3Tag(3, frame(id, body, flags));
+    };
+    const auto v24 = [](const char *id, const QByteArray &body, int flags = 0) {
+        return id3Tag(4, frame(id, body, flags));
     };
 
     both("text, and padding after it", id3Tag(3, title + QByteArray(30, '\0')), "TIT2=Song");
     both("several strings, several frames",
          id3Tag(3, frame("TPE1", "\0A\0B\0"_ba) + frame("TPE1", "\0C"_ba)), "TPE1=A+B TPE1=C");
-    both("TYER is stored as TDRC", id3Tag(3, frame("TYER", "\0002004"_ba)), "TDRC=2004");
-    both("a single genre is expanded", id3Tag(3, frame("TCON", "\0(1)"_ba)), "TCON=Rock");
-    both("several genres are not", id3Tag(4, frame("TCON", "\0(1)\0(0)"_ba)), "TCON=(1)+(0)");
-    both("unknown frames with their flags", id3Tag(3, frame("PRIV", "own"_ba, 0x4000)),
-         "PRIV=#40006f776e");
-    both("lyrics", id3Tag(3, frame("USLT", "\0eng\0Words"_ba)), "USLT=Words");
-    both("picture", id3Tag(3, frame("APIC", "\0image/png\0\3\0\x89P"_ba)), "[image]=2 bytes");
-    both("plain sizes in v2.4", id3Tag(4, frame("PRIV", private300) + title),
-         "PRIV=#000070707070707070707070 TIT2=Song");
+    both("TYER is stored as TDRC", v23("TYER", "\0002004"_ba), "TDRC=2004");
+    both("a single genre is expanded", v23("TCON", "\0(1)"_ba), "TCON=Rock");
+    both("several genres are not", v24("TCON", "\0(1)\0(0)"_ba), "TCON=(1)+(0)");
+    both("unknown frames with their flags", v23("PRIV", "own"_ba, 0x4000), "PRIV=#40006f776e");
     both("unknown version", id3Tag(5, title), "cannot read ID3v2.5.0");
     both("no bytes at all", ""_ba, "");
-    row("a picture of v2.2 in v2.3", id3Tag(3, frame("PIC", "\0"_ba).insert(3, '\0')),
+    row("a picture of v2.2 in v2.3", v23("PIC", "\0"_ba).insert(13, '\0'),
         "getAttributesFromID3v23", "PIC?=#000000",
         {u"classic: *** ID3v23 'PIC' recognized but no handler"_s});
+    row("an ID of v2.2 in v2.3", v23("TT2", "\0A"_ba).insert(13, '\0'), "TT2=A", "TIT2=A");
 
-    row("a year of zeros is dropped", id3Tag(3, frame("TYER", "\0000000"_ba)), "",
-        "TDRC=#00000030303030");
-    row("a track of zero is dropped",
-        id3Tag(3, frame("TRCK", "\0000/12"_ba) + frame("TRCK", "\0003/12"_ba)), "TRCK=3/12",
-        "TRCK=#000000302f3132 TRCK=3/12");
-    row("an empty text is dropped", id3Tag(3, frame("TIT2", "\0"_ba)), "", "TIT2=#000000");
-    row("lyrics without text are dropped", id3Tag(3, frame("USLT", "\0engOnly\0"_ba)), "",
+    row("a year of zeros is dropped", v23("TYER", "\0000000"_ba), "", "TDRC=#00000030303030");
+    row("a track of zero is dropped", v23("TRCK", "\0000/12"_ba), "", "TRCK=#000000302f3132");
+    row("an empty text is dropped", v23("TIT2", "\0"_ba), "", "TIT2=#000000");
+    row("lyrics without text are dropped", v23("USLT", "\0engOnly\0"_ba), "",
         "USLT=#000000656e674f6e6c7900");
-    row("a short picture is skipped", id3Tag(3, frame("APIC", "\0\0\0\0"_ba)), "",
-        "APIC=#000000000000");
-    row("a picture whose description has no encoding",
-        id3Tag(3, frame("APIC", "\x09image/png\0\3d\0\x89P"_ba)), "[image]=0 bytes",
-        "APIC=#000009696d6167652f706e67");
-    row("a link to a picture", id3Tag(3, frame("APIC", "\0-->\0\3\0url"_ba)), "[image]=3 bytes",
+    row("a short picture is skipped", v23("APIC", "\0\0\0\0"_ba), "", "APIC=#000000000000");
+    row("a picture whose description has no encoding", v23("APIC", "\x09image/png\0\3d\0\x89P"_ba),
+        "[image]=0 bytes", "APIC=#000009696d6167652f706e67");
+    row("a link to a picture", v23("APIC", "\0-->\0\3\0url"_ba), "[image]=3 bytes",
         "APIC=#0000002d2d3e00030075726c");
-    row("an ID of v2.2 in v2.3", id3Tag(3, frame("TT2", "\0A"_ba).insert(3, '\0')), "TT2=A",
-        "TIT2=A");
 
-    row("sync-safe sizes in v2.3", id3Tag(3, safeFrame("PRIV", private300) + title),
-        "PRIV=#000070707070707070707070 TIT2=Song", "PRIV=#000070707070707070707070 TIT2=Song");
-    row("the last of v2.4, sizes ambiguous", id3Tag(4, title + safeFrame("PRIV", private300)),
-        "TIT2=Song PRIV=#000070707070707070707070", "TIT2=Song PRIV=#000070707070707070707070");
-    row("a size that leads nowhere", id3Tag(3, title + "PRIV" + number(200) + number(0, 2) + "abc"),
-        "TIT2=Song PRIV=#0000616263!", "TIT2=Song PRIV=#0000616263!",
-        {u"*** id3v23 'PRIV' invalid size (Song)"_s});
-    row("a frame over the tag's end",
-        id3Tag(3, title + "PRIV" + number(100) + number(0, 2) + "abc"), "TIT2=Song!", "TIT2=Song!",
-        {u"*** id3v23 'PRIV' overrun (Song)"_s});
-
+    const char *privateAndTitle = "PRIV=#000070707070707070707070 TIT2=Song";
+    both("plain sizes in v2.4", id3Tag(4, frame("PRIV", private300) + title), privateAndTitle);
+    both("sync-safe sizes in v2.3", id3Tag(3, safeFrame("PRIV", private300) + title),
+         privateAndTitle);
+    both("the last of v2.4, sizes ambiguous", id3Tag(4, title + safeFrame("PRIV", private300)),
+         "TIT2=Song PRIV=#000070707070707070707070");
+    both("a size that leads nowhere", id3Tag(3, title + "PRIV" + number(200) + "\0\0abc"_ba),
+         "TIT2=Song PRIV=#0000616263!", {u"*** id3v23 'PRIV' invalid size (Song)"_s});
+    both("a frame over the tag's end", id3Tag(3, title + "PRIV" + number(100) + "\0\0abc"_ba),
+         "TIT2=Song!", {u"*** id3v23 'PRIV' overrun (Song)"_s});
     row("both readings of a v2.4 size fit",
         id3Tag(4,
                safeFrame("PRIV", QByteArray(256, 'p'))
                    + safeFrame("TIT2", '\0' + QByteArray(300, 'A'))),
         "PRIV=#000070707070707070707070 AAAA=#414141414141414141414141!",
-        qPrintable(u"PRIV=#000070707070707070707070 TIT2="_s + QString(300, u'A')),
+        ("PRIV=#000070707070707070707070 TIT2=" + QByteArray(300, 'A')).constData(),
         {u"classic: *** id3v23 'AAAA' invalid size ((null))"_s});
+
+    const QString unsynchronised = u"classic: *** ID3V2.4 UNSYNCHRONIZED ***"_s;
     row("an unsynchronised v2.3 tag",
         id3Tag(3, frame("PRIV", "\xFF\xE0"_ba).insert(11, '\0'), 0x80), "PRIV=#0000ff00",
-        "PRIV=#0000ffe0", {u"classic: *** ID3V2.4 UNSYNCHRONIZED ***"_s});
-    row("an unsynchronised v2.4 frame",
-        id3Tag(4, frame("APIC", "\0image/png\0\3\0\xFF\0\xE0"_ba, 0x0002)), "[image]=3 bytes",
-        "[image]=2 bytes");
-    row("an unknown unsynchronised frame stays as it is",
-        id3Tag(4, frame("PRIV", "\xFF\0\xE0"_ba, 0x0002)), "PRIV=#0002ff00e0", "PRIV=#0002ff00e0");
+        "PRIV=#0000ffe0", {unsynchronised});
+    row("an unsynchronised v2.4 frame", v24("APIC", "\0image/png\0\3\0\xFF\0\xE0"_ba, 0x0002),
+        "[image]=3 bytes", "[image]=2 bytes");
+    both("an unknown unsynchronised frame stays as it is", v24("PRIV", "\xFF\0\xE0"_ba, 0x0002),
+         "PRIV=#0002ff00e0");
     row("only the v2.4 tag says that its frames are unsynchronised",
         id3Tag(4, frame("PRIV", "\xFF\0\xE0"_ba), 0x80), "PRIV=#0000ff00e0", "PRIV=#0000ffe0",
-        {u"classic: *** ID3V2.4 UNSYNCHRONIZED ***"_s});
+        {unsynchronised});
     row("extended header of v2.4", id3Tag(4, "\0\0\0\6\1\0"_ba + title, 0x40), "", "TIT2=Song");
     both("extended header of v2.3", id3Tag(3, "\0\0\0\6\0\0\0\0\0\0"_ba + title, 0x40),
          "TIT2=Song");
-    row("extended header beyond the tag", id3Tag(3, number(5000) + title, 0x40), "!", "!",
-        {u"*** EXTENDER HEADER 5000 bytes ( >29, IGNORED ) ***"_s});
+    both("extended header beyond the tag", id3Tag(3, number(5000) + title, 0x40), "!",
+         {u"*** EXTENDER HEADER 5000 bytes ( >29, IGNORED ) ***"_s});
     row("data length indicator equal to the size",
         id3Tag(4, frame("PRIV", "\0\0\0\4"_ba, 1) + "body"), "PRIV=#0004626f6479",
         "PRIV=#000100000004", {u"classic: *** id3v23 'PRIV' length indicator used OK ((null))"_s});
@@ -139,54 +138,47 @@ void TestID3Reader::readsFrames_data()
          "[image]=2 bytes ULT=Words");
     row("a repeated v2.2 text", id3Tag(2, frame22("TT2", "\0A"_ba) + frame22("TT2", "\0B"_ba)),
         "TT2=B", "TT2=A TT2=B");
-    row("v2.2 year and track that say nothing",
-        id3Tag(2, frame22("TYE", "\000999"_ba) + frame22("TRK", "\0/3"_ba)), "",
-        "TYE=#00393939 TRK=#002f33");
-    row("a v2.2 frame of size 0", id3Tag(2, frame22("TT2", ""_ba) + frame22("TP1", "\0A"_ba)), "",
-        "TT2=# TP1=A");
-    both("a v2.2 frame over the tag's end is cut", id3Tag(2, "TT2"_ba + number(9, 3) + "\0Ab"_ba),
-         "TT2=Ab!");
+    row("a v2.2 year that says nothing", v22("TYE", "\000999"_ba), "", "TYE=#00393939");
+    row("a v2.2 track that says nothing", v22("TRK", "\0/3"_ba), "", "TRK=#002f33");
+    row("a v2.2 frame of size 0", v22("TT2", ""_ba), "", "TT2=#");
+    both("a v2.2 frame over the tag's end is cut", id3Tag(2, "TT2\0\0\x09\0Ab"_ba), "TT2=Ab!");
     both("a v2.2 frame header at the tag's end",
-         id3Tag(2, frame22("TP1", "\0A"_ba) + "TT2"_ba + number(9, 3)), "TP1=A!");
-    row("a v2.2 link to a picture", id3Tag(2, frame22("PIC", "\0-->\3\0url"_ba)), "[image]=3 bytes",
+         id3Tag(2, frame22("TP1", "\0A"_ba) + "TT2\0\0\x09"_ba), "TP1=A!");
+    row("a v2.2 link to a picture", v22("PIC", "\0-->\3\0url"_ba), "[image]=3 bytes",
         "PIC=#002d2d3e030075726c");
-    row("a v2.2 picture too short", id3Tag(2, frame22("PIC", "\0JPG"_ba)),
-        "getAttributesFromID3v22", "getAttributesFromID3v22",
-        {u"initWithID3v22Frame insufficient data"_s, u"ID3v22 PIC nil ((null)/(null))"_s});
+    both("a v2.2 picture too short", v22("PIC", "\0JPG"_ba), "getAttributesFromID3v22",
+         {u"initWithID3v22Frame insufficient data"_s, u"ID3v22 PIC nil ((null)/(null))"_s});
 
     // Classic takes a packed body for text.
     const QByteArray packed = deflated("\0Song"_ba);
-    row("compressed v2.3", id3Tag(3, frame("TIT2", number(5) + packed, 0x80)), "*", "TIT2=Song");
-    row("compressed v2.4", id3Tag(4, frame("TIT2", number(5) + packed, 0x09)), "*", "TIT2=Song");
-    row("grouped", id3Tag(3, frame("TIT2", "g\0Song"_ba, 0x20)), "*", "TIT2=#00206700536f6e67",
+    row("compressed v2.3", v23("TIT2", number(5) + packed, 0x80), "*", "TIT2=Song");
+    row("compressed v2.4", v24("TIT2", number(5) + packed, 0x09), "*", "TIT2=Song");
+    row("grouped", v23("TIT2", "g\0Song"_ba, 0x20), "*", "TIT2=#00206700536f6e67",
         {u"classic: id3v23StringsIn encoding 103 (no encoding byte)"_s});
-    row("damaged compression is kept raw", id3Tag(3, frame("TIT2", number(5) + "\0no"_ba, 0x80)),
-        "*", "TIT2=#008000000005006e6f!",
+    row("damaged compression is kept raw", v23("TIT2", number(5) + "\0no"_ba, 0x80), "*",
+        "TIT2=#008000000005006e6f!",
         {u"standard: *** id3v23 'TIT2' cannot be unpacked ((null))"_s});
-    row("a claimed size is not believed",
-        id3Tag(3, frame("TIT2", number(0xFFFFFFFF) + packed, 0x80)), "*", "TIT2=Song",
-        {u"classic: id3v23StringsIn encoding 255 (no encoding byte)"_s});
+    row("a claimed size is not believed", v23("TIT2", number(0xFFFFFFFF) + packed, 0x80), "*",
+        "TIT2=Song", {u"classic: id3v23StringsIn encoding 255 (no encoding byte)"_s});
 }
 
 void TestID3Reader::readsFrames()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QStringList, logs);
+    QFETCH(QString, inClassic);
     for (const QString &dialect : {u"classic"_s, u"standard"_s}) {
-        const bool isClassic = dialect == u"classic";
-        for (QString log : logs) {
-            const bool isForOne = log.startsWith(u"classic: ") || log.startsWith(u"standard: ");
-            if (!isForOne || log.startsWith(dialect))
-                QTest::ignoreMessage(QtWarningMsg,
-                                     qPrintable(isForOne ? log.section(u' ', 1) : log));
+        for (const QString &log : logs) {
+            if (!log.contains(u": ") || log.startsWith(dialect))
+                QTest::ignoreMessage(QtWarningMsg, qPrintable(log.section(u": "_s, -1)));
         }
+        const bool isClassic = dialect == u"classic";
         const QString read =
             readTag(bytes, {.dialect = isClassic ? ID3Dialect::classic() : ID3Dialect::standard()});
         if (!isClassic)
             QTEST(read, "inStandard");
-        else if (*static_cast<const QString *>(QTest::qData("inClassic", qMetaTypeId<QString>()))
-                 != u"*")
-            QTEST(read, "inClassic");
+        else if (inClassic != u"*")
+            QCOMPARE(read, inClassic);
     }
 }
 
@@ -199,30 +191,28 @@ void TestID3Reader::discards()
         title + frame("PRIV", "own") + frame("COMM", "c") + frame("TRCK", "\0000"_ba);
     QCOMPARE(readTag(id3Tag(3, frames), regenerating), u"TIT2=Song COMM=#000063"_s);
     QTest::ignoreMessage(QtWarningMsg, "*** id3v23 'COMM' invalid size (Song)");
-    QCOMPARE(readTag(id3Tag(3, title + "COMM" + number(200) + number(0, 2) + "abc"), regenerating),
-             u"TIT2=Song!"_s);
+    const QByteArray lost = title + "COMM" + number(200) + "\0\0abc"_ba;
+    QCOMPARE(readTag(id3Tag(3, lost), regenerating), u"TIT2=Song!"_s);
     QTest::ignoreMessage(QtWarningMsg, "initWithID3v22Frame insufficient data");
     QTest::ignoreMessage(QtWarningMsg, "ID3v22 PIC nil ((null)/(null))");
-    QCOMPARE(
-        readTag(id3Tag(2, frame22("PIC", "\0JPG"_ba) + frame22("TT2", "\0A"_ba)), regenerating),
-        u"TT2=A!"_s);
+    const QByteArray short22 = frame22("PIC", "\0JPG"_ba) + frame22("TT2", "\0A"_ba);
+    QCOMPARE(readTag(id3Tag(2, short22), regenerating), u"TT2=A!"_s);
 }
 
 void TestID3Reader::bombsAreRefused()
 {
+    const ReadOptions standard{.dialect = ID3Dialect::standard()};
     const QByteArray bomb = number(1) + deflated(QByteArray(70 << 20, '\0'));
     QTest::ignoreMessage(QtWarningMsg, "*** id3v23 'TIT2' cannot be unpacked ((null))");
-    QVERIFY(readTag(id3Tag(3, frame("TIT2", bomb, 0x80)), {.dialect = ID3Dialect::standard()})
-                .startsWith(u"TIT2=#0080"));
+    QVERIFY(readTag(id3Tag(3, frame("TIT2", bomb, 0x80)), standard).startsWith(u"TIT2=#0080"));
     // What is inflated in vain counts as well: the last frame, which is sound, comes too late.
     const QByteArray vain = number(1) + deflated(QByteArray(33 << 20, '\0')).chopped(6);
     const QByteArray sound = frame("TPE1", number(5) + deflated("\0Band"_ba), 0x80);
     for (int i = 0; i < 2; ++i)
         QTest::ignoreMessage(QtWarningMsg, "*** id3v23 'TIT2' cannot be unpacked ((null))");
     QTest::ignoreMessage(QtWarningMsg, "*** id3v23 'TPE1' cannot be unpacked ((null))");
-    QVERIFY(readTag(id3Tag(3, frame("TIT2", vain, 0x80).repeated(2) + sound),
-                    {.dialect = ID3Dialect::standard()})
-                .contains(u"TPE1=#0080"));
+    const QByteArray tag = id3Tag(3, frame("TIT2", vain, 0x80).repeated(2) + sound);
+    QVERIFY(readTag(tag, standard).contains(u"TPE1=#0080"));
     QCOMPARE(readTag(id3Tag(3, frame("PRIV", "").repeated(10'001)), {}), u"too many frames"_s);
 }
 
