@@ -129,7 +129,9 @@ QString simplifiedKey(QStringView paddedPlain)
     const std::size_t first = table.firstOccurring(paddedPlain, 0);
     if (first == table.size())
         return keyOf(paddedPlain);
-    return keyOf(table.applied(paddedPlain.toString(), first));
+    SimplifierTable::Text text(paddedPlain.begin(), paddedPlain.end());
+    table.apply(text, first);
+    return keyOf(text);
 }
 
 /// The trimmed text with the one space at each end that simplifiers match whole words by.

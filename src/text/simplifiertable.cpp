@@ -35,22 +35,22 @@ bool beginsWith(QStringView text, QStringView folded)
 }
 
 /// In one pass from left to right.
-QString replaced(QStringView text, const QString &folded, const QString &replacement)
+void replace(QStringView text, QStringView folded, QStringView replacement,
+             SimplifierTable::Text &result)
 {
-    QString result;
-    result.reserve(text.size() + replacement.size());
+    result.clear();
+    const auto append = [&result](QStringView part) { result.append(part.data(), part.size()); };
     qsizetype copied = 0;
     for (qsizetype i = 0; i + folded.size() <= text.size();) {
-        if (!beginsWith(text.sliced(i), folded)) {
+        if (fold(text[i]) != folded.front() || !beginsWith(text.sliced(i), folded)) {
             ++i;
             continue;
         }
-        result += text.sliced(copied, i - copied);
-        result += replacement;
+        append(text.sliced(copied, i - copied));
+        append(replacement);
         copied = i += folded.size();
     }
-    result += text.sliced(copied);
-    return result;
+    append(text.sliced(copied));
 }
 
 } // namespace
@@ -113,9 +113,15 @@ std::size_t SimplifierTable::firstOccurring(QStringView text, std::size_t from) 
     return found;
 }
 
-QString SimplifierTable::applied(QString text, std::size_t first) const
+void SimplifierTable::apply(Text &text, std::size_t first) const
 {
-    for (std::size_t next = first; next < size(); next = firstOccurring(text, next + 1))
-        text = replaced(text, mSimplifiers[next].folded, mSimplifiers[next].replacement);
-    return text;
+    Text other;
+    Text *from = &text;
+    Text *to = &other;
+    for (std::size_t next = first; next < size(); next = firstOccurring(*from, next + 1)) {
+        replace(*from, mSimplifiers[next].folded, mSimplifiers[next].replacement, *to);
+        std::swap(from, to);
+    }
+    if (from != &text)
+        text = other;
 }

@@ -3,6 +3,7 @@
 #include <QMap>
 #include <QString>
 #include <QStringView>
+#include <QVarLengthArray>
 
 #include <bitset>
 #include <compare>
@@ -21,9 +22,12 @@ public:
     /// text; size() when none does.
     [[nodiscard]] std::size_t firstOccurring(QStringView text, std::size_t from) const;
 
-    /// The text with each simplifier in turn, from `first` on, replaced wherever it occurs, in
-    /// any case. Later ones see what earlier ones put in. `first` must occur.
-    [[nodiscard]] QString applied(QString text, std::size_t first) const;
+    /// A text on the stack, unless it is long: titles come by the million.
+    using Text = QVarLengthArray<QChar, 256>;
+
+    /// Replaces each simplifier in turn, from `first` on, wherever it occurs, in any case. Later
+    /// ones see what earlier ones put in. `first` must occur.
+    void apply(Text &text, std::size_t first) const;
 
 private:
     struct Simplifier {
