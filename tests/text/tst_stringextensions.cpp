@@ -28,10 +28,8 @@ private Q_SLOTS:
         const Table<Conversion, QString, QString> row("conversion", "text", "result");
 
         const Conversion escaped = safelyEscapedString;
-        row("escapes blanks, quotes, accents", escaped, u"é \"<x>"_s, u"%C3%A9%20%22%3Cx%3E"_s);
-        row("leaves what is reserved", escaped, u"a&b=c/d?e+f"_s, u"a&b=c/d?e+f"_s);
-        row("escapes the number sign", escaped, u"#1"_s, u"%231"_s);
-        row("is not escaped twice", escaped, u"a%20b"_s, u"a%20b"_s);
+        row("escapes what is unsafe, leaves what is reserved", escaped, u"é \"<x>#1&b=c/d?e+f"_s,
+            u"%C3%A9%20%22%3Cx%3E%231&b=c/d?e+f"_s);
         row("undoes double escapes", escaped, u"a%252520b"_s, u"a%20b"_s);
         row("undoes escapes made of escapes", escaped, u"%%34%31"_s, u"A"_s);
         row("escapes that are no UTF-8 stay", escaped, u"%E9"_s, u"%E9"_s);
@@ -43,12 +41,11 @@ private Q_SLOTS:
         row("mixed stays", corrected, u"McCartney"_s, u"McCartney"_s);
 
         const Conversion plain = plainASCIIString;
-        row("accents", plain, u"Ångström ÇŞẽ"_s, u"Angstrom CSe"_s);
-        row("combining accents", plain, u"e\u0301\u0323a"_s, u"ea"_s);
-        row("letters that do not decompose", plain, u"Æøßłđþı"_s, u"AEossldthi"_s);
-        row("accent on such a letter", plain, u"ǿ"_s, u"o"_s);
-        row("typographic signs", plain, u"‘a’ “b”–—…"_s, u"'a' \"b\"--..."_s);
-        row("ligatures, fullwidth, bold", plain, u"ﬁ Ａ\U0001D400"_s, u"fi AA"_s);
+        row("accents, also combining ones", plain, u"Ångström ÇŞẽe\u0301\u0323a"_s,
+            u"Angstrom CSeea"_s);
+        row("letters that do not decompose", plain, u"Æøßłđþıǿ"_s, u"AEossldthio"_s);
+        row("typographic signs, ligatures, fullwidth, bold", plain, u"‘a’ “b”–—… ﬁ Ａ\U0001D400"_s,
+            u"'a' \"b\"--... fi AA"_s);
         row("others are dropped", plain, QString(u"a日\U0001F600b"_s + QChar(0xD800)), u"ab"_s);
 
         const Conversion normalized = normalizedString;
@@ -58,8 +55,8 @@ private Q_SLOTS:
         row("nothing in front", normalized, u", The"_s, u", The"_s);
 
         const Conversion visible = stringWithoutHTMLTags;
-        row("tags and white space", visible, u"<b>One</b>\r\n\t two <br>"_s, u"One two"_s);
-        row("references stay", visible, u"a&nbsp;<i>b"_s, u"a&nbsp;b"_s);
+        row("tags and white space, not references", visible, u"<b>One</b>\r\n\t two&nbsp; <br>"_s,
+            u"One two&nbsp;"_s);
         row("an open tag stays", visible, u"a  < b"_s, u"a < b"_s);
 
         const Conversion stripped = stringWithStrippedParenthesizedText;
@@ -75,20 +72,25 @@ private Q_SLOTS:
         row("brackets", stringWithStrippedBracketedText, u"a [b] (c)"_s, u"a  (c)"_s);
 
         const Conversion replaced = stringByReplacingAmpersandCodes;
-        row("names", replaced, u"R&amp;B &eacute;&Eacute; &thetasym;"_s, u"R&B éÉ ϑ"_s);
+        row("names know case", replaced, u"R&amp;B &eacute;&Eacute; &thetasym;&Amp;"_s,
+            u"R&B éÉ ϑ&Amp;"_s);
         row("the seven more", replaced, u"&LT;&GT;&AMP;&QUOT;&apos;&percnt;&supl;"_s,
             u"<>&\"'%¹"_s);
         row("the semicolon is optional", replaced, u"a &amp b &amp"_s, u"a & b &"_s);
-        row("the longest name counts", replaced, u"&ampx;"_s, u"&ampx;"_s);
-        row("names know case", replaced, u"&Amp;"_s, u"&Amp;"_s);
-        row("unknown name", replaced, u"&foo; & &"_s, u"&foo; & &"_s);
-        row("decimal", replaced, u"&#65;&#65B"_s, u"AAB"_s);
-        row("hexadecimal", replaced, u"&#x41;&#X4a"_s, u"AJ"_s);
+        row("the longest name counts, if known", replaced, u"&ampx; &foo; & &"_s,
+            u"&ampx; &foo; & &"_s);
+        row("numbers, not replaced twice", replaced, u"&#65;&#65B&#x41;&#X4a &#38;lt;"_s,
+            u"AABAJ &lt;"_s);
         row("Windows-1252", replaced, u"&#150;&#x80;&#129;"_s, u"–€\u0081"_s);
         row("zero, too large, no digits", replaced, u"&#0;&#70000;&#;&#x;&#x10000;"_s,
             u"&#0;&#70000;&#;&#x;&#x10000;"_s);
         row("digits beyond the eighth stay", replaced, u"&#000000650;"_s, u"A0;"_s);
-        row("not replaced twice", replaced, u"&amp;lt;"_s, u"&lt;"_s);
+
+        // Quadratic walks of these would run into the time limit of the test programs.
+        const int many = 300'000;
+        row("many tags", visible, u"<a>x"_s.repeated(many), u"x"_s.repeated(many));
+        row("many levels of escapes", escaped, u'%' + u"25"_s.repeated(many), u"%25"_s);
+        row("many unordered accents", plain, u'a' + u"\u0301\u0323"_s.repeated(many), u"a"_s);
 
         const Conversion cleaned = LyricsCleanup::cleanUpLyrics;
         row("whole words alone", cleaned, u"im, time imp (im)\nim"_s,
@@ -106,7 +108,6 @@ private Q_SLOTS:
 
     void digits()
     {
-        QCOMPARE(CharacterToNumber(u'7', HexAllowed::No), 7);
         QCOMPARE(CharacterToNumber(u'b', HexAllowed::No), -1);
         QCOMPARE(CharacterToNumber(u'F', HexAllowed::Yes), 15);
         QCOMPARE(CharacterToNumber(u'g', HexAllowed::Yes), -1);
@@ -122,7 +123,6 @@ private Q_SLOTS:
         QCOMPARE(lengthAt(u"x&lt y"_s, 1), 3);
         QCOMPARE(lengthAt(u"x&#x3c;y"_s, 1), 6);
         QCOMPARE(lengthAt(u"x&lt;y"_s, 0), 0);
-        QCOMPARE(lengthAt(u"x&"_s, 1), 0);
         QCOMPARE(lengthAt(u"x"_s, 7), 0);
         QCOMPARE(lengthAt(u"&none;"_s, 0), 0);
     }
@@ -140,26 +140,6 @@ private Q_SLOTS:
     {
         QCOMPARE(bigEndianUnicodeData(u"a€"_s), QByteArray::fromHex("feff006120ac"));
         QCOMPARE(bigEndianUnicodeData(u""_s), QByteArray::fromHex("feff"));
-    }
-
-    void hostileTextsTakeLinearTime_data()
-    {
-        const Table<Conversion, QString, qsizetype> row("conversion", "text", "length");
-
-        const int many = 300'000;
-        row("tags", Conversion(stringWithoutHTMLTags), u"<a>x"_s.repeated(many), qsizetype(many));
-        row("levels of escapes", Conversion(safelyEscapedString),
-            QString(u'%' + u"25"_s.repeated(many)), qsizetype(3));
-        row("unordered accents", Conversion(plainASCIIString),
-            QString(u'a' + u"\u0301\u0323"_s.repeated(many)), qsizetype(1));
-    }
-
-    /// A quadratic walk would run into the time limit of the test programs.
-    void hostileTextsTakeLinearTime()
-    {
-        QFETCH(Conversion, conversion);
-        QFETCH(QString, text);
-        QTEST(conversion(text).size(), "length");
     }
 };
 
