@@ -73,10 +73,8 @@ private Q_SLOTS:
         for (const auto &[size, isSong] : {std::pair<qint64, bool>(255, false),
                                            {256, true},
                                            {twoGB, false},
-                                           {2 * twoGB + 255, false},
                                            {2 * twoGB + 256, true}}) {
             QVERIFY(QFile::resize(path(u"sparse"_s), size));
-            QCOMPARE(SongFile::songWithPath(path(u"sparse"_s)) != nullptr, isSong);
             QCOMPARE(SongFile::songWithPath(path(u"link"_s)) != nullptr, isSong);
         }
         QVERIFY(!SongFile::songWithPath(mFolder->path()));
@@ -149,14 +147,20 @@ private Q_SLOTS:
         QVERIFY(!mSong->refresh());
     }
 
-    void movedFileIsFollowedUntilAnotherPathIsSet()
+    void fileIsFollowedUntilItIsGoneOrAnotherPathIsSet()
     {
+        const QString moved = path(u"moved.mp3"_s);
         mSong->setAliasFromPath();
-        QVERIFY(QFile::rename(mPath, path(u"moved.mp3"_s)));
+        QVERIFY(QFile::rename(mPath, moved));
         QVERIFY(!mSong->refresh());
-        QCOMPARE(mSong->path(), path(u"moved.mp3"_s));
+        QCOMPARE(mSong->path(), moved);
         QCOMPARE(mSong->activityStatus(), SongStatus::Ready);
-        mSong->setPath(mSong->path());
+        QVERIFY(QFile::remove(moved));
+        QVERIFY(!mSong->refresh());
+        QCOMPARE(mSong->path(), moved);
+        QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
+        QCOMPARE(mSong->reasonNotToWrite(), u"ErrorSongVanished"_s);
+        mSong->setPath(moved);
         QVERIFY(mSong->hasAlias());
         mSong->setPath(mPath);
         QVERIFY(!mSong->hasAlias());
@@ -173,28 +177,13 @@ private Q_SLOTS:
         QCOMPARE(song->path(), u"song.mp3"_s);
     }
 
-    void vanishedFileIsAProblem()
+    void writingIsNoOutsideChange()
     {
-        mSong->setAliasFromPath();
-        QVERIFY(QFile::remove(mPath));
-        QVERIFY(!mSong->refresh());
-        QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
-        QCOMPARE(mSong->path(), mPath);
-        QCOMPARE(mSong->reasonNotToWrite(), u"ErrorSongVanished"_s);
-    }
-
-    void writeKeepsAttributesAndIsNoOutsideChange()
-    {
-        const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
-        QVERIFY(QFile::setPermissions(mPath, permissions));
         makeOlder(mPath, 60);
         mSong->refresh();
         QCOMPARE(writeTitle(), Outcome::Kind::Written);
         QVERIFY(mSong->hasAlias());
         QVERIFY(!mSong->refresh());
-        QCOMPARE(QFile::permissions(mPath)
-                     & ~QFile::Permissions(QFile::ReadUser | QFile::WriteUser),
-                 permissions);
         QCOMPARE(SongFile::songWithPath(mPath)->infotag()->title(), u"Paper Moons"_s);
     }
 
@@ -213,17 +202,11 @@ private Q_SLOTS:
         }
     }
 
-    void failedWriteIsAProblem()
-    {
-        // no tag held
-        QCOMPARE(mSong->writeToOriginalPath({}, nullptr).kind, Outcome::Kind::Failed);
-        QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
-        QVERIFY(SongFile({}, {}).writeToOriginalPath({}, nullptr).kind == Outcome::Kind::Unchanged);
-    }
-
-    void playerIsPausedForItsSongAloneAndAlwaysResumed()
+    void failedWriteIsAProblemAndPlayingGoesOn()
     {
         FakeLibrary library;
+        QCOMPARE(mSong->writeToOriginalPath({}, &library).kind, Outcome::Kind::Failed); // no tag
+        QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
         library.playing = path(u"other.mp3"_s);
         QCOMPARE(writeTitle(&library), Outcome::Kind::Written);
         QCOMPARE(library.calls, QStringList());
@@ -232,6 +215,7 @@ private Q_SLOTS:
         QCOMPARE(writeTitle(&library), Outcome::Kind::Failed);
         QCOMPARE(mSong->activityStatus(), SongStatus::Problem);
         QCOMPARE(library.calls, QStringList({u"pause"_s, u"resume"_s}));
+        QVERIFY(SongFile({}, {}).writeToOriginalPath({}, nullptr).kind == Outcome::Kind::Unchanged);
     }
 
     void libraryRefresh_data()
