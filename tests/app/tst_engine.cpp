@@ -1,5 +1,6 @@
 #include "app/engine.h"
 
+#include "app/prefscontroller.h"
 #include "base/folders.h"
 #include "support/table.h"
 #include "support/tempfiles.h"
@@ -7,19 +8,113 @@
 #include "text/simplifier.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
+/// Each test begins with folders of its own.
 class TestEngine : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        mHome = std::make_unique<QTemporaryDir>();
-        qputenv("XDG_CONFIG_HOME", mHome->path().toUtf8());
-        qputenv("XDG_CACHE_HOME", mHome->filePath(u"cache"_s).toUtf8());
+        mFolder = std::make_unique<QTemporaryDir>();
+        qputenv("XDG_CONFIG_HOME", mFolder->path().toUtf8());
+        qputenv("XDG_CACHE_HOME", mFolder->filePath(u"cache"_s).toUtf8());
+    }
+
+    void newUserGetsSettingsOfTheirOwn()
+    {
+        PrefsController();
+        QVERIFY(QFileInfo::exists(settingsFile()));
+        PrefsController prefs;
+        const GatheringOptions options = prefs.gatheringOptions();
+        QCOMPARE(options.gather, gatherableAssets);
+        QCOMPARE(options.overwrite, Assets());
+        QCOMPARE(options.albumPickingMethod, AlbumPick::MostAgreement);
+        QVERIFY(options.parallelSearch);
+        QCOMPARE(options.overwriteImageThreshold, preferences::noLimit);
+        QVERIFY(prefs.readOptions().dialect == ID3Dialect::standard());
+        QCOMPARE(prefs.writeOptions().v24Sizes, FrameSizes::Accurate);
+        QVERIFY(preferences::cacheSizeMB.value(prefs.settings()) > 0);
+        QCOMPARE(prefs.settings().value(u"prefsVersion"_s).toInt(), 3);
+    }
+
+    void oldSettingsReadAsTheyAlwaysDid()
+    {
+        writeSettings("drawerClosed=true\n");
+        PrefsController prefs;
+        const GatheringOptions options = prefs.gatheringOptions();
+        QCOMPARE(options.gather, gatherableAssets);
+        QCOMPARE(options.overwrite, Assets());
+        QCOMPARE(options.albumPickingMethod, AlbumPick::None);
+        QCOMPARE(options.allowSubstrings, Substrings::Refuse);
+        QVERIFY(!options.parallelSearch);
+        QCOMPARE(options.minimumImageSize, 100.0);
+        QCOMPARE(options.maximumImageSize, 450.0);
+        QCOMPARE(options.overwriteImageThreshold, preferences::overwriteSliderMaximum);
+        QVERIFY(prefs.id3Dialect() == ID3Dialect::classic());
+        QCOMPARE(prefs.writeOptions().v24Sizes, FrameSizes::Plain);
+        QVERIFY(!prefs.settings().contains(u"prefsVersion"_s));
+    }
+
+    void optionsComeBackAsSaved()
+    {
+        GatheringOptions options;
+        options.gather = AssetArtwork | AssetYear;
+        options.overwrite = AssetLyrics | AssetTrack;
+        options.albumPickingMethod = AlbumPick::EarliestYear;
+        options.allowSubstrings = Substrings::Allow;
+        options.parallelSearch = false;
+        PrefsController().setGatheringOptions(options);
+        const GatheringOptions saved = PrefsController().gatheringOptions();
+        QCOMPARE(saved.gather, options.gather);
+        QCOMPARE(saved.overwrite, options.overwrite);
+        QCOMPARE(saved.albumPickingMethod, options.albumPickingMethod);
+        QCOMPARE(saved.allowSubstrings, options.allowSubstrings);
+        QCOMPARE(saved.parallelSearch, options.parallelSearch);
+    }
+
+    void otherVersionsAreIgnored()
+    {
+        writeSettings("prefsVersion=2\ncheckYear=false\nalbumPickingMethod=1\nminImageSize=250\n");
+        const GatheringOptions options = PrefsController().gatheringOptions();
+        QCOMPARE(options.gather, gatherableAssets);
+        QCOMPARE(options.minimumImageSize, 250.0); // has a key of its own
+    }
+
+    void unusableValuesReadAsUnset_data()
+    {
+        const Table<QByteArray> row("line");
+        row("no number", "maxImageSize=large");
+        row("pictures of no size", "maxImageSize=0");
+        row("a method there is none of", "prefsVersion=3\nalbumPickingMethod=9");
+        row("a dialect there is none of", "id3Dialect=fancy");
+    }
+    void unusableValuesReadAsUnset()
+    {
+        QFETCH(QByteArray, line);
+        writeSettings(line + '\n');
+        const PrefsController prefs;
+        QCOMPARE(prefs.gatheringOptions().maximumImageSize, 450.0);
+        QCOMPARE(prefs.gatheringOptions().albumPickingMethod, AlbumPick::None);
+        QVERIFY(prefs.id3Dialect() == ID3Dialect::classic());
+    }
+
+    void useDefaultsForgetsSevenSettings()
+    {
+        const QStringList forgotten = u"minImageSize maxImageSize cacheSizeMB "
+                                      "overwriteImageThreshold id3v24Accurate ignoreNonSquareArt "
+                                      "keepiTunesRefreshed"_s.split(u' ');
+        PrefsController prefs;
+        for (const QString &key : forgotten)
+            prefs.settings().setValue(key, 1);
+        prefs.useDefaults();
+        for (const QString &key : forgotten)
+            QVERIFY(!prefs.settings().contains(key));
+        QVERIFY(prefs.settings().contains(u"checkYear"_s));
     }
 
     void startInstallsWhatTheDefinitionsHold()
@@ -38,31 +133,34 @@ private Q_SLOTS:
 
     void cacheIsClearedWhenDefinitionsSaySo_data()
     {
-        const Table<QVariant, bool> row("clearCacheAtLaunch", "isKept");
-        row("yes", 1, false);
-        row("no", 0, true);
+        const Table<QVariantMap, bool> row("definitions", "isKept");
+        row("yes", {{u"clearCacheAtLaunch"_s, 1}}, false);
+        row("no", {{u"clearCacheAtLaunch"_s, 0}}, true);
         row("nothing said", {}, true);
     }
     void cacheIsClearedWhenDefinitionsSaySo()
     {
-        QFETCH(QVariant, clearCacheAtLaunch);
+        QFETCH(QVariantMap, definitions);
         const QString ours = cacheFolder() + u"/pages"_s;
         const QString others = QFileInfo(cacheFolder()).path() + u"/somebody else"_s;
         QVERIFY(QDir().mkpath(ours));
         writeFile(ours + u"/page"_s, "page");
         writeFile(others, "precious");
         Engine engine;
-        QVariantMap values;
-        if (clearCacheAtLaunch.isValid())
-            values.insert(u"clearCacheAtLaunch"_s, clearCacheAtLaunch);
-        engine.definitions.useDefinitions(SiteDefinitions(values));
+        engine.definitions.useDefinitions(SiteDefinitions(definitions));
         engine.start(Engine::Definitions::Fixed);
         QTEST(QFileInfo::exists(ours + u"/page"_s), "isKept");
         QVERIFY(QFileInfo::exists(others));
     }
 
 private:
-    std::unique_ptr<QTemporaryDir> mHome;
+    static void writeSettings(const QByteArray &lines)
+    {
+        QVERIFY(QDir().mkpath(QFileInfo(settingsFile()).path()));
+        writeFile(settingsFile(), "[General]\n" + lines);
+    }
+
+    std::unique_ptr<QTemporaryDir> mFolder;
 };
 
 QTEST_GUILESS_MAIN(TestEngine)

@@ -12,8 +12,7 @@ AlbumInfo albumFrom(const QString &row)
         const QString text = parts.value(index);
         return text.isEmpty() ? std::nullopt : std::optional(text);
     };
-    AlbumInfo album;
-    album.setName(part(0));
+    AlbumInfo album({}, part(0));
     album.setYear(part(1));
     album.setGenres(part(2));
     album.setArtURLString(part(3));
@@ -45,6 +44,13 @@ QString shown(const AlbumList &albums)
     return rows.join(u';');
 }
 
+AlbumInfo albumWith(const QStringList &tracks)
+{
+    AlbumInfo album(u"Lanterns"_qs, u"Night"_qs);
+    album.setTrackNames(tracks);
+    return album;
+}
+
 QString namesOf(const AlbumList &albums)
 {
     QStringList names;
@@ -60,6 +66,73 @@ class AlbumListTest : public QObject {
 private Q_SLOTS:
     void initTestCase() { installTexts(); }
 
+    void cleansTexts()
+    {
+        for (const auto &[name, cleaned] : {std::pair{u"Greatest Hits**"_qs, u"Greatest Hits"_qs},
+                                            {u"*Hits* Live"_qs, u"*Hits* Live"_qs},
+                                            {u"ABBA GOLD"_qs, u"Abba Gold"_qs},
+                                            {u"Hits* "_qs, u"Hits*"_qs}})
+            QCOMPARE(*AlbumInfo({}, name).name(), cleaned);
+        AlbumInfo album({}, {});
+        album.setArtist(u"Lanterns, The"_qs);
+        album.setYear(u" 1999 "_qs);
+        album.setTrackNames(QStringList{u"ONE "_qs, u"two"_qs});
+        album.cleanUpStrings();
+        QCOMPARE(*album.artist(), u"The Lanterns"_qs);
+        QCOMPARE(*album.year(), u" 1999 "_qs);
+        QCOMPARE(*album.trackNames(), (QStringList{u"One"_qs, u"Two"_qs}));
+        QVERIFY(!album.name());
+    }
+
+    void findsTracks_data()
+    {
+        const Table<QStringList, QString, int, int> row("tracks", "title", "strictly", "loosely");
+        const QStringList three{u"Dawn"_qs, u"The Dusk"_qs, u"Dusk (Live)"_qs};
+        row("whatever case and article", three, u"dusk"_qs, 2, 2);
+        row("a part of a track", three, u"Live"_qs, 0, 3);
+        row("a track is a part of it", three, u"Dawn Chorus"_qs, 0, 1);
+        row("the last part that fits", three, u"us"_qs, 0, 3);
+        row("of equal titles the last", {u"Dawn"_qs, u"dawn"_qs}, u"Dawn"_qs, 2, 2);
+        row("an exact one before a later part", {u"Dawn"_qs, u"Dawn II"_qs}, u"Dawn"_qs, 1, 1);
+        row("nothing is part of an empty title", three, {}, 0, 0);
+        row("an empty track is part of none", {QString()}, u"Dawn"_qs, 0, 0);
+    }
+    void findsTracks()
+    {
+        QFETCH(QStringList, tracks);
+        QFETCH(QString, title);
+        QTEST(albumWith(tracks).numberOfTrackNamed(title, Substrings::Refuse), "strictly");
+        QTEST(albumWith(tracks).numberOfTrackNamed(title, Substrings::Allow), "loosely");
+    }
+
+    void tellsWhatItHolds()
+    {
+        AlbumInfo album({}, {});
+        QCOMPARE(album.assets(), Assets(AssetTrack)); // always counted
+        album = albumWith({u"One"_qs});
+        album.setYear(u"1999"_qs);
+        QCOMPARE(album.assets(), AssetTrack | AssetArtist | AssetAlbumName | AssetYear);
+        QCOMPARE(album.matchToDesiredAssets({}), -1.0F);
+        QCOMPARE(album.matchToDesiredAssets(AssetYear | AssetTrack), 1.0F);
+        QCOMPARE(album.matchToDesiredAssets(AssetYear | AssetBPM | AssetLyrics | AssetTrack), 0.5F);
+    }
+
+    void describesItself()
+    {
+        AlbumInfo album = albumWith({u"Dawn"_qs, u"Dusk"_qs});
+        QVERIFY(
+            album.description().endsWith(u" AlbumInfo 'Night' by Lanterns (1:Dawn, 2:Dusk)>"_qs));
+        album.setArtist({});
+        album.setYear(u"1999"_qs);
+        album.setGenres(u"Rock"_qs);
+        album.setArtURLString(u"http://x/a.jpg"_qs);
+        album.setLyrics(u"la"_qs, u"Dawn"_qs);
+        album.incDuplicates();
+        QVERIFY(album.description().contains(
+            u"'Night' by (null) lyrics (1 songs) year=1999 genre=Rock dupes=1"
+            " cover=http://x/a.jpg (1:Dawn, 2:Dusk)>"_qs));
+    }
+
     void mergesAlbums_data()
     {
         const Table<QString, QString, QString> row("albums", "title", "merged");
@@ -70,12 +143,9 @@ private Q_SLOTS:
             {}, u"K/1600///1;B/1601///1"_qs);
         row("genre and artwork from the last that has them", u"K;K||Rock|u1;K||Pop|;K|||u2"_qs, {},
             u"K//Pop/u2/3"_qs);
-        row("what an album has stays", u"K||Rock|u1;K||Pop|u2"_qs, {}, u"K//Rock/u1/1"_qs);
         row("albums without the title go, what they taught stays",
             u"K|1990|||s|Dawn;B|1980|||s|Dusk;K|1985|Rock||s|Dusk"_qs, u"dawn"_qs,
             u"K/1985/Rock//0"_qs);
-        row("a part of the title is enough", u"K|||||Dawn II;B|||||Dusk"_qs, u"Dawn"_qs,
-            u"K////0"_qs);
         row("a title on no album drops none", u"K|||||Dawn;B|||||Dusk"_qs, u"Noon"_qs,
             u"K////0;B////0"_qs);
         row("albums without a name are of one name", u"|1990;K;||Rock"_qs, {},
@@ -90,19 +160,14 @@ private Q_SLOTS:
         QTEST(shown(list), "merged");
     }
 
-    void keepsAlbumsOfTheRightLength_data()
-    {
-        const Table<int, QString> row("tracks", "kept");
-        row("as many tracks", 2, u"B,D"_qs);
-        row("none fits, all stay", 3, u"K,B,C,D"_qs);
-        row("no tracks at all", 0, u"C"_qs);
-    }
     void keepsAlbumsOfTheRightLength()
     {
-        QFETCH(int, tracks);
-        AlbumList list = albumsFrom(u"K|||||1;B|||||1,2;C;D|||||3,4"_qs);
-        eliminateAlbumsWithDifferentNumberOfTracks(list, tracks);
-        QTEST(namesOf(list), "kept");
+        for (const auto &[tracks, kept] :
+             {std::pair{2, u"B,D"_qs}, {3, u"K,B,C,D"_qs}, {0, u"C"_qs}}) {
+            AlbumList list = albumsFrom(u"K|||||1;B|||||1,2;C;D|||||3,4"_qs);
+            eliminateAlbumsWithDifferentNumberOfTracks(list, tracks);
+            QCOMPARE(namesOf(list), kept);
+        }
     }
 
     void keepsAlbumsOfTheRightName_data()
@@ -157,8 +222,6 @@ private Q_SLOTS:
     {
         const Table<QString, int, QString, QString> row("albums", "method", "chosen", "problem");
         const QString two = u"K|1999;B|1998"_qs;
-        row("none of none", {}, 1, {}, {});
-        row("one, whatever the method", u"K"_qs, 1, u"K"_qs, {});
         row("no method, nothing chosen, no message", two, 0, {}, {});
         row("the earliest year", two, 1, u"B"_qs, {});
         row("of a year the one with most tracks; short years do not count",

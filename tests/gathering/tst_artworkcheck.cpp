@@ -1,5 +1,6 @@
 #include "gathering/artworkcheck.h"
 
+#include "support/songs.h"
 #include "support/table.h"
 
 #include <QBuffer>
@@ -30,13 +31,6 @@ QByteArray encoded(const QImage &image, const char *format, int quality = -1)
     return bytes;
 }
 
-QByteArray plainPng(int width, int height)
-{
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    return encoded(image, "PNG");
-}
-
 /// A BMP of a few bytes whose header claims that size.
 QByteArray bmpClaiming(qint32 width, qint32 height)
 {
@@ -55,9 +49,7 @@ private Q_SLOTS:
     {
         const Table<QSize, bool, bool> row("size", "squareOnly", "accepted");
         row("as wide as the minimum", {100, 50}, false, true);
-        row("narrower", {99, 500}, false, false);
         row("portrait", {300, 500}, true, false);
-        row("portrait where shape does not matter", {300, 500}, false, true);
         row("0.8 is square", {400, 500}, true, true);
         row("below 0.8", {399, 500}, true, false);
         row("1.3 is square", {650, 500}, true, true);
@@ -75,17 +67,16 @@ private Q_SLOTS:
     void keepsWhatFits_data()
     {
         const Table<QByteArray, QString> row("picture", "mimeType");
-        row("PNG", plainPng(300, 200), u"image/png"_qs);
+        row("PNG", plainPicture(300, 200), u"image/png"_qs);
         row("JPEG", encoded(noise(300, 300), "JPG"), u"image/jpeg"_qs);
-        row("BMP", encoded(noise(300, 300), "BMP"), u"image/bmp"_qs);
-        row("too large, but every JPEG of it is larger still", plainPng(400, 400), u"image/png"_qs);
+        row("too large, but every JPEG of it is larger still", plainPicture(400, 400),
+            u"image/png"_qs);
     }
     void keepsWhatFits()
     {
         QFETCH(QByteArray, picture);
         const auto adjusted = adjustedImage(picture, {.maxWidth = 300});
-        QVERIFY(adjusted);
-        QVERIFY(!adjusted->wasReencoded);
+        QVERIFY(adjusted && !adjusted->wasReencoded);
         QCOMPARE(adjusted->data, picture);
         QTEST(adjusted->mimeType, "mimeType");
     }
@@ -93,7 +84,6 @@ private Q_SLOTS:
     void shrinksWhatIsTooLarge_data()
     {
         const Table<QSize, QSize> row("size", "shrunk");
-        row("square", {1000, 1000}, {300, 300});
         row("the width is the longer side", {1000, 333}, {300, 100});
         row("the height is", {310, 601}, {155, 300});
         row("never less than a pixel", {3000, 2}, {300, 1});
@@ -103,8 +93,7 @@ private Q_SLOTS:
         QFETCH(QSize, size);
         const auto adjusted =
             adjustedImage(encoded(noise(size.width(), size.height()), "PNG"), {.maxWidth = 300});
-        QVERIFY(adjusted);
-        QVERIFY(adjusted->wasReencoded);
+        QVERIFY(adjusted && adjusted->wasReencoded);
         QCOMPARE(adjusted->mimeType, u"image/jpeg"_qs);
         QTEST(imageSize(adjusted->data), "shrunk");
         QVERIFY(adjusted->data.startsWith("\xFF\xD8"));
@@ -117,8 +106,7 @@ private Q_SLOTS:
         const QByteArray best = encoded(QImage::fromData(poor).scaled(600, 600), "JPG", 80);
         QVERIFY(best.size() > poor.size());
         const auto adjusted = adjustedImage(poor, {.maxWidth = 600});
-        QVERIFY(adjusted);
-        QVERIFY(adjusted->wasReencoded);
+        QVERIFY(adjusted && adjusted->wasReencoded);
         QVERIFY(adjusted->data.size() < poor.size());
     }
 
@@ -143,7 +131,7 @@ private Q_SLOTS:
         row("nothing", {});
         row("a page", "<html>not found</html>");
         row("a signature alone", jpeg.first(4));
-        row("a PNG without pixels", plainPng(300, 300).first(40));
+        row("a PNG without pixels", plainPicture(300, 300).first(40));
         row("a picture that is no raster",
             "<svg xmlns='http://www.w3.org/2000/svg' width='300' height='300'/>");
     }
@@ -155,13 +143,10 @@ private Q_SLOTS:
 
     void measuresWithoutDecoding()
     {
-        QCOMPARE(imageWidth(plainPng(123, 45)), 123);
+        QCOMPARE(imageWidth(plainPicture(123, 45)), 123);
         QCOMPARE(imageWidth("no picture"), 0);
         QCOMPARE(imageWidth(bmpClaiming(10000, 10000)), 10000);
-    }
-
-    void picturesOfMoreThan100MegapixelsAreNone()
-    {
+        // Pictures of more than 100 megapixels are none.
         QCOMPARE(imageWidth(bmpClaiming(10001, 10000)), 0);
         QVERIFY(!adjustedImage(bmpClaiming(0x7FFFFFFF, 0x7FFFFFFF), {}));
     }

@@ -75,18 +75,17 @@ private Q_SLOTS:
 
     void completionIsReportedOnce_data()
     {
-        QTest::addColumn<SampleSource::Step>("start");
-        QTest::addColumn<SampleSource::Step>("onResult");
+        using Step = SampleSource::Step;
+        QTest::addColumn<Step>("start");
+        QTest::addColumn<Step>("onResult");
         QTest::addColumn<int>("results");
-        const auto row = [](const char *name, int results, SampleSource::Step start,
-                            SampleSource::Step onResult = {}) {
+        const auto row = [](const char *name, int results, Step start, Step onResult = {}) {
             QTest::newRow(name) << start << onResult << results;
         };
         const auto url = [this](const char *path) { return mServer->url(QLatin1String(path)); };
         const SampleSource::Step fetchA = [url](auto &source) { source.fetch(url("/a")); };
         row("nothing to fetch", 0, [](auto &) {});
         row("no URL", 0, [](auto &source) { source.fetch(QUrl()); });
-        row("a page", 1, fetchA);
         row("a page without data", 1, [url](auto &source) { source.fetch(url("/empty")); });
         row("a failed fetch", 1, [url](auto &source) { source.fetch(url("/reset")); });
         row("an address that is never fetched", 1,
@@ -139,9 +138,8 @@ private Q_SLOTS:
     void numberOfFetchesAtATime_data()
     {
         const Table<QVariantMap, int> row("definition", "atATime");
-        row("eight where the definition says nothing", QVariantMap(), 8);
-        row("zero means eight", QVariantMap{{u"simulConns"_s, u"0"_s}}, 8);
-        row("two", QVariantMap{{u"simulConns"_s, 2}}, 2);
+        row("zero means eight", {{u"simulConns"_s, u"0"_s}}, 8);
+        row("two", {{u"simulConns"_s, 2}}, 2);
     }
     void numberOfFetchesAtATime()
     {
@@ -158,24 +156,8 @@ private Q_SLOTS:
         mServer->hold();
         source.beginSearch();
         QTRY_COMPARE(mServer->requests().size(), atATime);
-        QCOMPARE(mQueue->currentNumberOfConnections(), atATime);
         mServer->release();
-        QSignalSpy complete(&source, &WebDBInterface::searchComplete);
-        QVERIFY(complete.wait());
-        QCOMPARE(source.got.size(), source.totalSearches());
-    }
-
-    void frontOvertakesWhatWaits()
-    {
-        SampleSource source(*mQueue,
-                            [this](auto &self) {
-                                self.fetch(mServer->url(u"/a"_s));
-                                self.fetch(mServer->url(u"/b"_s));
-                                self.fetch(mServer->url(u"/c"_s), QueueEnd::Front);
-                            },
-                            {{u"simulConns"_s, 1}});
-        complete(source);
-        QCOMPARE(mServer->paths(), (QStringList{u"/a"_s, u"/c"_s, u"/b"_s}));
+        QTRY_COMPARE(source.got.size(), source.totalSearches());
     }
 
     void barMeasuresFromTheSixthSearchOn()
@@ -223,26 +205,21 @@ private Q_SLOTS:
         QCOMPARE(mServer->paths(), QStringList{u"/a"_s});
     }
 
-    void shortPagesAreForgotten_data()
+    void pagesBelow100BytesAreForgotten()
     {
-        const Table<int, bool> row("length", "isUsable");
-        row("99 bytes", 99, false);
-        row("100 bytes", 100, true);
-    }
-    void shortPagesAreForgotten()
-    {
-        QFETCH(int, length);
-        QFETCH(bool, isUsable);
-        mServer->serve(u"/page"_s, {.body = QByteArray(length, '\xE9')});
-        for (int search = 0; search < 2; ++search) {
-            SampleSource source(*mQueue,
-                                [this](auto &self) { self.fetch(mServer->url(u"/page"_s)); });
-            complete(source);
-            const std::optional<QString> page = source.usablePage(source.got.value(0));
-            QCOMPARE(page.has_value(), isUsable);
-            QCOMPARE(page.value_or(QString()), isUsable ? QString(length, u'é') : QString());
+        for (const int length : {99, 100}) {
+            const bool isUsable = length == 100;
+            const QString path = u"/%1"_s.arg(length);
+            const int before = int(mServer->requests().size());
+            mServer->serve(path, {.body = QByteArray(length, '\xE9')});
+            for (int search = 0; search < 2; ++search) {
+                SampleSource source(*mQueue, [&](auto &self) { self.fetch(mServer->url(path)); });
+                complete(source);
+                QCOMPARE(source.usablePage(source.got.value(0)).value_or(QString()),
+                         isUsable ? QString(length, u'é') : QString());
+            }
+            QCOMPARE(mServer->requests().size() - before, isUsable ? 1 : 2); // or from the cache
         }
-        QCOMPARE(mServer->requests().size(), isUsable ? 1 : 2); // the second from the cache
     }
 
     void paceIsKeptAtTheHostsOfTheDefinition()
@@ -294,23 +271,21 @@ private Q_SLOTS:
     }
 
 private:
-    void complete(SampleSource &source);
+    /// Runs a search to its end and verifies that it says so once, and not before beginSearch() is
+    /// back.
+    void complete(SampleSource &source)
+    {
+        QSignalSpy complete(&source, &WebDBInterface::searchComplete);
+        source.beginSearch();
+        QCOMPARE(complete.size(), 0);
+        QTRY_COMPARE(complete.size(), 1);
+        spinEvents();
+        QCOMPARE(complete.size(), 1);
+    }
 
     std::unique_ptr<HttpServer> mServer;
     std::unique_ptr<HVHTTPQueue> mQueue;
 };
-
-/// Runs a search to its end and verifies that it says so once, and not before beginSearch() is
-/// back.
-void TestWebDBInterface::complete(SampleSource &source)
-{
-    QSignalSpy complete(&source, &WebDBInterface::searchComplete);
-    source.beginSearch();
-    QCOMPARE(complete.size(), 0);
-    QTRY_COMPARE(complete.size(), 1);
-    spinEvents();
-    QCOMPARE(complete.size(), 1);
-}
 
 QTEST_GUILESS_MAIN(TestWebDBInterface)
 #include "tst_webdbinterface.moc"

@@ -208,62 +208,58 @@ private Q_SLOTS:
     }
 
 private:
-    void serve(const Pages &results);
-    [[nodiscard]] QVariantMap definition(const QVariantMap &changes) const;
-    AlbumList search(const Song &song, const QVariantMap &changes = {});
+    void serve(const Pages &results)
+    {
+        mServer = std::make_unique<HttpServer>();
+        mQueue = std::make_unique<HVHTTPQueue>(QString());
+        mServer->serveInTurn(u"/search"_s, results);
+        const QList<std::pair<QString, QByteArray>> discs{
+            {u"1"_s, "Nila Oster / Salt & Iron"}, {u"2"_s, "Nila Oster / Harbour"},
+            {u"3"_s, "Someone Else / Salt"},      {u"4"_s, "Nila Oster Trio / Trio"},
+            {u"5"_s, "Oster Nila Duo / Duo"},     {u"6"_s, "Oster / Alone"},
+        };
+        for (const auto &[disc, title] : discs)
+            mServer->serve(
+                u"/disc?id="_s + disc,
+                {.body = "DTITLE=" + title
+                     + "\nDYEAR=1998\nDGENRE=Folk\nTTITLE0=First Light\nTTITLE1=Low Tide\n"});
+        mServer->serve(u"/disc?id=garbage"_s, {.body = "\x01\x02<html>busy</html>"});
+        mServer->serve(u"/disc?id=empty"_s, {});
+        mServer->serve(u"/disc?id=reset"_s, {.then = HttpAnswer::Then::Reset});
+    }
+
+    /// The built-in definition with the test server's addresses.
+    [[nodiscard]] QVariantMap definition(const QVariantMap &changes) const
+    {
+        const QByteArray builtIn = resourceData(u"defaultres.xml"_s).value();
+        QVariantMap values =
+            PropertyList::parse(builtIn).value.toMap().value(u"res_FreeDBInterface"_s).toMap();
+        values[u"simulConns"_s] = 1; // so that albums come in the order of the rows
+        values[u"queryPOST"_s] = mServer->url(u"/search"_s).toString();
+        values[u"discInfoURL"_s] = mServer->url(u"/disc?id="_s).toString() + u"%@"_s;
+        values.insert(changes);
+        return values;
+    }
+
+    AlbumList search(const Song &song, const QVariantMap &changes = {})
+    {
+        FreeDBInterface source(SiteDefinition(definition(changes)), *mQueue);
+        source.setArtist(song.artist);
+        source.setAlternateArtist(song.alternateArtist);
+        source.setAlbumTitle(song.album);
+        source.setSongTitle(song.title);
+        source.setAllowSubstringTrackMatches(song.substrings);
+        source.setIsCompilation(song.isCompilation);
+        QSignalSpy complete(&source, &WebDBInterface::searchComplete);
+        source.beginSearch();
+        if (!complete.wait(20'000) || complete.size() != 1)
+            return {AlbumInfo({}, u"the search did not complete once"_s)};
+        return source.albums();
+    }
 
     std::unique_ptr<HttpServer> mServer;
     std::unique_ptr<HVHTTPQueue> mQueue;
 };
-
-void TestFreeDBInterface::serve(const Pages &results)
-{
-    mServer = std::make_unique<HttpServer>();
-    mQueue = std::make_unique<HVHTTPQueue>(QString());
-    mServer->serveInTurn(u"/search"_s, results);
-    const QList<std::pair<QString, QByteArray>> discs{
-        {u"1"_s, "Nila Oster / Salt & Iron"}, {u"2"_s, "Nila Oster / Harbour"},
-        {u"3"_s, "Someone Else / Salt"},      {u"4"_s, "Nila Oster Trio / Trio"},
-        {u"5"_s, "Oster Nila Duo / Duo"},     {u"6"_s, "Oster / Alone"},
-    };
-    for (const auto &[disc, title] : discs)
-        mServer->serve(
-            u"/disc?id="_s + disc,
-            {.body = "DTITLE=" + title
-                 + "\nDYEAR=1998\nDGENRE=Folk\nTTITLE0=First Light\nTTITLE1=Low Tide\n"});
-    mServer->serve(u"/disc?id=garbage"_s, {.body = "\x01\x02<html>busy</html>"});
-    mServer->serve(u"/disc?id=empty"_s, {});
-    mServer->serve(u"/disc?id=reset"_s, {.then = HttpAnswer::Then::Reset});
-}
-
-/// The built-in definition with the test server's addresses.
-QVariantMap TestFreeDBInterface::definition(const QVariantMap &changes) const
-{
-    const QByteArray builtIn = resourceData(u"defaultres.xml"_s).value();
-    QVariantMap values =
-        PropertyList::parse(builtIn).value.toMap().value(u"res_FreeDBInterface"_s).toMap();
-    values[u"simulConns"_s] = 1; // so that albums come in the order of the rows
-    values[u"queryPOST"_s] = mServer->url(u"/search"_s).toString();
-    values[u"discInfoURL"_s] = mServer->url(u"/disc?id="_s).toString() + u"%@"_s;
-    values.insert(changes);
-    return values;
-}
-
-AlbumList TestFreeDBInterface::search(const Song &song, const QVariantMap &changes)
-{
-    FreeDBInterface source(SiteDefinition(definition(changes)), *mQueue);
-    source.setArtist(song.artist);
-    source.setAlternateArtist(song.alternateArtist);
-    source.setAlbumTitle(song.album);
-    source.setSongTitle(song.title);
-    source.setAllowSubstringTrackMatches(song.substrings);
-    source.setIsCompilation(song.isCompilation);
-    QSignalSpy complete(&source, &WebDBInterface::searchComplete);
-    source.beginSearch();
-    if (!complete.wait(20'000) || complete.size() != 1)
-        return {AlbumInfo({}, u"the search did not complete once"_s)};
-    return source.albums();
-}
 
 QTEST_GUILESS_MAIN(TestFreeDBInterface)
 #include "tst_freedbinterface.moc"

@@ -1,15 +1,20 @@
-#include "sources/sitedefinitionstore.h"
+#include "sources/definitionsupdate.h"
 
 #include "base/folders.h"
 #include "base/propertylist.h"
 #include "base/resources.h"
+#include "base/texts.h"
 #include "gathering/definitioncheck.h"
 #include "sources/builtinsources.h"
+#include "sources/sitedefinitionstore.h"
+#include "support/fakeclock.h"
+#include "support/httpserver.h"
 #include "support/table.h"
 #include "support/tempfiles.h"
 
 #include <QDir>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -22,13 +27,46 @@ QVariantMap release(const QVariant &number, QVariantMap values = {})
     return values;
 }
 
+QByteArray xml(const QVariantMap &set)
+{
+    return PropertyList::toXml(set);
+}
+
 const QVariantMap badAddress{{u"queryPOST"_s, u"file:///etc/passwd"_s}};
+
+/// A user whose definitions are updated from the test server.
+struct World {
+    World()
+    {
+        const QVariantMap newer = release(117, {{u"genres"_s, QVariantList{u"Newer"_s}}});
+        server.serve(u"/new?" TAGWRIGHT_VERSION ""_s, {.body = xml(newer)});
+        server.serve(u"/empty?" TAGWRIGHT_VERSION ""_s, {});
+        server.serve(u"/reset?" TAGWRIGHT_VERSION ""_s, {.then = HttpAnswer::Then::Reset});
+        server.serve(u"/page?" TAGWRIGHT_VERSION ""_s, {.body = "<html>hello</html>"});
+    }
+
+    [[nodiscard]] QString address(const QString &path) const
+    {
+        return path.isEmpty() ? path : server.url(path).toString() + u"?%@"_s;
+    }
+    [[nodiscard]] bool wasChecked() const { return SiteDefinitionStore::lastCheck.isSet(settings); }
+
+    FakeClock clock;
+    QTemporaryDir folder;
+    QSettings settings{folder.filePath(u"conf"_s), QSettings::IniFormat};
+    HttpServer server;
+    HVHTTPQueue queue{QString()};
+    SiteDefinitionStore store{settings};
+    DefinitionsUpdate update{store, settings, queue, clock};
+    QSignalSpy merged{&update, &DefinitionsUpdate::merged};
+};
 } // namespace
 
 class TestSiteDefinitionStore : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { installTexts(); }
     void init()
     {
         mFolder = std::make_unique<QTemporaryDir>();
@@ -54,7 +92,6 @@ private Q_SLOTS:
     {
         const Table<QByteArray, QString, bool, QString> row("stored", "version", "isUsed", "log");
         const QString ours = QStringLiteral(TAGWRIGHT_VERSION);
-        const auto xml = [](const QVariantMap &set) { return PropertyList::toXml(set); };
         row("of this release", xml(release(116)), ours, true, {});
         row("older", xml(release(115)), ours, false, {});
         row("without a number", xml({{u"genres"_s, QVariantList()}}), ours, false, {});
@@ -89,11 +126,11 @@ private Q_SLOTS:
         static const QRegularExpression decodeLine(u"^decode defres: ."_s);
         QTest::ignoreMessage(QtWarningMsg, decodeLine);
         QVERIFY(store.liveResources().isEmpty());
-        writeFile(path, PropertyList::toXml(QVariantMap{{u"genres"_s, 7}}));
+        writeFile(path, xml({{u"genres"_s, 7}}));
         QTest::ignoreMessage(QtWarningMsg,
                              "built-in definitions refused: genres is no list of texts");
         QVERIFY(store.liveResources().isEmpty());
-        writeFile(path, PropertyList::toXml(QVariantMap{{u"genres"_s, QVariantList{u"Own"_s}}}));
+        writeFile(path, xml({{u"genres"_s, QVariantList{u"Own"_s}}}));
         QCOMPARE(store.liveResources().genres(),
                  QStringList{u"Own"_s}); // the next call tried again
     }
@@ -102,7 +139,6 @@ private Q_SLOTS:
     {
         const Table<QByteArray, bool, QString> row("newer", "isMerged", "log");
         const QVariantMap genres{{u"genres"_s, QVariantList{u"Newer"_s}}};
-        const auto xml = [](const QVariantMap &set) { return PropertyList::toXml(set); };
         row("of this release", xml(release(116, genres)), true, {});
         row("of an earlier one", xml(release(115, genres)), false, {});
         row("a list", PropertyList::toXml(QVariantList{116}), false, {});
@@ -134,9 +170,9 @@ private Q_SLOTS:
     {
         const Table<QByteArray, QString> row("contents", "error");
         const QVariantMap set{{u"genres"_s, QVariantList{u"Own"_s}}};
-        row("XML", PropertyList::toXml(set), {});
+        row("XML", xml(set), {});
         row("binary, without a release number", PropertyList::toBinary(set), {});
-        row("a key of the wrong type", PropertyList::toXml(QVariantMap{{u"sourcelist"_s, 7}}),
+        row("a key of the wrong type", xml({{u"sourcelist"_s, 7}}),
             u"sourcelist is no list of texts"_s);
         row("a text", PropertyList::toXml(u"text"_s), u"is no dictionary"_s);
         row("too large", QByteArray(3 << 20, ' '), u"is larger than 2 MB"_s);
@@ -151,6 +187,106 @@ private Q_SLOTS:
         QCOMPARE(loaded.error, error);
         QCOMPARE(loaded.definitions.isEmpty(), !error.isEmpty());
         QVERIFY(!SiteDefinitionStore::loadFile(path + u"no"_s).error.isEmpty());
+    }
+
+    void asksOncePerDay_data()
+    {
+        // age: of the last check, in seconds
+        const Table<qint64, bool> row("age", "asks");
+        row("a day ago", 86400, false);
+        row("a second more", 86401, true);
+        row("in the future", -1, true);
+    }
+    void asksOncePerDay()
+    {
+        QFETCH(qint64, age);
+        QFETCH(bool, asks);
+        World world;
+        world.store.liveResources();
+        const auto now =
+            std::chrono::floor<std::chrono::seconds>(world.clock.now().time_since_epoch());
+        SiteDefinitionStore::lastCheck.set(world.settings, now.count() - age);
+        world.update.setAddresses(world.address(u"/new"_s), {});
+        world.update.checkDaily();
+        world.update.checkDaily();
+        QCOMPARE(world.queue.numberOfRows(), asks ? 1 : 0);
+        QTRY_COMPARE(world.merged.size(), asks ? 1 : 0);
+        QCOMPARE(world.store.liveResources().genres().size(), asks ? 1 : 192);
+    }
+
+    void fallbackIsAskedWhenNothingCame_data()
+    {
+        const Table<QString, QString, bool, bool, bool> row("first", "fallback", "asksFallback",
+                                                            "isMerged", "staysChecked");
+        row("first address answers", u"/new"_s, u"/page"_s, false, true, true);
+        row("failure", u"/reset"_s, u"/new"_s, true, true, true);
+        row("both fail", u"/empty"_s, u"/reset"_s, true, false, false);
+        row("no fallback", u"/reset"_s, {}, false, false, false);
+        row("what is no property list is passed over", u"/page"_s, u"/new"_s, false, false, true);
+    }
+    void fallbackIsAskedWhenNothingCame()
+    {
+        QFETCH(QString, first);
+        QFETCH(QString, fallback);
+        QFETCH(bool, asksFallback);
+        World world;
+        world.update.setAddresses(world.address(first), world.address(fallback));
+        world.update.checkDaily();
+        QVERIFY(world.wasChecked());
+        QTRY_COMPARE(world.server.paths().size(), asksFallback ? 2 : 1);
+        QTRY_COMPARE(world.queue.numberOfRows(), 0);
+        for (int turn = 0; turn < 20; ++turn)
+            QCoreApplication::processEvents();
+        QCOMPARE(world.server.paths().size(), asksFallback ? 2 : 1);
+        QTEST(world.merged.size() == 1, "isMerged");
+        QTEST(world.wasChecked(), "staysChecked");
+    }
+
+    void onlyTrustedAddressesAreTried_data()
+    {
+        const Table<QString> row("address");
+        row("http", u"http://192.0.2.1/new"_s);
+        row("a file", u"file:///etc/passwd"_s);
+    }
+    void onlyTrustedAddressesAreTried()
+    {
+        QFETCH(QString, address);
+        World world;
+        const QString line = u"newer definitions come over https only, not from "_s + address;
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(line));
+        world.update.setAddresses(address, {});
+        world.update.checkDaily();
+        QCOMPARE(world.queue.numberOfRows(), 0);
+        QVERIFY(!world.wasChecked());
+    }
+
+    void newerReleaseIsAnnounced_data()
+    {
+        const Table<QVariantMap, QString> row("changes", "message"); // empty: nothing is told
+        row("without notes", {}, u"Tagwright 2.0 is there."_s);
+        row("notes behind", {{u"latestReleaseNotes"_s, u"Faster."_s}},
+            u"Tagwright 2.0 is there.\n\nFaster."_s);
+        row("notes in front", {{u"latestReleaseNotes"_s, u"!Urgent."_s}},
+            u"Urgent.\n\nTagwright 2.0 is there."_s);
+        row("this release", {{u"latestReleaseNumber"_s, 116}}, {});
+        row("no version", {{u"latestVersion"_s, QString()}}, {});
+    }
+    void newerReleaseIsAnnounced()
+    {
+        QFETCH(QVariantMap, changes);
+        QVariantMap newer = release(117,
+                                    {{u"latestVersion"_s, u"2.0"_s},
+                                     {u"latestDLLocation"_s, u"https://tagwright.example/"_s}});
+        newer.insert(changes);
+        World world;
+        world.server.serve(u"/new?" TAGWRIGHT_VERSION ""_s, {.body = xml(newer)});
+        QString message;
+        connect(&world.update, &DefinitionsUpdate::releaseAnnounced, this,
+                [&message](const auto &release) { message = release.message; });
+        world.update.setAddresses(world.address(u"/new"_s), {});
+        world.update.checkDaily();
+        QTRY_COMPARE(world.merged.size(), 1);
+        QTEST(message, "message");
     }
 
 private:
