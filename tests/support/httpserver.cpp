@@ -25,8 +25,9 @@ SeenRequest requestFrom(const QByteArray &head)
 }
 
 /// Takes one whole request from the front of what was received.
-std::optional<SeenRequest> takeRequest(QByteArray &received)
+std::optional<SeenRequest> takeRequest(QTcpSocket *socket)
 {
+    const QByteArray received = socket->peek(socket->bytesAvailable());
     const qsizetype end = received.indexOf(headEnd);
     if (end < 0)
         return std::nullopt;
@@ -35,8 +36,7 @@ std::optional<SeenRequest> takeRequest(QByteArray &received)
     const qsizetype bodyLength = request.headers.value("content-length").toLongLong();
     if (received.size() < bodyBegin + bodyLength)
         return std::nullopt;
-    request.body = received.mid(bodyBegin, bodyLength);
-    received.remove(0, bodyBegin + bodyLength);
+    request.body = socket->read(bodyBegin + bodyLength).mid(bodyBegin);
     return request;
 }
 
@@ -85,22 +85,25 @@ void drip(QTcpSocket *socket, const QByteArray &bytes)
 
 HttpServer::HttpServer()
 {
-    connect(this, &QTcpServer::newConnection, this, &HttpServer::takeConnection);
+    connect(this, &QTcpServer::newConnection, this, [this] {
+        while (QTcpSocket *socket = nextPendingConnection()) {
+            connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
+                while (const auto request = takeRequest(socket))
+                    take(socket, *request);
+            });
+            connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+        }
+    });
     if (!listen(QHostAddress::LocalHost))
         qFatal("cannot listen on loopback: %s", qPrintable(errorString()));
-}
-
-QUrl HttpServer::url(const QString &path) const
-{
-    return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path));
 }
 
 void HttpServer::release()
 {
     mIsHolding = false;
-    for (const Held &held : std::exchange(mHeld, {}))
-        if (held.socket)
-            answer(held.socket, held.request);
+    for (const auto &[socket, request] : std::exchange(mHeld, {}))
+        if (socket)
+            answer(socket, request);
 }
 
 QStringList HttpServer::paths() const
@@ -111,28 +114,12 @@ QStringList HttpServer::paths() const
     return paths;
 }
 
-void HttpServer::takeConnection()
-{
-    while (QTcpSocket *socket = nextPendingConnection()) {
-        connect(socket, &QTcpSocket::readyRead, this, [this, socket] { read(socket); });
-        connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-    }
-}
-
-void HttpServer::read(QTcpSocket *socket)
-{
-    QByteArray received = socket->property("received").toByteArray() + socket->readAll();
-    while (const auto request = takeRequest(received))
-        take(socket, *request);
-    socket->setProperty("received", received);
-}
-
 void HttpServer::take(QTcpSocket *socket, const SeenRequest &request)
 {
     mRequests.append(request);
     mMostAtOnce = std::max(mMostAtOnce, ++mUnanswered);
     if (mIsHolding)
-        mHeld.append({socket, request});
+        mHeld.append({QPointer(socket), request});
     else
         answer(socket, request);
 }

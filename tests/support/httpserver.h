@@ -49,7 +49,10 @@ class HttpServer : public QTcpServer {
 public:
     HttpServer();
 
-    [[nodiscard]] QUrl url(const QString &path) const;
+    [[nodiscard]] QUrl url(const QString &path) const
+    {
+        return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path));
+    }
 
     /// Answers the path's first request with the first answer and so on; the last one is given for
     /// ever. Paths that were never served give 404.
@@ -70,20 +73,13 @@ public:
     [[nodiscard]] int mostAtOnce() const { return mMostAtOnce; }
 
 private:
-    struct Held {
-        QPointer<QTcpSocket> socket;
-        SeenRequest request;
-    };
-
-    void takeConnection();
-    void read(QTcpSocket *socket);
     void take(QTcpSocket *socket, const SeenRequest &request);
     void answer(QTcpSocket *socket, const SeenRequest &request);
     void send(QTcpSocket *socket, const HttpAnswer &answer);
 
     QHash<QString, QList<HttpAnswer>> mAnswers;
     QList<SeenRequest> mRequests;
-    QList<Held> mHeld;
+    QList<std::pair<QPointer<QTcpSocket>, SeenRequest>> mHeld;
     int mUnanswered = 0;
     int mMostAtOnce = 0;
     bool mIsHolding = false;

@@ -22,9 +22,9 @@ QString folderTemplate()
 int resultOf(const InPlaceFile::Outcome &outcome)
 {
     using Kind = InPlaceFile::Outcome::Kind;
-    if (outcome.kind == Kind::Failed)
-        return outcome.error.isEmpty() ? FailedWithoutReason : Failed;
-    return outcome.kind == Kind::Written ? Written : Unchanged;
+    if (outcome.kind == Kind::Written)
+        return Written;
+    return outcome.kind == Kind::Failed && !outcome.error.isEmpty() ? Failed : Strange;
 }
 
 Shape shape(const char *name, const Parts &parts)
@@ -129,7 +129,7 @@ InPlaceFile::Outcome replace(const QString &path, const Parts &parts, KeepTime k
 }
 
 TracedRun write(const Scene &scene, const Shape &shape, Disturbance disturbance,
-                const std::function<void(const TracedCall &)> &observer)
+                const Observer &observer)
 {
     return runTraced([&] { return resultOf(replace(scene.path(), shape.parts)); }, disturbance,
                      observer);

@@ -67,7 +67,7 @@ private:
 };
 
 /// What the process of a write returns.
-enum WriteResult { Written, Failed, FailedWithoutReason, Unchanged };
+enum WriteResult { Written, Failed, Strange };
 
 /// Writes in this process.
 InPlaceFile::Outcome replace(const QString &path, const Parts &parts,
@@ -75,7 +75,7 @@ InPlaceFile::Outcome replace(const QString &path, const Parts &parts,
 
 /// Writes in a process of its own.
 TracedRun write(const Scene &scene, const Shape &shape, Disturbance disturbance,
-                const std::function<void(const TracedCall &)> &observer = {});
+                const Observer &observer = {});
 
 /// Keeps what the program logs out of the test's report.
 class Quiet {

@@ -52,8 +52,7 @@ void halveLength(Registers &registers)
 
 class Tracer {
 public:
-    Tracer(pid_t pid, Disturbance disturbance,
-           const std::function<void(const TracedCall &)> &observer)
+    Tracer(pid_t pid, Disturbance disturbance, const Observer &observer)
         : mPid(pid)
         , mDisturbance(disturbance)
         , mObserver(observer)
@@ -133,7 +132,7 @@ private:
 
     pid_t mPid;
     Disturbance mDisturbance;
-    const std::function<void(const TracedCall &)> &mObserver;
+    const Observer &mObserver;
     Registers mRegisters = {};
     TracedCall mCall = {};
     TracedRun mRun;
@@ -144,7 +143,7 @@ private:
 } // namespace
 
 TracedRun runTraced(const std::function<int()> &function, Disturbance disturbance,
-                    const std::function<void(const TracedCall &)> &observer)
+                    const Observer &observer)
 {
     const pid_t pid = ::fork();
     if (pid == 0) {
@@ -158,8 +157,7 @@ TracedRun runTraced(const std::function<int()> &function, Disturbance disturbanc
 
 #else
 
-TracedRun runTraced(const std::function<int()> &, Disturbance,
-                    const std::function<void(const TracedCall &)> &)
+TracedRun runTraced(const std::function<int()> &, Disturbance, const Observer &)
 {
     return {};
 }

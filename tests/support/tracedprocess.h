@@ -31,9 +31,11 @@ struct TracedCall {
     int fd; ///< its first argument
 };
 
+using Observer = std::function<void(const TracedCall &)>;
+
 /// Tracing works as far as this code knows the registers of the processor.
 bool canTrace();
 
 /// Runs the function in a process of its own (a fork of this one) and disturbs it there.
 TracedRun runTraced(const std::function<int()> &function, Disturbance disturbance,
-                    const std::function<void(const TracedCall &)> &observer = {});
+                    const Observer &observer = {});
