@@ -100,9 +100,11 @@ private Q_SLOTS:
         const Table<HttpAnswer, int, QByteArray> row("answer", "status", "data"); // 0: failure
         row("a good one", {.body = "page"}, 200, "page");
         row("no content", {.status = 204, .claimedLength = -1}, 204, "");
-        for (const int status : {401, 404, 407, 500})
+        for (const int status : {404, 407, 500})
             row(qPrintable(QString::number(status)), {.status = status, .body = "sorry"}, status,
                 "sorry");
+        row("asks for a password",
+            {.status = 401, .body = "?", .headers = {"WWW-Authenticate: Basic realm=x"}}, 401, "?");
         row("longer than it says", {.body = "hello", .claimedLength = 2}, 200, "he");
         for (const Then then : {Then::Close, Then::Reset}) {
             row("breaks off in the body", {.body = "he", .claimedLength = 5, .then = then}, 0, "");
@@ -115,6 +117,7 @@ private Q_SLOTS:
         row("compressed nonsense", {.body = "no gzip", .headers = {"Content-Encoding: gzip"}}, 0,
             "");
         row("redirect to a file", redirectTo("file:///etc/hostname"), 0, "");
+        row("redirect to nowhere", {.status = 302}, 302, "");
         row("redirect to itself", redirectTo("/"), 0, "");
         row("redirect to a page", redirectTo("/other"), 200, "other");
     }
@@ -147,6 +150,8 @@ private Q_SLOTS:
             {.body = much, .then = Then::RepeatBody, .raw = "HTTP/1.1 200 OK\r\nA: "}, false);
         row("a body without end", {.body = much, .claimedLength = -1, .then = Then::RepeatBody},
             false);
+        row("a body as long as it says",
+            {.body = much, .claimedLength = 2'000'000'000, .then = Then::RepeatBody}, false);
         row("a page where pages are not cut", {.type = "text/html", .body = much.repeated(20)},
             false);
         // What qCompress puts in front of the stream is its own.

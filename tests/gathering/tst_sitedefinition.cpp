@@ -92,6 +92,7 @@ private Q_SLOTS:
         row("track marker", u"TowerInterface"_s, u"parseAlbumTrack"_s, u"<b>%d.</b>"_s, {});
         row("track marker without a number", u"TowerInterface"_s, u"parseAlbumTrack"_s, u"<b>"_s,
             u"must hold %d and no other placeholder (%% is a percent sign)"_s);
+        row("scheme left open", freeDB, u"discInfoURL"_s, u"%@"_s, notHttp);
         row("prefix of another scheme", u"CKDigestInterface"_s, u"prefix"_s, u"file://"_s,
             u"does not begin as an http or https address"_s);
         row("source that no schema knows", u"NoSuchInterface"_s, u"queryPOST"_s, 7, {});

@@ -73,14 +73,19 @@ const QStringList nightTracks{u"Dusk"_qs, u"Dawn"_qs};
 
 /// One song, the sources that know of it, and a task between them.
 struct World {
-    struct Source {
-        QString name;
-        Assets supplies;
-        AlbumList albums;
-        int maxArtWidth = 1000;
-    };
-
     World() { server.serve(u"/page"_qs, {}); }
+
+    void adds(const QString &name, Assets supplies, const AlbumList &albums, int artWidth = 1000)
+    {
+        names << name;
+        definitions[u"res_"_qs + name] = QVariantMap{{u"maxPossibleArtWidth"_qs, artWidth}};
+        entries.push_back(
+            {name, supplies, [=, this](SiteDefinition definition, HVHTTPQueue &fetcher) {
+                 return std::make_unique<TestSource>(std::move(definition), fetcher, name,
+                                                     server.url(u"/page?"_qs + name), albums,
+                                                     searches);
+             }});
+    }
 
     QUrl art(const QString &path, const QByteArray &picture)
     {
@@ -107,17 +112,8 @@ struct World {
         QFETCH_GLOBAL(bool, parallel);
         library.push_back(song);
         lending = std::make_unique<LibraryLending>(library);
-        std::vector<SourceCatalog::Entry> entries;
-        QVariantMap definitions;
-        QStringList names;
-        for (const Source &source : sources) {
-            names << source.name;
-            definitions[u"res_"_qs + source.name] =
-                QVariantMap{{u"maxPossibleArtWidth"_qs, source.maxArtWidth}};
-            entries.push_back({source.name, source.supplies, makerOf(source)});
-        }
         definitions[u"sourcelist"_qs] = names;
-        catalog = SourceCatalog(std::move(entries));
+        catalog = SourceCatalog(entries);
         context.emplace(GatherContext{queue, catalog, SiteDefinitions(definitions), *lending});
         task = std::make_unique<SongInfoTask>(song, *context);
         task->setParallelMode(parallel);
@@ -125,15 +121,6 @@ struct World {
         task->setOverwriteFlags(overwrite);
         finished = std::make_unique<QSignalSpy>(task.get(), &SongInfoTask::finished);
         return *task;
-    }
-
-    SourceCatalog::Maker makerOf(const Source &source)
-    {
-        return [this, source](SiteDefinition definition, HVHTTPQueue &fetcher) {
-            const QUrl page = server.url(u"/page?"_qs + source.name);
-            return std::make_unique<TestSource>(std::move(definition), fetcher, source.name, page,
-                                                source.albums, searches);
-        };
     }
 
     /// Whether the task finished, once.
@@ -164,7 +151,9 @@ struct World {
     QTemporaryDir folder;
     HttpServer server;
     HVHTTPQueue queue{QString()};
-    std::vector<Source> sources;
+    QStringList names;
+    QVariantMap definitions;
+    std::vector<SourceCatalog::Entry> entries;
     QStringList searches; ///< "source:album searched for"
     SongList library;
     std::shared_ptr<SongFile> song;
@@ -202,10 +191,9 @@ private Q_SLOTS:
         QFETCH_GLOBAL(bool, parallel);
         World world;
         const QUrl art = world.art(u"/art"_qs, plainPicture(300, 300));
-        world.sources = {{u"Discs"_qs,
-                          everything & ~Assets(AssetLyrics),
-                          {albumOf(u"Night"_qs, u"1999"_qs, nightTracks, art)}},
-                         {u"Words"_qs, AssetLyrics, {lyricsOf(u"la la"_qs)}}};
+        world.adds(u"Discs"_qs, everything & ~Assets(AssetLyrics),
+                   {albumOf(u"Night"_qs, u"1999"_qs, nightTracks, art)});
+        world.adds(u"Words"_qs, AssetLyrics, {lyricsOf(u"la la"_qs)});
         SongInfoTask &task = world.taskFor({.title = u"Dawn"_qs, .artist = u"Ann"_qs}, everything);
         QVERIFY(world.run());
         // Artwork comes from a second pass, since the album was not known at first.
@@ -235,8 +223,7 @@ private Q_SLOTS:
         QFETCH(uint, overwrite);
         World world;
         const QUrl art = world.art(u"/art"_qs, plainPicture(300, 300));
-        world.sources = {
-            {u"Discs"_qs, everything, {albumOf(u"Night"_qs, u"1999"_qs, nightTracks, art)}}};
+        world.adds(u"Discs"_qs, everything, {albumOf(u"Night"_qs, u"1999"_qs, nightTracks, art)});
         const bool otherAlbum = Assets::fromInt(overwrite).testFlag(AssetAlbumName);
         world.taskFor({u"Dawn"_qs, u"Ann"_qs, otherAlbum ? u"Day"_qs : u"Night"_qs, u"2005"_qs,
                        u"1/2"_qs, u"Rock"_qs, false, plainPicture(200, 200)},
@@ -251,7 +238,7 @@ private Q_SLOTS:
     void explainsWhyNothingWasApplied()
     {
         World world;
-        world.sources = {{u"Discs"_qs, AssetYear, {albumOf(u"Night"_qs, u"1999"_qs, nightTracks)}}};
+        world.adds(u"Discs"_qs, AssetYear, {albumOf(u"Night"_qs, u"1999"_qs, nightTracks)});
         SongInfoTask &task = world.taskFor({.title = u"%3"_qs, .album = u"Night"_qs}, AssetYear);
         QVERIFY(world.run());
         QCOMPARE(task.errorMessage().value_or(QString()),
@@ -272,7 +259,7 @@ private Q_SLOTS:
         QFETCH(uint, supplies);
         QFETCH(uint, gather);
         World world;
-        world.sources = {{u"Discs"_qs, Assets::fromInt(supplies), {}, 299}};
+        world.adds(u"Discs"_qs, Assets::fromInt(supplies), {}, 299);
         SongInfoTask &task = world.taskFor({.title = u"Dawn"_qs}, Assets::fromInt(gather));
         task.setMinimumAcceptableImageSize(300);
         QVERIFY(world.run());
@@ -300,11 +287,10 @@ private Q_SLOTS:
         World world;
         const QUrl small = world.art(u"/small"_qs, plainPicture(50, 50));
         const QUrl good = world.art(u"/good"_qs, plainPicture(300, 300));
-        world.sources = {{u"Discs"_qs,
-                          AssetArtwork,
-                          {albumOf(u"Night"_qs, {}, {}, small),
-                           albumOf(u"Night"_qs, {}, {}, world.server.url(u"/gone"_qs))}},
-                         {u"Covers"_qs, AssetArtwork, {albumOf(u"Night"_qs, {}, {}, good)}}};
+        world.adds(u"Discs"_qs, AssetArtwork,
+                   {albumOf(u"Night"_qs, {}, {}, small),
+                    albumOf(u"Night"_qs, {}, {}, world.server.url(u"/gone"_qs))});
+        world.adds(u"Covers"_qs, AssetArtwork, {albumOf(u"Night"_qs, {}, {}, good)});
         SongInfoTask &task =
             world.taskFor({.title = u"Dawn"_qs, .album = u"Night"_qs}, AssetArtwork);
         task.setMinimumAcceptableImageSize(100);
@@ -319,10 +305,9 @@ private Q_SLOTS:
     void lyricsAreNotLostBesideAlbums()
     {
         World world;
-        world.sources = {{u"Words"_qs, AssetLyrics, {lyricsOf(u"la la"_qs)}},
-                         {u"Discs"_qs,
-                          AssetYear,
-                          {albumOf(u"Night"_qs, u"1999"_qs), albumOf(u"Day"_qs, u"1998"_qs)}}};
+        world.adds(u"Words"_qs, AssetLyrics, {lyricsOf(u"la la"_qs)});
+        world.adds(u"Discs"_qs, AssetYear,
+                   {albumOf(u"Night"_qs, u"1999"_qs), albumOf(u"Day"_qs, u"1998"_qs)});
         world.taskFor({.title = u"Dawn"_qs}, AssetYear | AssetLyrics).setParallelMode(true);
         QVERIFY(world.run());
         QCOMPARE(world.changes(), u"Lyrics=Words"_qs);
@@ -339,7 +324,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, album);
         World world;
-        world.sources = {{u"Discs"_qs, AssetAlbumName, {albumOf(u"Night"_qs, u"1999"_qs)}}};
+        world.adds(u"Discs"_qs, AssetAlbumName, {albumOf(u"Night"_qs, u"1999"_qs)});
         world.library.push_back(writtenSong(world.folder.filePath(u"lender.mp3"_qs),
                                             {u"Dusk"_qs,
                                              u"Ann"_qs,
@@ -373,8 +358,8 @@ private Q_SLOTS:
         QFETCH(QString, when);
         World world;
         const QUrl art = world.art(u"/art"_qs, plainPicture(300, 300));
-        world.sources = {{u"Discs"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}},
-                         {u"More"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}}};
+        world.adds(u"Discs"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)});
+        world.adds(u"More"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)});
         SongInfoTask &task =
             world.taskFor({.title = u"Dawn"_qs, .album = u"Night"_qs}, AssetArtwork);
         if (when == u"artwork")
@@ -408,7 +393,7 @@ private Q_SLOTS:
         World world;
         world.serveNoEndAt(u"/art"_qs);
         const QUrl art = world.server.url(u"/art"_qs);
-        world.sources = {{u"Discs"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)}}};
+        world.adds(u"Discs"_qs, everything, {albumOf(u"Night"_qs, {}, {}, art)});
         for (const QString &until : {u"/page?Discs"_qs, u"/art"_qs}) {
             world.server.hold();
             world.taskFor({.title = u"Dawn"_qs, .album = u"Night"_qs}, AssetArtwork).gather();

@@ -124,10 +124,7 @@ private Q_SLOTS:
 
     void sameURLIsFetchedOnce()
     {
-        SampleSource source(*mQueue, [this](auto &self) {
-            self.fetch(mServer->url(u"/a"_s));
-            self.fetch(mServer->url(u"/a"_s));
-        });
+        SampleSource source(*mQueue, fetching({u"/a"_s, u"/a"_s}));
         complete(source);
         QCOMPARE(source.totalSearches(), 1);
         QCOMPARE(mServer->paths(), QStringList{u"/a"_s});
@@ -146,13 +143,8 @@ private Q_SLOTS:
         QFETCH(QVariantMap, definition);
         QFETCH(int, atATime);
         mQueue->setSimultaneousConnections(100);
-        SampleSource source(
-            *mQueue,
-            [this](auto &self) {
-                for (const char16_t name : u"abcdefghij")
-                    self.fetch(mServer->url(u'/' + QString(QChar(name))));
-            },
-            definition);
+        SampleSource source(*mQueue, fetching(u"/a /b /c /d /e /f /g /h /i /j"_s.split(u' ')),
+                            definition);
         mServer->hold();
         source.beginSearch();
         QTRY_COMPARE(mServer->requests().size(), atATime);
@@ -165,8 +157,7 @@ private Q_SLOTS:
         Progress bar;
         bar.setIndeterminate(true);
         SampleSource source(*mQueue, [this, &bar](auto &self) {
-            for (const char16_t name : std::u16string_view(u"abcd"))
-                self.fetch(mServer->url(u'/' + QString(QChar(name))));
+            fetching({u"/a"_s, u"/b"_s, u"/c"_s, u"/d"_s})(self);
             self.addPlaceholderSearch(QUrl(u"wait:"_s));
             QVERIFY(bar.isIndeterminate());
             QCOMPARE(bar.maximum(), 5);
@@ -182,12 +173,8 @@ private Q_SLOTS:
 
     void cancelStartsNothingNewAndCallsNoMethod()
     {
-        const auto fetchBoth = [this](auto &self) {
-            self.fetch(mServer->url(u"/a"_s));
-            self.fetch(mServer->url(u"/b"_s));
-        };
-        SampleSource cancelled(*mQueue, fetchBoth, {{u"simulConns"_s, 1}});
-        SampleSource other(*mQueue, [this](auto &self) { self.fetch(mServer->url(u"/a"_s)); });
+        SampleSource cancelled(*mQueue, fetching({u"/a"_s, u"/b"_s}), {{u"simulConns"_s, 1}});
+        SampleSource other(*mQueue, fetching({u"/a"_s}));
         QSignalSpy complete(&cancelled, &WebDBInterface::searchComplete);
         QSignalSpy otherComplete(&other, &WebDBInterface::searchComplete);
         mServer->hold();
@@ -213,7 +200,7 @@ private Q_SLOTS:
             const int before = int(mServer->requests().size());
             mServer->serve(path, {.body = QByteArray(length, '\xE9')});
             for (int search = 0; search < 2; ++search) {
-                SampleSource source(*mQueue, [&](auto &self) { self.fetch(mServer->url(path)); });
+                SampleSource source(*mQueue, fetching({path}));
                 complete(source);
                 QCOMPARE(source.usablePage(source.got.value(0)).value_or(QString()),
                          isUsable ? QString(length, u'é') : QString());
@@ -226,13 +213,7 @@ private Q_SLOTS:
     {
         const QVariantMap definition{{u"minInterval"_s, 1000},
                                      {u"queryPOST"_s, mServer->url(u"/"_s).toString()}};
-        SampleSource source(
-            *mQueue,
-            [this](auto &self) {
-                self.fetch(mServer->url(u"/a"_s));
-                self.fetch(mServer->url(u"/b"_s));
-            },
-            definition);
+        SampleSource source(*mQueue, fetching({u"/a"_s, u"/b"_s}), definition);
         source.beginSearch();
         QTRY_COMPARE(source.got.size(), 1);
         spinEvents();
@@ -281,6 +262,14 @@ private:
         QTRY_COMPARE(complete.size(), 1);
         spinEvents();
         QCOMPARE(complete.size(), 1);
+    }
+
+    SampleSource::Step fetching(const QStringList &paths)
+    {
+        return [this, paths](SampleSource &source) {
+            for (const QString &path : paths)
+                source.fetch(mServer->url(path));
+        };
     }
 
     std::unique_ptr<HttpServer> mServer;
