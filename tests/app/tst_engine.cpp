@@ -2,7 +2,6 @@
 
 #include "app/prefscontroller.h"
 #include "base/folders.h"
-#include "support/table.h"
 #include "support/tempfiles.h"
 #include "tags/genretable.h"
 #include "text/simplifier.h"
@@ -10,6 +9,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -69,38 +69,30 @@ private Q_SLOTS:
         options.allowSubstrings = Substrings::Allow;
         options.parallelSearch = false;
         PrefsController().setGatheringOptions(options);
-        const GatheringOptions saved = PrefsController().gatheringOptions();
-        QCOMPARE(saved.gather, options.gather);
-        QCOMPARE(saved.overwrite, options.overwrite);
-        QCOMPARE(saved.albumPickingMethod, options.albumPickingMethod);
-        QCOMPARE(saved.allowSubstrings, options.allowSubstrings);
-        QCOMPARE(saved.parallelSearch, options.parallelSearch);
+        const auto tied = [](const GatheringOptions &all) {
+            return std::tuple(all.gather, all.overwrite, all.albumPickingMethod,
+                              all.allowSubstrings, all.parallelSearch);
+        };
+        QVERIFY(tied(PrefsController().gatheringOptions()) == tied(options));
     }
 
     void otherVersionsAreIgnored()
     {
-        writeSettings("prefsVersion=2\ncheckYear=false\nalbumPickingMethod=1\nminImageSize=250\n");
-        const GatheringOptions options = PrefsController().gatheringOptions();
-        QCOMPARE(options.gather, gatherableAssets);
-        QCOMPARE(options.minimumImageSize, 250.0); // has a key of its own
+        writeSettings("prefsVersion=2\ncheckYear=false\nminImageSize=250\n");
+        QCOMPARE(PrefsController().gatheringOptions().gather, gatherableAssets);
+        QCOMPARE(PrefsController().gatheringOptions().minimumImageSize, 250.0); // of its own
     }
 
-    void unusableValuesReadAsUnset_data()
-    {
-        const Table<QByteArray> row("line");
-        row("no number", "maxImageSize=large");
-        row("pictures of no size", "maxImageSize=0");
-        row("a method there is none of", "prefsVersion=3\nalbumPickingMethod=9");
-        row("a dialect there is none of", "id3Dialect=fancy");
-    }
     void unusableValuesReadAsUnset()
     {
-        QFETCH(QByteArray, line);
-        writeSettings(line + '\n');
-        const PrefsController prefs;
-        QCOMPARE(prefs.gatheringOptions().maximumImageSize, 450.0);
-        QCOMPARE(prefs.gatheringOptions().albumPickingMethod, AlbumPick::None);
-        QVERIFY(prefs.id3Dialect() == ID3Dialect::classic());
+        for (const char *maximum : {"large", "0"}) {
+            writeSettings(QByteArray("maxImageSize=") + maximum
+                          + "\nprefsVersion=3\nalbumPickingMethod=9\nid3Dialect=fancy\n");
+            const PrefsController prefs;
+            QCOMPARE(prefs.gatheringOptions().maximumImageSize, 450.0);
+            QCOMPARE(prefs.gatheringOptions().albumPickingMethod, AlbumPick::None);
+            QVERIFY(prefs.id3Dialect() == ID3Dialect::classic());
+        }
     }
 
     void useDefaultsForgetsSevenSettings()
@@ -131,25 +123,21 @@ private Q_SLOTS:
                  HVUtility::simplifyString(u"Sea Shanty"_s));
     }
 
-    void cacheIsClearedWhenDefinitionsSaySo_data()
-    {
-        const Table<QVariantMap, bool> row("definitions", "isKept");
-        row("yes", {{u"clearCacheAtLaunch"_s, 1}}, false);
-        row("no", {{u"clearCacheAtLaunch"_s, 0}}, true);
-        row("nothing said", {}, true);
-    }
     void cacheIsClearedWhenDefinitionsSaySo()
     {
-        QFETCH(QVariantMap, definitions);
         const QString ours = cacheFolder() + u"/pages"_s;
         const QString others = QFileInfo(cacheFolder()).path() + u"/somebody else"_s;
         QVERIFY(QDir().mkpath(ours));
         writeFile(ours + u"/page"_s, "page");
         writeFile(others, "precious");
-        Engine engine;
-        engine.definitions.useDefinitions(SiteDefinitions(definitions));
-        engine.start(Engine::Definitions::Fixed);
-        QTEST(QFileInfo::exists(ours + u"/page"_s), "isKept");
+        for (const QVariant &clear : {QVariant(0), QVariant(), QVariant(1)}) {
+            QVERIFY(QFileInfo::exists(ours + u"/page"_s));
+            Engine engine;
+            engine.definitions.useDefinitions(
+                SiteDefinitions(QVariantMap{{u"clearCacheAtLaunch"_s, clear}}));
+            engine.start(Engine::Definitions::Fixed);
+        }
+        QVERIFY(!QFileInfo::exists(ours + u"/page"_s));
         QVERIFY(QFileInfo::exists(others));
     }
 

@@ -55,13 +55,11 @@ class TestFreeDBInterface : public QObject {
 private Q_SLOTS:
     void searches_data()
     {
-        QTest::addColumn<Song>("song");
-        QTest::addColumn<QVariantMap>("changes");
-        QTest::addColumn<Pages>("results");
-        QTest::addColumn<QStringList>("albums");
-        const auto add = [](const char *name, const Song &song, const Pages &results,
-                            const QStringList &albums, const QVariantMap &changes = {}) {
-            QTest::newRow(name) << song << changes << results << albums;
+        const Table<Song, QVariantMap, Pages, QStringList> table("song", "changes", "results",
+                                                                 "albums");
+        const auto add = [&](const char *name, const Song &song, const Pages &results,
+                             const QStringList &albums, const QVariantMap &changes = {}) {
+            table(name, song, changes, results, albums);
         };
         const QString salt = u"Salt & Iron"_s;
         const QString harbour = u"Harbour"_s;
@@ -107,11 +105,8 @@ private Q_SLOTS:
             {{.body = "<h1>Search results, page 1</h1><table class=\"results\">" + one}}, {});
         add("reset", {}, {{.then = HttpAnswer::Then::Reset}}, {});
         add("garbage", {}, {{.body = QByteArray(5000, '\xFF')}}, {});
-        add("nowhere to search", {}, {{.body = page(1, one)}}, {}, {{u"queryPOST"_s, QString()}});
-        add("nowhere to read discs", {}, {{.body = page(1, one)}}, {},
-            {{u"discInfoURL"_s, QString()}});
-        add("no parse recipe", {}, {{.body = page(1, one)}}, {},
-            {{u"parseAlbumList"_s, QVariantMap()}});
+        for (const char *key : {"queryPOST", "discInfoURL", "albumResultDelimiter"})
+            add(key, {}, {{.body = page(1, one)}}, {}, {{QString::fromLatin1(key), QString()}});
     }
     void searches()
     {
