@@ -76,11 +76,9 @@ private Q_SLOTS:
     void completionIsReportedOnce_data()
     {
         using Step = SampleSource::Step;
-        QTest::addColumn<Step>("start");
-        QTest::addColumn<Step>("onResult");
-        QTest::addColumn<int>("results");
-        const auto row = [](const char *name, int results, Step start, Step onResult = {}) {
-            QTest::newRow(name) << start << onResult << results;
+        const Table<Step, Step, int> table("start", "onResult", "results");
+        const auto row = [&](const char *name, int results, Step start, Step onResult = {}) {
+            table(name, start, onResult, results);
         };
         const auto url = [this](const char *path) { return mServer->url(QLatin1String(path)); };
         const SampleSource::Step fetchA = [url](auto &source) { source.fetch(url("/a")); };

@@ -123,13 +123,12 @@ private Q_SLOTS:
 
     void formHoldsWhatIsSearched_data()
     {
-        // rest: of the form, behind the button
-        const Table<Song, QByteArray> row("song", "rest");
-        row("album title", Song{}, "&ifFields=1&ifSearch=Salt+&+Iron");
-        row("song title where no album is known", Song{.album = {}},
+        const Table<Song, QByteArray> row("song", "rest"); // of the form, behind the button
+        row("album title", {}, "&ifFields=1&ifSearch=Salt+&+Iron");
+        row("song title where no album is known", {.album = {}},
             "&ifFields=2&ifSearch=First+Light");
-        row("the button alone without an artist", Song{.artist = {}}, {});
-        row("the button alone without titles", Song{.album = {}, .title = {}}, {});
+        row("the button alone without an artist", {.artist = {}}, {});
+        row("the button alone without titles", {.album = {}, .title = {}}, {});
     }
     void formHoldsWhatIsSearched()
     {
