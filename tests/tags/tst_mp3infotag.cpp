@@ -134,6 +134,9 @@ void tst_MP3InfoTag::settersOfEachVersion()
     tag->setTitle({});
     tag->setLyrics({});
     QVERIFY(tag->frames().isEmpty());
+    tag->setIsPartOfCompilation(true);
+    tag->setIsPartOfCompilation(false);
+    QVERIFY(!tag->isPartOfCompilation());
 }
 
 void tst_MP3InfoTag::picturesComeBackAsTheyWere()
