@@ -2,8 +2,10 @@
 
 #include "gathering/definitioncheck.h"
 #include "gathering/definitionformat.h"
+#include "gathering/definitionschema.h"
 #include "gathering/sitedefinition.h"
 #include "support/table.h"
+#include "support/tempfiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -110,6 +112,24 @@ private Q_SLOTS:
             value = QVariantMap{{*step, value}};
         const QString expected = fault.isEmpty() ? QString() : path.join(u'/') + u' ' + fault;
         QCOMPARE(problemOfDefinitions(value.toMap()).value_or(QString()), expected);
+    }
+
+    void documentationNamesEveryKey()
+    {
+        const QString page = QString::fromUtf8(fileContents(
+            qEnvironmentVariable("TAGWRIGHT_TEST_DATA") + u"/../../docs/site-definitions.md"_s));
+        const auto verifyNamed = [](const QString &section, std::span<const DefinitionKey> keys) {
+            for (const DefinitionKey &key : keys)
+                QVERIFY2(section.contains(u'`' + QString::fromLatin1(key.key) + u'`'), key.key);
+        };
+        verifyNamed(page, topLevelSchema());
+        verifyNamed(page, commonSchema());
+        verifyNamed(page, parseRecipeSchema());
+        for (const SourceSchema &source : sourceSchemas()) {
+            const QString heading = u"### "_s + QString::fromLatin1(source.className) + u'\n';
+            QVERIFY2(page.contains(heading), source.className);
+            verifyNamed(page.section(heading, 1).section(u"\n#"_s, 0, 0), source.keys);
+        }
     }
 
     void pagesAreDecoded()
