@@ -12,10 +12,11 @@
 #include <sys/resource.h>
 
 namespace {
-/// A list may hold very many songs; each costs the kernel little, but a process has only so many.
-constexpr rlim_t wantedDescriptors = 65536;
+/// A list may hold very many songs, of which some thousands are followed this way: whoever looks
+/// through the descriptors of the process shall not take long for it.
+constexpr rlim_t wantedDescriptors = 8192;
 
-/// How many descriptors references may hold: half of what the process may have.
+/// How many descriptors references may hold: half of those, or of what the process may have.
 rlim_t descriptorLimit()
 {
     rlimit limit = {};
@@ -27,7 +28,7 @@ rlim_t descriptorLimit()
         if (::setrlimit(RLIMIT_NOFILE, &raised) == 0)
             limit = raised;
     }
-    return limit.rlim_cur / 2;
+    return std::min(limit.rlim_cur, wantedDescriptors) / 2;
 }
 
 std::atomic<rlim_t> &descriptorsInUse()
