@@ -125,13 +125,9 @@ QString padded(QStringView text)
 
 QString simplifiedKey(QStringView paddedPlain)
 {
-    const auto &table = InstalledTable<SimplifierTable>::current();
-    const std::size_t first = table.firstOccurring(paddedPlain, 0);
-    if (first == table.size())
-        return keyOf(paddedPlain);
-    SimplifierTable::Text text(paddedPlain.begin(), paddedPlain.end());
-    table.apply(text, first);
-    return keyOf(text);
+    SimplifierTable::Text buffer;
+    SimplifierTable::Text other;
+    return keyOf(InstalledTable<SimplifierTable>::current().apply(paddedPlain, buffer, other));
 }
 
 /// The trimmed text with the one space at each end that simplifiers match whole words by.

@@ -1,6 +1,7 @@
 #include "text/simplifiertable.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -34,12 +35,19 @@ bool beginsWith(QStringView text, QStringView folded)
                       [](QChar wanted, QChar found) { return wanted == fold(found); });
 }
 
+/// The part of a text that replacements have put into it or brought together.
+struct Touched {
+    qsizetype begin = 0;
+    qsizetype end = 0;
+};
+
 /// In one pass from left to right.
-void replace(QStringView text, QStringView folded, QStringView replacement,
-             SimplifierTable::Text &result)
+Touched replace(QStringView text, QStringView folded, QStringView replacement,
+                SimplifierTable::Text &result)
 {
     result.clear();
     const auto append = [&result](QStringView part) { result.append(part.data(), part.size()); };
+    std::optional<Touched> touched;
     qsizetype copied = 0;
     for (qsizetype i = 0; i + folded.size() <= text.size();) {
         if (fold(text[i]) != folded.front() || !beginsWith(text.sliced(i), folded)) {
@@ -47,10 +55,14 @@ void replace(QStringView text, QStringView folded, QStringView replacement,
             continue;
         }
         append(text.sliced(copied, i - copied));
+        if (!touched)
+            touched = {.begin = result.size()};
         append(replacement);
+        touched->end = result.size();
         copied = i += folded.size();
     }
     append(text.sliced(copied));
+    return touched.value_or(Touched());
 }
 
 } // namespace
@@ -84,44 +96,51 @@ void SimplifierTable::index(std::size_t position, qsizetype characters, std::siz
     }
 }
 
-/// The first simplifier between two positions that stands at the beginning of the text, else
-/// `end`.
-std::size_t SimplifierTable::firstAt(QStringView text, std::size_t hash, std::size_t from,
-                                     std::size_t end) const
+/// Makes those due, from a position on, that stand at the beginning of the text.
+void SimplifierTable::addStanding(QStringView text, std::size_t hash, std::size_t from,
+                                  Due &due) const
 {
     auto candidate = std::ranges::lower_bound(mIndex, Beginning{hash, from});
     for (; candidate != mIndex.end() && candidate->hash == hash; ++candidate) {
-        if (candidate->position >= end)
-            break;
-        if (beginsWith(text, mSimplifiers[candidate->position].folded))
-            return candidate->position;
+        if (!beginsWith(text, mSimplifiers[candidate->position].folded))
+            continue;
+        due.push_back(candidate->position);
+        std::ranges::push_heap(due, std::ranges::greater{});
     }
-    return end;
 }
 
-std::size_t SimplifierTable::firstOccurring(QStringView text, std::size_t from) const
+/// Makes those due, from a position on, that stand in the text at a place from `begin` to `end`.
+void SimplifierTable::addOccurring(QStringView text, qsizetype begin, qsizetype end,
+                                   std::size_t from, Due &due) const
 {
-    std::size_t found = size();
-    if (found == 0)
-        return found;
-    std::size_t hash = 0;
-    for (qsizetype i = 0; i < text.size() + 2; ++i) {
-        hash = withNext(hash, i < text.size() ? hashed(text[i]) : 0);
-        if (i >= 2 && mBeginnings.test(hash))
-            found = firstAt(text.sliced(i - 2), hash, from, found);
+    const auto hashAt = [text](qsizetype i) { return i < text.size() ? hashed(text[i]) : 0; };
+    std::size_t hash = withNext(hashAt(begin), hashAt(begin + 1));
+    for (qsizetype i = begin; i < end; ++i) {
+        hash = withNext(hash, hashAt(i + 2));
+        if (mBeginnings.test(hash))
+            addStanding(text.sliced(i), hash, from, due);
     }
-    return found;
 }
 
-void SimplifierTable::apply(Text &text, std::size_t first) const
+QStringView SimplifierTable::apply(QStringView text, Text &buffer, Text &other) const
 {
-    Text other;
-    Text *from = &text;
-    Text *to = &other;
-    for (std::size_t next = first; next < size(); next = firstOccurring(*from, next + 1)) {
-        replace(*from, mSimplifiers[next].folded, mSimplifiers[next].replacement, *to);
-        std::swap(from, to);
+    Due due;
+    if (!mSimplifiers.empty())
+        addOccurring(text, 0, text.size(), 0, due);
+    Text *result = &buffer;
+    while (!due.empty()) {
+        const std::size_t position = due.front();
+        const auto &[folded, replacement] = mSimplifiers[position];
+        const Touched touched = replace(text, folded, replacement, *result);
+        text = *result;
+        result = result == &buffer ? &other : &buffer;
+        while (!due.empty() && due.front() == position) {
+            std::ranges::pop_heap(due, std::ranges::greater{});
+            due.pop_back();
+        }
+        // What occurs only now overlaps what was touched, and is no longer than this one.
+        addOccurring(text, std::max<qsizetype>(touched.begin - folded.size() + 1, 0), touched.end,
+                     position + 1, due);
     }
-    if (from != &text)
-        text = other;
+    return text;
 }

@@ -16,18 +16,13 @@ public:
     SimplifierTable() = default;
     explicit SimplifierTable(const QMap<QString, QString> &simplifiers);
 
-    [[nodiscard]] std::size_t size() const { return mSimplifiers.size(); }
-
-    /// The position, in order of use, of the first simplifier from `from` on that occurs in the
-    /// text; size() when none does.
-    [[nodiscard]] std::size_t firstOccurring(QStringView text, std::size_t from) const;
-
     /// A text on the stack, unless it is long: titles come by the million.
     using Text = QVarLengthArray<QChar, 256>;
 
-    /// Replaces each simplifier in turn, from `first` on, wherever it occurs, in any case. Later
-    /// ones see what earlier ones put in. `first` must occur.
-    void apply(Text &text, std::size_t first) const;
+    /// Replaces each simplifier in turn wherever it occurs, in any case. Later ones see what
+    /// earlier ones put in. The result stands in one of the two buffers; where no simplifier
+    /// occurs it is `text`.
+    [[nodiscard]] QStringView apply(QStringView text, Text &buffer, Text &other) const;
 
 private:
     struct Simplifier {
@@ -49,9 +44,13 @@ private:
         return (hash * characterHashes + characterHash) % hashes;
     }
 
+    /// Simplifiers whose turn is still to come, by position: a heap with the next one in front.
+    using Due = QVarLengthArray<std::size_t, 16>;
+
     void index(std::size_t position, qsizetype characters, std::size_t hash);
-    [[nodiscard]] std::size_t firstAt(QStringView text, std::size_t hash, std::size_t from,
-                                      std::size_t end) const;
+    void addOccurring(QStringView text, qsizetype begin, qsizetype end, std::size_t from,
+                      Due &due) const;
+    void addStanding(QStringView text, std::size_t hash, std::size_t from, Due &due) const;
 
     std::vector<Simplifier> mSimplifiers;
     // By a hash of the first three characters: whether any search string begins so, and which do.
