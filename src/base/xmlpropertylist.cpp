@@ -1,18 +1,16 @@
 #include "base/xmlpropertylist.h"
 
-#include "base/bytes.h"
+#include "base/plistelements.h"
 
 #include <QDateTime>
 #include <QTimeZone>
-#include <QXmlStreamReader>
 
 namespace {
 
 class XmlPropertyList {
 public:
     XmlPropertyList(const QByteArray &data, int maxDepth)
-        : mXml(data)
-        , mMaxDepth(maxDepth)
+        : mElements(data, maxDepth)
     {
     }
 
@@ -20,78 +18,29 @@ public:
 
 private:
     /// The value whose start tag was just read; leaves its end tag behind.
-    QVariant value(int depth);
-    QVariantMap dictionary(int depth);
-    QVariantList array(int depth);
+    QVariant value();
+    QVariantMap dictionary();
+    QVariantList array();
     QVariant scalar(const QString &name);
-    QString text();
-    /// Goes on to the next start tag (yes) or end tag (no), past blanks and comments.
-    bool nextIsStart();
-    void next();
-    [[noreturn]] void fail(const QString &reason) const;
 
-    QXmlStreamReader mXml;
-    int mMaxDepth;
+    PlistElements mElements;
 };
 
-void XmlPropertyList::fail(const QString &reason) const
-{
-    throw MalformedData(QStringLiteral("line %1: %2").arg(mXml.lineNumber()).arg(reason));
-}
-
-void XmlPropertyList::next()
-{
-    mXml.readNext();
-    if (mXml.hasError())
-        fail(mXml.errorString());
-    if (mXml.isDTD() && mXml.text().contains(u'['))
-        fail(QStringLiteral("a document type with declarations of its own"));
-    if (mXml.isEntityReference())
-        fail(QStringLiteral("unknown entity \"%1\"").arg(mXml.name()));
-}
-
-bool XmlPropertyList::nextIsStart()
-{
-    for (;;) {
-        next();
-        if (mXml.isStartElement() || mXml.isEndElement())
-            return mXml.isStartElement();
-        if (mXml.isCharacters() && !mXml.isWhitespace())
-            fail(QStringLiteral("text between the values"));
-    }
-}
-
-QString XmlPropertyList::text()
-{
-    QString text;
-    for (next(); !mXml.isEndElement(); next()) {
-        if (mXml.isCharacters())
-            text += mXml.text();
-        else if (mXml.isStartElement())
-            fail(QStringLiteral("<%1> inside a text").arg(mXml.name()));
-    }
-    return text;
-}
-
-QVariantMap XmlPropertyList::dictionary(int depth)
+QVariantMap XmlPropertyList::dictionary()
 {
     QVariantMap map;
-    while (nextIsStart()) {
-        if (mXml.name() != u"key")
-            fail(QStringLiteral("<%1> where a key should be").arg(mXml.name()));
-        const QString key = text();
-        if (!nextIsStart())
-            fail(QStringLiteral("no value for \"%1\"").arg(key));
-        map[key] = value(depth + 1);
+    while (mElements.nextKey()) {
+        const QString key = mElements.key();
+        map[key] = value();
     }
     return map;
 }
 
-QVariantList XmlPropertyList::array(int depth)
+QVariantList XmlPropertyList::array()
 {
     QVariantList list;
-    while (nextIsStart())
-        list << value(depth + 1);
+    while (mElements.nextIsStart())
+        list << value();
     return list;
 }
 
@@ -113,7 +62,7 @@ QDateTime dateOf(const QString &text)
 
 QVariant XmlPropertyList::scalar(const QString &name)
 {
-    const QString content = text();
+    const QString content = mElements.text();
     if (name == u"string")
         return content;
     bool ok = true;
@@ -129,34 +78,26 @@ QVariant XmlPropertyList::scalar(const QString &name)
     else if (name == u"date")
         ok = (value = dateOf(content.trimmed())).toDateTime().isValid();
     else
-        fail(QStringLiteral("unknown element <%1>").arg(name));
+        mElements.fail(QStringLiteral("unknown element <%1>").arg(name));
     if (!ok)
-        fail(QStringLiteral("bad %1 \"%2\"").arg(name, content.left(40)));
+        mElements.fail(QStringLiteral("bad %1 \"%2\"").arg(name, content.left(40)));
     return value;
 }
 
-QVariant XmlPropertyList::value(int depth)
+QVariant XmlPropertyList::value()
 {
-    if (depth > mMaxDepth)
-        fail(QStringLiteral("nested deeper than %1 levels").arg(mMaxDepth));
-    if (mXml.name() == u"dict")
-        return dictionary(depth);
-    if (mXml.name() == u"array")
-        return array(depth);
-    return scalar(mXml.name().toString());
+    if (mElements.name() == u"dict")
+        return dictionary();
+    if (mElements.name() == u"array")
+        return array();
+    return scalar(mElements.name().toString());
 }
 
 QVariant XmlPropertyList::document()
 {
-    if (!nextIsStart() || mXml.name() != u"plist")
-        fail(QStringLiteral("<%1> instead of <plist>").arg(mXml.name()));
-    if (!nextIsStart())
-        fail(QStringLiteral("an empty property list"));
-    QVariant list = value(1);
-    if (nextIsStart())
-        fail(QStringLiteral("a second value"));
-    while (!mXml.atEnd())
-        next();
+    mElements.begin();
+    QVariant list = value();
+    mElements.finish();
     return list;
 }
 
