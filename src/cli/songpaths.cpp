@@ -1,5 +1,7 @@
 #include "cli/songpaths.h"
 
+#include "base/unicodeforms.h"
+
 #include <QFile>
 
 #include <algorithm>
@@ -66,16 +68,6 @@ private:
     const Visit &mVisit;
     const Problem &mProblem;
 };
-
-/// The path as it stands in the file system; null when there is none in any Unicode form.
-QString existingForm(const QString &path)
-{
-    for (const QString &form : {path, path.normalized(QString::NormalizationForm_C),
-                                path.normalized(QString::NormalizationForm_D)})
-        if (std::error_code error; fs::exists(QFile::encodeName(form).constData(), error))
-            return form;
-    return {};
-}
 
 } // namespace
 
