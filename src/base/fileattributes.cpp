@@ -13,7 +13,8 @@ FileAttributes attributesFrom(const struct stat &found)
             .mode = found.st_mode,
             .links = found.st_nlink,
             .accessed = found.st_atim,
-            .modified = found.st_mtim};
+            .modified = found.st_mtim,
+            .changed = found.st_ctim};
 }
 } // namespace
 

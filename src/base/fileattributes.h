@@ -20,6 +20,7 @@ struct FileAttributes {
     quint64 links = 0; ///< names of the file; 0: it was deleted
     timespec accessed = {};
     timespec modified = {};
+    timespec changed = {}; ///< last change of the bytes or of anything else of the inode
 
     /// Of the open file, or of the file that the path leads to through links; nothing when there
     /// is none.

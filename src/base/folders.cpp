@@ -29,6 +29,12 @@ QString cacheFolder()
     return baseFolder("XDG_CACHE_HOME", QStringLiteral(".cache")) + QStringLiteral("/tagwright");
 }
 
+QString songInfoFolder()
+{
+    return baseFolder("XDG_CACHE_HOME", QStringLiteral(".cache"))
+        + QStringLiteral("/Tagwright Song Info");
+}
+
 QString settingsFile()
 {
     return baseFolder("XDG_CONFIG_HOME", QStringLiteral(".config"))

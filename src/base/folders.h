@@ -16,3 +16,6 @@ QString cacheFolder();
 
 /// The file that the settings live in: $XDG_CONFIG_HOME/tagwright/tagwright.conf.
 QString settingsFile();
+
+/// Summaries of the tags of songs: $XDG_CACHE_HOME/Tagwright Song Info.
+QString songInfoFolder();

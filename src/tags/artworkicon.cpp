@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <mutex>
 #include <utility>
 
 namespace {
@@ -19,32 +18,28 @@ constexpr qint64 maxPixels = 100'000'000;
 
 using Icon = std::shared_ptr<const QImage>;
 
-/// The last picture made into an icon and that icon: neighbouring songs share their picture.
+/// The last picture that this thread made into an icon and that icon: neighbouring songs share
+/// their picture.
 struct Memo {
-    std::mutex mutex;
     QByteArray data;
     Icon icon;
 };
 
 Memo &theMemo()
 {
-    static Memo memo;
+    thread_local Memo memo;
     return memo;
 }
 
 Icon remembered(const QByteArray &data)
 {
-    Memo &memo = theMemo();
-    const std::scoped_lock lock(memo.mutex);
+    const Memo &memo = theMemo();
     return memo.icon && memo.data == data ? memo.icon : nullptr;
 }
 
 void remember(const QByteArray &data, const Icon &icon)
 {
-    Memo &memo = theMemo();
-    const std::scoped_lock lock(memo.mutex);
-    memo.data = data;
-    memo.icon = icon;
+    theMemo() = {data, icon};
 }
 
 /// The size that fits the box, small pictures enlarged, with even sides.
@@ -106,6 +101,8 @@ Icon iconOf(const QByteArray &data, QSizeF box)
 
 QImage AudioInfoTag::imageIconNoLargerThan(double maxWidth, double maxHeight) const
 {
+    if (const Icon stored = storedIcon())
+        return *stored;
     if (mCachedIcon && (mCachedIcon->width() > maxWidth || mCachedIcon->height() > maxHeight))
         mCachedIcon.reset();
     if (mCachedIcon)

@@ -98,11 +98,14 @@ public:
     void gatherTagsFromPathname(const QString &path);
 
     /// The first picture, scaled into the given box and framed; a null image without pictures.
-    /// Stands in artworkicon.cpp.
+    /// A tag made from summary data gives the icon that it has, whatever its size. Stands in
+    /// artworkicon.cpp.
     [[nodiscard]] QImage imageIconNoLargerThan(double maxWidth, double maxHeight) const;
 
 protected:
     void setEncounteredProblemDecoding() { mEncounteredProblemDecoding = true; }
+    /// The icon of a tag that has no pictures to make one from.
+    [[nodiscard]] virtual std::shared_ptr<const QImage> storedIcon() const { return {}; }
 
 private:
     /// Behind a pointer so that reading tags does not load a GUI library.

@@ -1,0 +1,130 @@
+#include "songs/cachedinfotag.h"
+
+#include "base/fileattributes.h"
+#include "base/log.h"
+
+#include <QImage>
+
+#include <utility>
+
+namespace {
+std::optional<QString> presentText(const QString &text)
+{
+    return text.isNull() ? std::nullopt : std::optional(text);
+}
+
+/// Null for an absent text alone.
+QString storedText(const std::optional<QString> &text)
+{
+    return text && text->isNull() ? QLatin1String("") : text.value_or(QString());
+}
+} // namespace
+
+std::optional<CachedInfo> CachedInfoTag::infoDictForTag(const AudioInfoTag &tag,
+                                                        const QString &path,
+                                                        const ID3Dialect &dialect)
+{
+    const auto attributes = FileAttributes::at(path);
+    if (!attributes)
+        return std::nullopt;
+    CachedInfo info;
+    info.modDate = CachedInfo::stampOf(*attributes);
+    info.isStandardDialect = dialect == ID3Dialect::standard();
+    info.title = storedText(tag.title());
+    info.artist = storedText(tag.artist());
+    info.album = storedText(tag.album());
+    info.track = storedText(tag.track());
+    info.year = storedText(tag.year());
+    info.genre = storedText(tag.genres());
+    info.bpm = storedText(tag.bpm());
+    info.setLyrics(tag.lyrics());
+    info.isCompilation = tag.isPartOfCompilation();
+    info.numberOfArtworks = tag.numberOfImages();
+    if (info.numberOfArtworks > 0)
+        info.icon = packedIcon(tag.imageIconNoLargerThan(maxIconWidth, maxIconHeight));
+    return info;
+}
+
+std::optional<QString> CachedInfoTag::title() const
+{
+    return presentText(mCachedInfo->title);
+}
+
+std::optional<QString> CachedInfoTag::artist() const
+{
+    return presentText(mCachedInfo->artist);
+}
+
+std::optional<QString> CachedInfoTag::album() const
+{
+    return presentText(mCachedInfo->album);
+}
+
+std::optional<QString> CachedInfoTag::year() const
+{
+    return presentText(mCachedInfo->year);
+}
+
+std::optional<QString> CachedInfoTag::track() const
+{
+    return presentText(mCachedInfo->track);
+}
+
+std::optional<QString> CachedInfoTag::genres() const
+{
+    return presentText(mCachedInfo->genre);
+}
+
+std::optional<QString> CachedInfoTag::lyrics() const
+{
+    return mCachedInfo->lyrics();
+}
+
+std::optional<QString> CachedInfoTag::bpm() const
+{
+    return presentText(mCachedInfo->bpm);
+}
+
+bool CachedInfoTag::isPartOfCompilation() const
+{
+    return mCachedInfo->isCompilation;
+}
+
+int CachedInfoTag::numberOfImages() const
+{
+    return mCachedInfo->numberOfArtworks;
+}
+
+bool CachedInfoTag::addImage(const ID3Image &)
+{
+    whineAboutImmutability();
+    return false;
+}
+
+bool CachedInfoTag::removeImageAtIndex(int)
+{
+    whineAboutImmutability();
+    return false;
+}
+
+std::shared_ptr<const QImage> CachedInfoTag::storedIcon() const
+{
+    return std::make_shared<const QImage>(unpackedIcon(mCachedInfo->icon));
+}
+
+void CachedInfoTag::whineAboutImmutability() const
+{
+    const auto address = QString::number(reinterpret_cast<quintptr>(this), 16);
+    qCWarning(logSongs).noquote()
+        << QStringLiteral("Cannot mutate <CachedInfoTag 0x%1>!").arg(address);
+}
+
+std::unique_ptr<AudioInfoTag> tagWithCachedInfo(CachedInfoPointer info)
+{
+    if (!info)
+        return nullptr;
+    auto tag = std::make_unique<CachedInfoTag>();
+    tag->setCachedInfo(std::move(info));
+    tag->setIsLazy(true);
+    return tag;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "songs/cachedinfo.h"
+#include "tags/audioinfotag.h"
+
+/// A tag that shows a song's summary and cannot be changed: it knows how many pictures there
+/// are and has an icon, but no pictures.
+class CachedInfoTag final : public AudioInfoTag {
+public:
+    /// The icon in a summary fits this box, in pixels.
+    static constexpr double maxIconWidth = 28;
+    static constexpr double maxIconHeight = 14;
+
+    /// Nothing when the file's modification date cannot be read.
+    [[nodiscard]] static std::optional<CachedInfo>
+    infoDictForTag(const AudioInfoTag &tag, const QString &path, const ID3Dialect &dialect);
+
+    /// Never null.
+    void setCachedInfo(CachedInfoPointer info) { mCachedInfo = std::move(info); }
+
+    [[nodiscard]] TagType type() const override { return TagType::Cached; }
+    [[nodiscard]] std::optional<QString> title() const override;
+    [[nodiscard]] std::optional<QString> artist() const override;
+    [[nodiscard]] std::optional<QString> album() const override;
+    [[nodiscard]] std::optional<QString> year() const override;
+    [[nodiscard]] std::optional<QString> track() const override;
+    [[nodiscard]] std::optional<QString> genres() const override;
+    [[nodiscard]] std::optional<QString> lyrics() const override;
+    [[nodiscard]] std::optional<QString> bpm() const override;
+    [[nodiscard]] bool isPartOfCompilation() const override;
+    [[nodiscard]] int numberOfImages() const override;
+
+    void setTitle(const QString &) override { whineAboutImmutability(); }
+    void setArtist(const QString &) override { whineAboutImmutability(); }
+    void setAlbum(const QString &) override { whineAboutImmutability(); }
+    void setYear(const QString &) override { whineAboutImmutability(); }
+    void setTrack(const QString &) override { whineAboutImmutability(); }
+    void setGenres(const QString &) override { whineAboutImmutability(); }
+    void setLyrics(const QString &) override { whineAboutImmutability(); }
+    void setBPM(const QString &) override { whineAboutImmutability(); }
+    void setIsPartOfCompilation(bool) override { whineAboutImmutability(); }
+    bool addImage(const ID3Image &) override;
+    bool removeImageAtIndex(int index) override;
+
+private:
+    [[nodiscard]] std::shared_ptr<const QImage> storedIcon() const override;
+    void whineAboutImmutability() const;
+
+    CachedInfoPointer mCachedInfo = std::make_shared<const CachedInfo>();
+};
+
+/// A lazy tag that shows the summary; null without one.
+[[nodiscard]] std::unique_ptr<AudioInfoTag> tagWithCachedInfo(CachedInfoPointer info);

@@ -1,0 +1,216 @@
+#include "songs/songfileinfocache.h"
+
+#include "base/bytes.h"
+#include "base/descriptor.h"
+#include "base/fileattributes.h"
+#include "base/log.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QTemporaryFile>
+
+#include <chrono>
+#include <cstdio>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace {
+constexpr auto quietTimeBeforeWriting = 250ms;
+/// Another process that writes a bucket is waited for that long; then ours is written anyway and
+/// what the other one stored in the meantime is lost, which costs only time.
+constexpr auto patienceWithOthers = 2000ms;
+
+/// What the cache file holds; nothing where there is none. Throws MalformedData.
+CacheBucket bucketInFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    if (file.size() > maxCacheFileSize)
+        throw MalformedData(QStringLiteral("it is too large for a cache file"));
+    return unarchivedBucket(file.read(maxCacheFileSize));
+}
+
+/// The same with an empty bucket for a damaged file.
+CacheBucket soundBucketInFile(const QString &path)
+{
+    try {
+        return bucketInFile(path);
+    } catch (const MalformedData &) {
+        return {};
+    }
+}
+
+QString writtenAtomically(const QString &path, const QByteArray &bytes)
+{
+    QTemporaryFile file(path + QStringLiteral(".XXXXXX"));
+    if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
+        return file.errorString();
+    if (std::rename(QFile::encodeName(file.fileName()).constData(),
+                    QFile::encodeName(path).constData())
+        != 0)
+        return reasonOf(lastError());
+    file.setAutoRemove(false);
+    return {};
+}
+} // namespace
+
+SongFileInfoCache::SongFileInfoCache(QString folder)
+    : mCacheBasePath(std::move(folder))
+{
+    mWriter.setMaxThreadCount(1);
+    mMemoryCacheWriteTimer.setSingleShot(true);
+    mMemoryCacheWriteTimer.setInterval(quietTimeBeforeWriting);
+    connect(&mMemoryCacheWriteTimer, &QTimer::timeout, this,
+            &SongFileInfoCache::writeSomeCacheToDisk);
+}
+
+SongFileInfoCache::~SongFileInfoCache()
+{
+    detach();
+}
+
+CachedInfoPointer SongFileInfoCache::infoForSongFileAtPath(const QString &path,
+                                                           const ID3Dialect &dialect)
+{
+    Bucket *bucket = hostDictionaryForPath(path);
+    if (!bucket)
+        return nullptr;
+    CachedInfoPointer info;
+    {
+        const std::scoped_lock lock(bucket->mutex);
+        info = bucket->songs.value(path);
+    }
+    if (!info || info->isStandardDialect != (dialect == ID3Dialect::standard()))
+        return nullptr;
+    const auto attributes = FileAttributes::at(path);
+    return attributes && CachedInfo::stampOf(*attributes) == info->modDate ? info : nullptr;
+}
+
+void SongFileInfoCache::storeInfo(const CachedInfo &info, const QString &forSongFileAtPath)
+{
+    QString key;
+    Bucket *bucket = hostDictionaryForPath(forSongFileAtPath, &key);
+    if (!bucket)
+        return;
+    auto stored = std::make_shared<CachedInfo>(info);
+    stored->madeAt = QDateTime::currentMSecsSinceEpoch();
+    {
+        const std::scoped_lock lock(bucket->mutex);
+        bucket->songs.insert(forSongFileAtPath, std::move(stored));
+    }
+    mDirtyDicts.insert(key);
+    cacheMemoryDirty();
+}
+
+/// The bucket for the path, loaded on first use; null when the path has none.
+SongFileInfoCache::Bucket *SongFileInfoCache::hostDictionaryForPath(const QString &path,
+                                                                    QString *key)
+{
+    const QString bucketKey = bucketKeyForSongPath(path);
+    if (bucketKey.isEmpty())
+        return nullptr;
+    if (key)
+        *key = bucketKey;
+    Bucket &bucket = bucketOf(bucketKey);
+    const std::scoped_lock lock(bucket.mutex); // others of this bucket wait until it is loaded
+    if (!std::exchange(bucket.isLoaded, true))
+        bucket.songs = load(bucketKey);
+    return &bucket;
+}
+
+SongFileInfoCache::Bucket &SongFileInfoCache::bucketOf(const QString &key)
+{
+    const std::scoped_lock lock(mMutex);
+    auto &bucket = mMemoryCache[key];
+    if (!bucket)
+        bucket = std::make_unique<Bucket>();
+    return *bucket;
+}
+
+QString SongFileInfoCache::fileOf(const QString &key) const
+{
+    return QStringLiteral("%1/%2.cache").arg(mCacheBasePath, key);
+}
+
+/// A damaged file gives an empty bucket, and stays until the bucket is next written.
+CacheBucket SongFileInfoCache::load(const QString &key) const
+{
+    try {
+        return bucketInFile(fileOf(key));
+    } catch (const MalformedData &damage) {
+        qCWarning(logSongs).noquote() << QStringLiteral("Couldn't unarchive %1").arg(fileOf(key));
+        qCInfo(logSongs).noquote() << damage.reason();
+        return {};
+    }
+}
+
+/// A run of stores keeps pushing the write back.
+void SongFileInfoCache::cacheMemoryDirty()
+{
+    mMemoryCacheWriteTimer.start();
+}
+
+/// One bucket a tick. It counts as written whether or not that succeeds: its songs stay in memory
+/// for this run.
+void SongFileInfoCache::writeSomeCacheToDisk()
+{
+    if (mDirtyDicts.empty())
+        return;
+    if (!mIsWriting)
+        startWriting();
+    cacheMemoryDirty();
+}
+
+void SongFileInfoCache::startWriting()
+{
+    const QString key = *std::prev(mDirtyDicts.end());
+    mDirtyDicts.erase(key);
+    mIsWriting = true;
+    mWriter.start([this, key, &bucket = bucketOf(key)] {
+        write(key, bucket);
+        mIsWriting = false;
+    });
+}
+
+void SongFileInfoCache::detach()
+{
+    mMemoryCacheWriteTimer.stop();
+    mWriter.waitForDone();
+    while (!mDirtyDicts.empty()) {
+        startWriting();
+        mWriter.waitForDone();
+    }
+}
+
+void SongFileInfoCache::write(const QString &key, Bucket &bucket)
+{
+    CacheBucket songs;
+    {
+        const std::scoped_lock lock(bucket.mutex);
+        songs = bucket.songs;
+    }
+    const QString problem = replaceFile(key, std::move(songs));
+    if (!problem.isEmpty() && !mToldOfTrouble.exchange(true))
+        qCWarning(logSongs).noquote()
+            << QStringLiteral("couldn't serialize <CacheBucket %1> to %2: %3")
+                   .arg(key, fileOf(key), problem);
+}
+
+/// With what another process stored since the bucket was loaded. The folder is locked meanwhile.
+QString SongFileInfoCache::replaceFile(const QString &key, CacheBucket songs) const
+{
+    QDir().mkpath(mCacheBasePath);
+    const Descriptor folder = openFolder(mCacheBasePath);
+    if (!folder)
+        return reasonOf(lastError());
+    std::ignore = lockFile(folder.get(), patienceWithOthers);
+    mergeInto(songs, soundBucketInFile(fileOf(key)));
+    if (songs.size() > maxSongsOfBucket)
+        return QStringLiteral("too many songs");
+    const QByteArray archived = archivedBucket(songs);
+    if (archived.size() > maxCacheFileSize)
+        return QStringLiteral("too large");
+    return writtenAtomically(fileOf(key), archived);
+}
