@@ -1,18 +1,11 @@
 #pragma once
 
+#include "tags/byterange.h"
+
 #include <QByteArray>
 #include <QString>
 
 #include <functional>
-
-/// A stretch of a file, in bytes; (0, 0) for none.
-struct ByteRange {
-    qint64 location = 0;
-    qint64 length = 0;
-
-    [[nodiscard]] qint64 end() const { return location + length; }
-    bool operator==(const ByteRange &) const = default;
-};
 
 /// Where the tags of an MPEG audio file stand: what a reader reads, and a writer replaces.
 struct ID3Ranges {
