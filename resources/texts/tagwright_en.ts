@@ -43,6 +43,10 @@
         <source>The file is not the song that it was</source>
         <translation>The file is not the song that it was</translation>
     </message>
+    <message id="ErrorForeignMetadata">
+        <source>it keeps metadata of another kind where the list of items belongs</source>
+        <translation>it keeps metadata of another kind where the list of items belongs</translation>
+    </message>
     <message id="ErrorFrameTooLarge">
         <source>“%1” is larger than this kind of tag can hold (16 MB)</source>
         <translation>“%1” is larger than this kind of tag can hold (16 MB)</translation>
@@ -51,9 +55,13 @@
         <source>%1 could not be reached within the last five minutes and is left alone for now</source>
         <translation>%1 could not be reached within the last five minutes and is left alone for now</translation>
     </message>
-    <message id="ErrorMP4NotYet">
-        <source>AAC/MP4 songs cannot be read yet</source>
-        <translation>AAC/MP4 songs cannot be read yet</translation>
+    <message id="ErrorMP4Unreadable">
+        <source>This MP4 file cannot be read: %1</source>
+        <translation>This MP4 file cannot be read: %1</translation>
+    </message>
+    <message id="ErrorNoMovie">
+        <source>it has no “moov” atom, which would hold the tag</source>
+        <translation>it has no “moov” atom, which would hold the tag</translation>
     </message>
     <message id="ErrorNoSong">
         <source>This is no song file that can be read</source>

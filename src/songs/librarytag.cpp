@@ -1,5 +1,6 @@
 #include "songs/librarytag.h"
 
+#include "tags/aacinfotag.h"
 #include "tags/mp3infotag.h"
 #include "text/integervalue.h"
 
@@ -12,6 +13,8 @@ std::unique_ptr<AudioInfoTag> bareTagOfKind(const QString &kind)
 {
     if (kind == QLatin1String("MPEG audio file"))
         return std::make_unique<MP3InfoTag>();
+    if (kind == QLatin1String("AAC audio file"))
+        return std::make_unique<AACInfoTag>();
     return nullptr;
 }
 

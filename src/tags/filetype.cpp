@@ -139,23 +139,6 @@ QString extensionOf(QStringView path)
     return dot > 0 ? name.sliced(dot + 1).toString().toLower() : QString();
 }
 
-/// As strayID3v2TagLength() says, of a file of `size` bytes that begins with `head`.
-qint64 strayTagLength(const QString &path, qint64 size, QByteArrayView head)
-{
-    if (size <= ID3v2Header::length) {
-        qCWarning(logTags).noquote()
-            << QStringLiteral("removeID3 file only %1 bytes: %2").arg(QString::number(size), path);
-        return 0;
-    }
-    if (head.size() < ID3v2Header::length || !head.startsWith("ID3\x04"))
-        return 0;
-    const qint64 end = SynchSafe::getSynchSafeIntIn(head, 6) + ID3v2Header::length;
-    if (size > end)
-        return end;
-    qCWarning(logTags).noquote() << QStringLiteral("removeID3 invalid tag size: %1").arg(path);
-    return 0;
-}
-
 } // namespace
 
 FileType::SongDataType FileType::songDataType(const SongBytes &song)
@@ -180,9 +163,25 @@ bool FileType::claimsToBeOGG(QStringView path)
     return extensionOf(path) == u"ogg";
 }
 
+qint64 FileType::strayID3v2TagLength(const QString &path, qint64 size, QByteArrayView head)
+{
+    if (size <= ID3v2Header::length) {
+        qCWarning(logTags).noquote()
+            << QStringLiteral("removeID3 file only %1 bytes: %2").arg(QString::number(size), path);
+        return 0;
+    }
+    if (head.size() < ID3v2Header::length || !head.startsWith("ID3\x04"))
+        return 0;
+    const qint64 end = SynchSafe::getSynchSafeIntIn(head, 6) + ID3v2Header::length;
+    if (size > end)
+        return end;
+    qCWarning(logTags).noquote() << QStringLiteral("removeID3 invalid tag size: %1").arg(path);
+    return 0;
+}
+
 qint64 FileType::strayID3v2TagLength(const SongBytes &song)
 {
-    return strayTagLength(song.path(), song.size(), song.view(0, ID3v2Header::length));
+    return strayID3v2TagLength(song.path(), song.size(), song.view(0, ID3v2Header::length));
 }
 
 bool FileType::removeID3v2TagFromFileAtPath(const QString &path, KeepTime keepTime)
@@ -191,7 +190,7 @@ bool FileType::removeID3v2TagFromFileAtPath(const QString &path, KeepTime keepTi
     const auto head = opened.file ? opened.file->read(0, ID3v2Header::length) : std::nullopt;
     if (!head)
         return false;
-    const qint64 end = strayTagLength(path, opened.file->size(), *head);
+    const qint64 end = strayID3v2TagLength(path, opened.file->size(), *head);
     if (end == 0)
         return false;
     FileContents rest;

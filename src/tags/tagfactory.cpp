@@ -1,6 +1,7 @@
 #include "tags/tagfactory.h"
 
 #include "base/log.h"
+#include "tags/aacinfotag.h"
 #include "tags/filetype.h"
 #include "tags/mp3infotag.h"
 
@@ -38,10 +39,10 @@ TagOrReason tagOfClass(TagClass tagClass, const SongBytes &song, const ReadOptio
         if (auto tag = MP3InfoTag::tagWithBytes(song, options))
             return {std::move(tag), {}};
         return noTag(qtTrId("ErrorTagUnreadable"));
-    case TagClass::AAC:
-        qCWarning(logTags).noquote()
-            << QStringLiteral("** no tag is read from AAC at %1").arg(song.path());
-        return noTag(qtTrId("ErrorMP4NotYet"));
+    case TagClass::AAC: {
+        auto [tag, reason] = AACInfoTag::tagWithBytes(song);
+        return {std::move(tag), reason};
+    }
     case TagClass::None:
         break;
     }

@@ -124,7 +124,7 @@ private Q_SLOTS:
         for (const auto &[name, reason] : {std::pair(u"missing.mp3"_s, u"ErrorSongVanished"_s),
                                            {u"secret.mp3"_s, u"ErrorCannotOpenForRead"_s},
                                            {u"notes.txt"_s, u"ErrorNoSong"_s},
-                                           {u"notes.m4a"_s, u"ErrorMP4NotYet"_s}}) {
+                                           {u"notes.m4a"_s, u"ErrorMP4Unreadable"_s}}) {
             if (name.endsWith(u".mp3"))
                 QTest::ignoreMessage(QtWarningMsg,
                                      qPrintable(u"MP3 nil filehandle for %1"_s.arg(path(name))));

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "tags/atomname.h"
+#include "tags/id3image.h"
+
+#include <QList>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <bitset>
+#include <optional>
+
+/// The texts that an AAC tag holds.
+enum class AACText { Title, Artist, Album, Year, Genre, Lyrics, Track, BPM };
+inline constexpr size_t aacTextCount = 8;
+
+/// The items of a metadata list that hold plain text, in the order in which they are written.
+struct AACTextItem {
+    AACText text;
+    AtomName name;
+};
+inline constexpr std::array aacTextItems = {
+    AACTextItem{AACText::Title, atomName("\251nam")},
+    AACTextItem{AACText::Artist, atomName("\251ART")},
+    AACTextItem{AACText::Album, atomName("\251alb")},
+    AACTextItem{AACText::Year, atomName("\251day")},
+    AACTextItem{AACText::Genre, atomName("\251gen")},
+    AACTextItem{AACText::Lyrics, atomName("\251lyr")},
+};
+
+/// The items that hold other values, each in a 'data' atom of four bytes type and flags, four
+/// bytes locale, and the value.
+namespace AACItem {
+constexpr AtomName data = atomName("data");
+constexpr AtomName genreNumber = atomName("gnre");
+constexpr AtomName track = atomName("trkn");
+constexpr AtomName tempo = atomName("tmpo");
+constexpr AtomName compilation = atomName("cpil");
+constexpr AtomName cover = atomName("covr");
+
+constexpr qint64 valueStart = 8;
+/// Values larger than this are neither read nor changed.
+constexpr qint64 largestValue = 64 << 20;
+} // namespace AACItem
+
+/// What an AAC tag holds, and which of it was set since it was read.
+struct AACAttributes {
+    std::array<std::optional<QString>, aacTextCount> texts; ///< by AACText
+    bool compilation = false;
+    QList<ID3Image> images;
+    /// Whether there is a title item, be it one that holds no text that we can read.
+    bool hasTitleItem = false;
+
+    std::bitset<aacTextCount> textsSet;
+    bool compilationSet = false;
+    bool imagesSet = false;
+
+    [[nodiscard]] const std::optional<QString> &text(AACText which) const
+    {
+        return texts.at(static_cast<size_t>(which));
+    }
+    /// Whether nothing is held that a file would have to have an item for.
+    [[nodiscard]] bool isEmpty() const
+    {
+        return !compilation && images.isEmpty()
+            && std::none_of(texts.begin(), texts.end(),
+                            [](const auto &held) { return bool(held); });
+    }
+    [[nodiscard]] bool isSet(AACText which) const { return textsSet[static_cast<size_t>(which)]; }
+};
