@@ -7,9 +7,11 @@ build_packages=(
     libplist-dev zlib1g-dev libssl-dev libcli11-dev
 )
 
-# Other programs' readers and writers of tags, to compare ours with, and what checks the code.
+# Other programs' readers and writers of tags, to compare ours with, a player that plays while songs
+# are written, and what checks the code.
 test_packages=(
     python3 python3-mutagen ffmpeg libimage-exiftool-perl kid3-cli lame clang-format
+    dbus-daemon dbus-bin mpv mpv-mpris playerctl python3-dbus python3-gi
 )
 
 # install_missing PACKAGES...: asks for rights only when something is missing, and says what.

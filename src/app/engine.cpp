@@ -2,6 +2,7 @@
 
 #include "app/sharedtables.h"
 #include "base/folders.h"
+#include "itunes/systemrunner.h"
 #include "sources/builtinsources.h"
 
 #include <QDir>
@@ -26,6 +27,8 @@ Engine::Engine(Pages pages)
     : definitions(prefs.settings())
     , queue(pages == Pages::OnDisk ? cacheFolder() + QStringLiteral("/pages") : QString())
     , catalog(builtInSources())
+    , scriptRunner(systemScriptRunner())
+    , itunes(*scriptRunner)
     , update(definitions, prefs.settings(), queue)
 {
 }

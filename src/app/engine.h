@@ -5,8 +5,11 @@
 #include "gathering/httpqueue.h"
 #include "gathering/sourcecatalog.h"
 #include "itunes/itunesinterface.h"
+#include "itunes/scriptrunner.h"
 #include "sources/definitionsupdate.h"
 #include "sources/sitedefinitionstore.h"
+
+#include <memory>
 
 /// What lives as long as the process, built once and handed down.
 class Engine {
@@ -31,6 +34,7 @@ public:
     SiteDefinitionStore definitions;
     HVHTTPQueue queue;
     SourceCatalog catalog;
+    std::unique_ptr<ScriptRunner> scriptRunner;
     iTunesInterface itunes;
     UserLog log;
     DefinitionsUpdate update;

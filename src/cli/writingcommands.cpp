@@ -4,6 +4,8 @@
 #include "cli/chosenoptions.h"
 #include "cli/fieldedit.h"
 #include "cli/songopening.h"
+#include "itunes/itunesinterface.h"
+#include "itunes/systemrunner.h"
 #include "songs/playbackpause.h"
 #include "sources/sitedefinitionstore.h"
 #include "tags/genretable.h"
@@ -85,16 +87,18 @@ void offerGenres(PrefsController &prefs)
         [&prefs] { return SiteDefinitionStore(prefs.settings()).liveResources().genres(); });
 }
 
-Outcome setFields(SongFile &song, const FieldEdit &edit, const WriteOptions &options, bool isDryRun)
+/// Without `itunes` nothing is written.
+Outcome setFields(SongFile &song, const FieldEdit &edit, const WriteOptions &options,
+                  iTunesInterface *itunes)
 {
     if (song.activityStatus() == SongStatus::Problem)
         return failure(qtTrId("ErrorSongHasProblem"));
     AudioInfoTag &tag = *song.infotag();
+    song.rememberOriginalValuesForLaterRefresh();
     edit.applyTo(tag, song.path());
-    if (!tag.tagHasBeenModified() || isDryRun)
+    if (!tag.tagHasBeenModified() || !itunes)
         return {Outcome::Kind::Unchanged, {}};
-    iTunesInterface itunes;
-    return song.writeToOriginalPath(options, &itunes);
+    return song.writeToOriginalPath(options, itunes);
 }
 
 } // namespace
@@ -109,8 +113,10 @@ int runSet(const Arguments &arguments, Report &report)
     PrefsController prefs;
     offerGenres(prefs);
     const WriteOptions options = writeOptionsOf(arguments, prefs);
+    const auto runner = systemScriptRunner();
+    iTunesInterface itunes(*runner);
     return WritingRun(arguments, readOptionsOf(arguments, prefs), report).run([&](SongFile &song) {
-        return setFields(song, checked.edit, options, arguments.dryRun);
+        return setFields(song, checked.edit, options, arguments.dryRun ? nullptr : &itunes);
     });
 }
 
@@ -122,9 +128,10 @@ int runRegenerate(const Arguments &arguments, Report &report)
     readOptions.malformed = MalformedInfo::Discard;
     readOptions.unrecognized = UnrecognizedInfo::Discard;
     const WriteOptions options = writeOptionsOf(arguments, prefs);
+    const auto runner = systemScriptRunner();
+    iTunesInterface itunes(*runner);
     return WritingRun(arguments, readOptions, report).run([&](SongFile &song) {
         // The tag stands marked as damaged; writing what is sound in it is what was asked for.
-        iTunesInterface itunes;
         const PlaybackPause pause(itunes, song.path());
         return song.infotag()->modifySongFileAtPath(song.path(), options);
     });

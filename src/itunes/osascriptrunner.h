@@ -1,0 +1,35 @@
+#pragma once
+
+#include "itunes/scriptrunner.h"
+
+#include <QDeadlineTimer>
+#include <QString>
+
+#include <chrono>
+
+class QProcess;
+
+/// Runs scripts by the program osascript, each in a child process of its own. The text goes to its
+/// standard input: no shell and no argument list sees it.
+class OsascriptRunner : public ScriptRunner {
+public:
+    /// A script that runs for longer is ended. Long playlists take their time.
+    static constexpr std::chrono::seconds timeLimit{20};
+    /// A longer result is none.
+    static constexpr qint64 maxBytesOfResult = 64 * 1024 * 1024;
+    /// After a script had to be ended, the program is taken to be stuck: for so long nothing is
+    /// asked, so that a run over many songs does not wait for each.
+    static constexpr std::chrono::seconds restAfterTimeout{60};
+
+    explicit OsascriptRunner(QString program, std::chrono::milliseconds limit = timeLimit);
+
+    std::optional<QString> run(const QString &script) override;
+    bool isApplicationRunning(const QString &name) override;
+
+private:
+    [[nodiscard]] std::optional<QByteArray> resultOf(QProcess &process);
+
+    QString mProgram;
+    std::chrono::milliseconds mTimeLimit;
+    QDeadlineTimer mRest{0};
+};
