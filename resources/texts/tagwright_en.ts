@@ -115,6 +115,10 @@
         <source>Genre</source>
         <translation>Genre</translation>
     </message>
+    <message id="LoadingPlaylist">
+        <source>Loading the playlist “%1” …</source>
+        <translation>Loading the playlist “%1” …</translation>
+    </message>
     <message id="LogCancelled">
         <source>Gathering was cancelled</source>
         <translation>Gathering was cancelled</translation>
@@ -131,13 +135,17 @@
         <source>Lyrics</source>
         <translation>Lyrics</translation>
     </message>
+    <message id="NoInitializeSong">
+        <source>No song can be found at</source>
+        <translation>No song can be found at</translation>
+    </message>
+    <message id="NoInitializeTag">
+        <source>No tag can be read from</source>
+        <translation>No tag can be read from</translation>
+    </message>
     <message id="NumberRemaining">
         <source>%1 (%2 remaining)</source>
         <translation>%1 (%2 remaining)</translation>
-    </message>
-    <message id="newVersionMessage">
-        <source>Tagwright &lt;version&gt; is there.</source>
-        <translation>Tagwright &lt;version&gt; is there.</translation>
     </message>
     <message id="ReasonFileBusy">
         <source>Another write to the file is under way</source>
@@ -167,6 +175,22 @@
         <source>%1; what the file held is kept, and is put back at the next start</source>
         <translation>%1; what the file held is kept, and is put back at the next start</translation>
     </message>
+    <message id="Scanning">
+        <source>Looking for songs …</source>
+        <translation>Looking for songs …</translation>
+    </message>
+    <message id="ScanningDirectory">
+        <source>Looking for songs in the folder …</source>
+        <translation>Looking for songs in the folder …</translation>
+    </message>
+    <message id="ScanningiTunesLibrary">
+        <source>Reading the music library …</source>
+        <translation>Reading the music library …</translation>
+    </message>
+    <message id="SearchSubset">
+        <source>%1 of %2</source>
+        <translation>%1 of %2</translation>
+    </message>
     <message id="SongTitle">
         <source>Title</source>
         <translation>Title</translation>
@@ -175,9 +199,25 @@
         <source>Track</source>
         <translation>Track</translation>
     </message>
+    <message id="WindowTitleDirectory">
+        <source>%1 – Tagwright</source>
+        <translation>%1 – Tagwright</translation>
+    </message>
+    <message id="WindowTitleLibrary">
+        <source>Music library – Tagwright</source>
+        <translation>Music library – Tagwright</translation>
+    </message>
+    <message id="WindowTitlePlaylist">
+        <source>%1 – Tagwright</source>
+        <translation>%1 – Tagwright</translation>
+    </message>
     <message id="Year">
         <source>Year</source>
         <translation>Year</translation>
+    </message>
+    <message id="newVersionMessage">
+        <source>Tagwright &lt;version&gt; is there.</source>
+        <translation>Tagwright &lt;version&gt; is there.</translation>
     </message>
 </context>
 </TS>

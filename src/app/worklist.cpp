@@ -114,6 +114,14 @@ void WorkList::stopGathering()
     mCurrentInfoTask->cancel();
 }
 
+SongList WorkList::songs() const
+{
+    SongList songs(mSongWorkList.begin(), mSongWorkList.end());
+    if (mCurrentInfoTask)
+        songs.push_back(mCurrentInfoTask->song());
+    return songs;
+}
+
 QString WorkList::statusLine() const
 {
     const AudioInfoTag *tag = mCurrentInfoTask ? mCurrentInfoTask->song()->infotag() : nullptr;

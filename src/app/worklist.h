@@ -56,6 +56,9 @@ public:
         mCancelTimeout.setInterval(timeout);
     }
 
+    /// The song in hand and those to come: another list takes these records for their paths.
+    [[nodiscard]] SongList songs() const;
+
     [[nodiscard]] bool isRunning() const { return mIsRunning; }
     /// Songs of this run, or the last one, that were told of.
     [[nodiscard]] int songsProcessed() const { return mSongsProcessed; }

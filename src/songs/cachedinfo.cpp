@@ -30,6 +30,12 @@ CachedInfo::Stamp CachedInfo::stampOf(const FileAttributes &attributes)
     return {nanoseconds(attributes.modified), nanoseconds(attributes.changed)};
 }
 
+bool CachedInfo::holdsFor(const FileAttributes &attributes, const ID3Dialect &dialect) const
+{
+    return modDate == stampOf(attributes)
+        && isStandardDialect == (dialect == ID3Dialect::standard());
+}
+
 std::optional<QString> CachedInfo::lyrics() const
 {
     if (packedLyrics.isNull())

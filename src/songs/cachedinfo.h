@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tags/id3dialect.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -36,6 +38,9 @@ struct CachedInfo {
     QString bpm;
     QByteArray packedLyrics; ///< UTF-8, gzip where that is shorter; null without lyrics
     QByteArray icon; ///< see packedIcon(); null without pictures
+
+    /// Whether it is of the file as it is now, read in that dialect.
+    [[nodiscard]] bool holdsFor(const FileAttributes &attributes, const ID3Dialect &dialect) const;
 
     [[nodiscard]] std::optional<QString> lyrics() const;
     void setLyrics(const std::optional<QString> &lyrics);

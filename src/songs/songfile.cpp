@@ -54,11 +54,18 @@ InPlaceFile::Outcome failure(const QString &error)
 
 std::shared_ptr<SongFile> SongFile::songWithPath(const QString &path, const ReadOptions &options)
 {
-    const auto attributes = attributesOfFile(path);
-    if (!attributes || isTooSmallForASong(attributes->size))
+    const auto attributes = FileAttributes::at(path);
+    return attributes ? songWithAttributes(path, *attributes, options) : nullptr;
+}
+
+std::shared_ptr<SongFile> SongFile::songWithAttributes(const QString &path,
+                                                       const FileAttributes &attributes,
+                                                       const ReadOptions &options)
+{
+    if (!attributes.isRegular() || isTooSmallForASong(attributes.size))
         return nullptr;
     auto song = std::make_shared<SongFile>(path, options);
-    song->mModDate = attributes->modified;
+    song->mModDate = attributes.modified;
     song->mIsWritableFile = isWritableFile(path);
     song->setDefaultActivityStatus();
     return song;

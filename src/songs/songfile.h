@@ -30,6 +30,10 @@ public:
     /// Null when there is no file at `path` or it is too small. The tag is not read.
     [[nodiscard]] static std::shared_ptr<SongFile> songWithPath(const QString &path,
                                                                 const ReadOptions &options = {});
+    /// The same where the file's attributes are known, links followed.
+    [[nodiscard]] static std::shared_ptr<SongFile>
+    songWithAttributes(const QString &path, const FileAttributes &attributes,
+                       const ReadOptions &options);
 
     /// A record that knows nothing of the file yet, such as of a path where there is none.
     SongFile(QString path, const ReadOptions &options);

@@ -74,18 +74,18 @@ SongFileInfoCache::~SongFileInfoCache()
 CachedInfoPointer SongFileInfoCache::infoForSongFileAtPath(const QString &path,
                                                            const ID3Dialect &dialect)
 {
-    Bucket *bucket = hostDictionaryForPath(path);
+    CachedInfoPointer info = storedInfo(path);
+    const auto attributes = info ? FileAttributes::at(path) : std::nullopt;
+    return attributes && info->holdsFor(*attributes, dialect) ? info : nullptr;
+}
+
+CachedInfoPointer SongFileInfoCache::storedInfo(const QString &forSongFileAtPath)
+{
+    Bucket *bucket = hostDictionaryForPath(forSongFileAtPath);
     if (!bucket)
         return nullptr;
-    CachedInfoPointer info;
-    {
-        const std::scoped_lock lock(bucket->mutex);
-        info = bucket->songs.value(path);
-    }
-    if (!info || info->isStandardDialect != (dialect == ID3Dialect::standard()))
-        return nullptr;
-    const auto attributes = FileAttributes::at(path);
-    return attributes && CachedInfo::stampOf(*attributes) == info->modDate ? info : nullptr;
+    const std::scoped_lock lock(bucket->mutex);
+    return bucket->songs.value(forSongFileAtPath);
 }
 
 void SongFileInfoCache::storeInfo(const CachedInfo &info, const QString &forSongFileAtPath)

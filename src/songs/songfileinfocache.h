@@ -32,6 +32,9 @@ public:
     [[nodiscard]] CachedInfoPointer infoForSongFileAtPath(const QString &path,
                                                           const ID3Dialect &dialect);
 
+    /// The stored summary, which may hold no longer: the file is not asked.
+    [[nodiscard]] CachedInfoPointer storedInfo(const QString &forSongFileAtPath);
+
     /// Songs of folders that have no bucket are not kept.
     void storeInfo(const CachedInfo &info, const QString &forSongFileAtPath);
 

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "songs/songorder.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+/// The numbers stand in the settings.
+enum class SourceKind { Folder = 0, Playlist = 1, Library = 2 };
+
+/// One file that a source names.
+struct SourceEntry {
+    QString path;
+    int databaseID = 0; ///< of the library's track; 0 when unknown
+    int playlistIndex = AudioInfoTag::notFound; ///< position in the playlist, from 1 on
+};
+
+/// Takes what a source finds.
+class EntrySink {
+public:
+    EntrySink() = default;
+    EntrySink(const EntrySink &) = delete;
+    EntrySink &operator=(const EntrySink &) = delete;
+    virtual ~EntrySink() = default;
+
+    /// Whether to go on.
+    virtual bool add(SourceEntry entry) = 0;
+    /// One line for the user.
+    virtual void problem(const QString &line) = 0;
+    [[nodiscard]] virtual bool goesOn() const = 0;
+};
+
+/// Where the songs of the list come from.
+struct SongSource {
+    SourceKind kind = SourceKind::Folder;
+    QString name; ///< the folder's path or the playlist's name
+    QString windowTitle;
+    QString progressText; ///< shown while it is read
+    /// How the list is sorted once it is read; null: as it was sorted before.
+    SongOrder::Comparison order = nullptr;
+    /// Hands over all entries in order. Called once, on a thread of its own.
+    std::function<void(EntrySink &)> readEntries;
+};
