@@ -18,8 +18,8 @@ Row rowOf(SongFile &song)
 {
     const AudioInfoTag *tag = song.infotag();
     Row row;
-    for (const auto &text :
-         {tag->title(), tag->artist(), tag->album(), tag->year(), tag->track(), tag->genres()})
+    for (const auto &text : {tag->title(), tag->artist(), tag->album(), tag->year(), tag->track(),
+                             tag->genres(), tag->readVersion()})
         row << text.value_or(QStringLiteral("·"));
     row << QString::number(tag->numberOfImages());
     return row;
@@ -37,9 +37,9 @@ QString padded(const Row &row, const QList<qsizetype> &widths)
 /// one.
 QString table(const QList<Row> &before, const QList<Row> &after)
 {
-    const Row heads{QStringLiteral("Title"),   QStringLiteral("Artist"), QStringLiteral("Album"),
-                    QStringLiteral("Year"),    QStringLiteral("Track"),  QStringLiteral("Genre"),
-                    QStringLiteral("Pictures")};
+    const Row heads{QStringLiteral("Title"), QStringLiteral("Artist"),  QStringLiteral("Album"),
+                    QStringLiteral("Year"),  QStringLiteral("Track"),   QStringLiteral("Genre"),
+                    QStringLiteral("Tag"),   QStringLiteral("Pictures")};
     QList<qsizetype> widths;
     for (qsizetype i = 0; i < heads.size(); ++i) {
         qsizetype width = heads[i].size();

@@ -1,6 +1,8 @@
 #include "demo/samplesongs.h"
 
 #include "base/inplacefile.h"
+#include "base/resources.h"
+#include "tags/aacinfotag.h"
 #include "tags/mp3infotag.h"
 
 #include <QDir>
@@ -25,7 +27,7 @@ const std::vector<SampleSong> &sampleSongs()
 {
     static const std::vector<SampleSong> songs{
         {u"01 Low Water.mp3"_s, u"Low Water"_s, u"Nila Oster"_s, {}, {}, {}, {}},
-        {u"02 Harbour Lights.mp3"_s,
+        {u"02 Harbour Lights.m4a"_s,
          u"Harbour Lights"_s,
          u"Nila Oster"_s,
          u"Harbour Lights"_s,
@@ -34,7 +36,7 @@ const std::vector<SampleSong> &sampleSongs()
          {}},
         {u"Fog Signal.mp3"_s, {}, u"Nila Oster"_s, {}, {}, {}, u"Folk"_s},
         {u"lanterns - neon rain.mp3"_s, u"Neon Rain"_s, u"Lanterns, The"_s, {}, {}, {}, {}},
-        {u"Last Tram Home.mp3"_s,
+        {u"Last Tram Home.m4a"_s,
          u"last tram home"_s,
          u"The Lanterns"_s,
          u"Paper Moons"_s,
@@ -51,7 +53,7 @@ const std::vector<SampleSong> &sampleSongs()
 
 /// Four seconds of silence: MPEG-1 layer III frames of 128 kbit/s at 44.1 kHz, whose side
 /// information and data are all zero.
-QByteArray silence()
+QByteArray mpegSilence()
 {
     constexpr int frameBytes = 417;
     constexpr int frames = 153;
@@ -59,14 +61,14 @@ QByteArray silence()
     return (header + QByteArray(frameBytes - header.size(), '\0')).repeated(frames);
 }
 
-QString makeSong(const QString &path, const SampleSong &song)
+QString makeFile(const QString &path, const QByteArray &sound, AudioInfoTag &tag,
+                 const SampleSong &song)
 {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(silence()) < 0 || !file.flush())
+    if (!file.open(QIODevice::WriteOnly) || file.write(sound) < 0 || !file.flush())
         return path + u": "_s + file.errorString();
     file.close();
 
-    MP3InfoTag tag;
     tag.setTitle(song.title);
     tag.setArtist(song.artist);
     tag.setAlbum(song.album);
@@ -75,6 +77,16 @@ QString makeSong(const QString &path, const SampleSong &song)
     tag.setGenres(song.genres);
     const WriteOptions options{.dialect = ID3Dialect::standard()};
     return tag.modifySongFileAtPath(path, options).error;
+}
+
+QString makeSong(const QString &path, const SampleSong &song)
+{
+    if (path.endsWith(u".mp3")) {
+        MP3InfoTag tag;
+        return makeFile(path, mpegSilence(), tag, song);
+    }
+    AACInfoTag tag;
+    return makeFile(path, resourceData(u"silence.m4a"_s).value_or(QByteArray()), tag, song);
 }
 
 } // namespace
