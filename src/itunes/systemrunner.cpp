@@ -3,12 +3,22 @@
 #include "itunes/localrunner.h"
 #include "itunes/osascriptrunner.h"
 
+#include <QDir>
 #include <QStandardPaths>
 
-std::unique_ptr<ScriptRunner> systemScriptRunner()
+#include <utility>
+
+MusicPlaces usualMusicPlaces()
+{
+    // Systems without a music folder name the home folder, which nobody wants to be searched.
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    return {{}, QDir(folder) == QDir::home() ? QString() : folder};
+}
+
+std::unique_ptr<ScriptRunner> systemScriptRunner(MusicPlaces places)
 {
     const QString osascript = QStandardPaths::findExecutable(QStringLiteral("osascript"));
     if (!osascript.isEmpty())
         return std::make_unique<OsascriptRunner>(osascript);
-    return std::make_unique<LocalRunner>();
+    return std::make_unique<LocalRunner>(std::move(places));
 }

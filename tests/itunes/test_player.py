@@ -140,6 +140,22 @@ class Players(unittest.TestCase):
         self.stand_in("ccc", "a stream", str(self.song))
         self.assert_plays_on_after(lambda: self.tagwright("set", self.song, "title=New"))
 
+    def test_the_library_program_reads_a_written_song_again(self):
+        settings = self.folder / ".config/tagwright/tagwright.conf"
+        settings.parent.mkdir(parents=True)
+        settings.write_text("[General]\nkeepiTunesRefreshed=true\n")
+        asked = self.folder / "asked"
+        osascript = self.folder / "osascript"
+        osascript.write_text(f"#!/bin/sh\ncat >>'{asked}'; echo --- >>'{asked}'; echo true\n")
+        osascript.chmod(0o755)
+        path = f"{self.folder}:{os.environ['PATH']}"
+        with unittest.mock.patch.dict(os.environ, PATH=path, XDG_CONFIG_HOME=""):
+            self.tagwright("set", self.song, "title=New")
+        playing, refreshing = asked.read_text().split("---\n")[1:-1]
+        self.assertIn("player state", playing)
+        self.assertIn('set theTitle to "Old"\nset theArtist to "Nila Oster"\n', refreshing)
+        self.assertIn("refresh theTrack", refreshing)
+
     def test_without_a_bus_songs_are_written(self):
         for address in ("", "unix:path=/nonexistent/bus"):
             with unittest.mock.patch.dict(os.environ, DBUS_SESSION_BUS_ADDRESS=address,

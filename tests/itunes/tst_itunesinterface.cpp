@@ -1,0 +1,181 @@
+#include "itunes/itunesinterface.h"
+#include "itunes/scriptrunner.h"
+#include "itunes/scripttext.h"
+#include "support/fakeclock.h"
+#include "support/table.h"
+
+#include <QHash>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Notes the scripts that it is given, and answers as told.
+class NotingRunner : public ScriptRunner {
+public:
+    std::optional<QString> run(const QString &script) override
+    {
+        scripts << script;
+        onRun();
+        return answer;
+    }
+    bool isApplicationRunning(const QString &name) override
+    {
+        applications << name;
+        return isRunning;
+    }
+
+    QStringList scripts;
+    QStringList applications;
+    std::optional<QString> answer;
+    bool isRunning = true;
+    std::function<void()> onRun = [] {};
+};
+
+using Call = std::function<void(iTunesInterface &)>;
+
+QString resource(const QString &key, const QList<ScriptArgument> &arguments)
+{
+    return ScriptText::filled(*ScriptText::ofResource(key), arguments).value();
+}
+
+} // namespace
+
+class TestiTunesInterface : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        mRunner = std::make_unique<NotingRunner>();
+        mSlept = mPassed = 0ms;
+        Waiting waiting;
+        waiting.clock = &mClock;
+        waiting.sleep = [this](auto time) { mClock.advance(time), mSlept += time, ++mSleeps; };
+        waiting.letPass = [this](auto time) { mPassed += time; };
+        mItunes = std::make_unique<iTunesInterface>(*mRunner, waiting);
+    }
+
+    void scriptsAreSentToTheLetter_data()
+    {
+        const Table<Call, QString> row("call", "script");
+        row(
+            "version", [](auto &i) { i.iTunesMajorVersion(); },
+            u"tell app \"iTunes\"\rreturn version as string\rend tell"_s);
+        row(
+            "single quotes of old pause", [](auto &i) { i.pausePlaying(); },
+            u"tell app 'iTunes'\rpause\rend tell"_s);
+        row(
+            "single quotes of old resume", [](auto &i) { i.resumePlaying(); },
+            u"tell app 'iTunes'\rresume\rend tell"_s);
+        row(
+            "a name with a command in it", [](auto &i) { i.displayPlaylist(u"a\" & \\\r%d"_s); },
+            u"tell app \"iTunes\"\rset view of item 1 of browser windows to playlist "
+            "\"a\\\" & \\\\\\r%d\"\rend tell"_s);
+        row(
+            "count", [](auto &i) { i.numberOfTracksInPlaylistIndex(7); },
+            u"tell app \"iTunes\"\rreturn count of tracks in playlist 7\rend tell"_s);
+        row(
+            "track", [](auto &i) { i.identifiersForTrackIndex(3, 7); },
+            u"tell app \"iTunes\"\rset theTrack to track 3 of playlist 7\r"
+            "set asAlias to location of theTrack\r"
+            "return POSIX path of asAlias & \"|@\" & database ID of theTrack\rend tell"_s);
+        row(
+            "field", [](auto &i) { i.intValueOfField(u"year"_s, 3, u"Sea"_s); },
+            u"tell app \"iTunes\"\rreturn year of track 3 of playlist \"Sea\"\rend tell"_s);
+        row(
+            "field by title", [](auto &i) { i.valueOfField(u"year"_s, u"%@"_s); },
+            u"tell app \"iTunes\"\rreturn year of track \"%@\" of playlist \"Library\"\rend tell"_s);
+        row("a field that is none", [](auto &i) { i.valueOfField(u"name\rquit"_s, u"x"_s); }, {});
+        row(
+            "refresh in the library", [](auto &i) { i.refreshAndGetPathOfSongWithID(5, {}); },
+            resource(u"iTunes_refresh_dbid"_s, {ScriptArgument::playlist({}), 5}));
+        row("refresh without ID", [](auto &i) { i.refreshAndGetPathOfSongWithID(0, {}); }, {});
+        row("refresh without artist",
+            [](auto &i) { i.refreshAndGetPathOfSongWithTitle(u"x"_s, {}); }, {});
+    }
+    void scriptsAreSentToTheLetter()
+    {
+        QFETCH(const Call, call);
+        QFETCH(const QString, script);
+        call(*mItunes);
+        QCOMPARE(mRunner->scripts.join(u'|'), script);
+    }
+
+    void answersAreReadLineByLine()
+    {
+        const auto identifiers = [this](const QString &contents) {
+            mRunner->answer = contents;
+            return mItunes->identifiersForPlaylistIndex(1);
+        };
+        QVERIFY(!identifiers(u"/a.mp3"_s));
+        QCOMPARE(identifiers(u"/a.mp3\r7\r/b.mp3"_s)->size(), 1);
+        QCOMPARE(identifiers(u"/a.mp3\r7\r/b.mp3\r8"_s)->last().databaseID, u"8"_s);
+        mRunner->answer = u"/a|@7|@8"_s;
+        QVERIFY(!mItunes->identifiersForTrackIndex(1, 1));
+        mRunner->answer = u"Sea|@none|@true\rParty Shuffle|@Party Shuffle|@false"_s;
+        QCOMPARE(mItunes->playlistsInfo()->last()[1], u"Party Shuffle"_s);
+        QCOMPARE(mItunes->indexOfPlaylist(u"x"_s), -1);
+    }
+
+    void versionIsTheNumberBeforeThePoint_data()
+    {
+        const Table<QString, int> row("text", "version");
+        row("with points", u"4.7.1"_s, 4);
+        row("alone", u"10"_s, 10);
+        row("point first", u".9"_s, 0);
+    }
+    void versionIsTheNumberBeforeThePoint()
+    {
+        QFETCH(const QString, text);
+        QCOMPARE(mItunes->iTunesMajorVersion(), -1);
+        mRunner->answer = text;
+        QTEST(mItunes->iTunesMajorVersion(), "version");
+    }
+
+    void aScriptInsideAScriptGivesUpAfterFiveSeconds()
+    {
+        bool hasRun = false;
+        mRunner->onRun = [&] { hasRun = mItunes->stringFromScript(u"inner"_s).has_value(); };
+        mRunner->answer = u"x"_s;
+        QVERIFY(mItunes->stringFromScript(u"outer"_s));
+        QVERIFY(!hasRun);
+        QCOMPARE(mRunner->scripts, {u"outer"_s});
+        QCOMPARE(mSlept, 5000ms);
+        QCOMPARE(mSleeps, 25);
+    }
+
+    void playingLaunchesTheProgram()
+    {
+        mRunner->isRunning = false;
+        mRunner->answer = u"1"_s;
+        QVERIFY(mItunes->playTrackNamed(u"Fog"_s, u"Nila"_s, 0, u"Sea"_s));
+        QCOMPARE(mPassed, 2000ms);
+        QCOMPARE(mRunner->scripts,
+                 QStringList({resource(u"iTunes_Playlist_Names"_s, {}),
+                              resource(u"iTunes_play_title_artist"_s, {u"Fog"_s, u"Nila"_s})}));
+        mRunner->isRunning = true;
+        QVERIFY(mItunes->isiTunesRunning());
+        mRunner->isRunning = false;
+        QVERIFY(mItunes->isiTunesRunning()); // the answer is kept
+        mRunner->scripts.clear();
+        mRunner->answer = u"0"_s;
+        QVERIFY(!mItunes->playTrackNamed(u"Fog"_s, u"Nila"_s, 2, u"Sea"_s));
+        QCOMPARE(mRunner->scripts.size(), 3);
+        QCOMPARE(mRunner->scripts[1],
+                 resource(u"iTunes_play_playlist"_s, {u"Sea"_s, u"Fog"_s, u"Nila"_s, 2}));
+        QCOMPARE(mRunner->applications.last(), u"iTunes"_s);
+    }
+
+private:
+    FakeClock mClock;
+    std::chrono::milliseconds mSlept = 0ms;
+    std::chrono::milliseconds mPassed = 0ms;
+    int mSleeps = 0;
+    std::unique_ptr<NotingRunner> mRunner;
+    std::unique_ptr<iTunesInterface> mItunes;
+};
+
+QTEST_GUILESS_MAIN(TestiTunesInterface)
+#include "tst_itunesinterface.moc"
