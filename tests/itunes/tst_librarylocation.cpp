@@ -1,0 +1,141 @@
+#include "base/propertylist.h"
+#include "itunes/librarylocation.h"
+#include "support/fakeclock.h"
+#include "support/table.h"
+#include "support/tempfiles.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int day = 86'400;
+constexpr const char *inMusic = "Music/iTunes/iTunes Music Library.xml";
+constexpr const char *inDocuments = "Documents/iTunes/iTunes Music Library.xml";
+
+} // namespace
+
+class TestLibraryLocation : public QObject {
+    Q_OBJECT
+
+    FakeClock mClock;
+    std::unique_ptr<QTemporaryDir> mHome;
+
+    [[nodiscard]] QString at(const QString &name) const { return mHome->filePath(name); }
+
+    void makeLibrary(const char *name, int age, const QByteArray &tracks = {})
+    {
+        const QString path = at(QLatin1String(name));
+        QDir().mkpath(QFileInfo(path).path());
+        writeFile(path, "<plist><dict><key>Tracks</key><dict>" + tracks + "</dict></dict></plist>");
+        const auto now = std::chrono::floor<std::chrono::milliseconds>(mClock.now());
+        const auto today = QDateTime::fromMSecsSinceEpoch(now.time_since_epoch().count());
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(today.addSecs(-age), QFileDevice::FileModificationTime));
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        mHome = std::make_unique<QTemporaryDir>();
+        qputenv("HOME", QFile::encodeName(mHome->path()));
+    }
+
+    void preferences_data()
+    {
+        const Table<QByteArray, QString> row("preferences", "log");
+        const QVariantMap alias{{u"alis:1:iTunes Library Location"_s, QByteArray(3, '\xFF')}};
+        const QVariantMap older{{u"alis:11345:Music Folder Location"_s, QByteArray()},
+                                {u"alis:1:iTunes Library Location"_s, u"text"_s}};
+        const QString unresolved =
+            u"Could not get path from music folder alias in iTunes preferences"_s;
+        row("none", {}, u"Could not find iTunes preferences file"_s);
+        row("no list", "x",
+            u"Could not decode iTunes preferences (line 1: Premature end of document.)"_s);
+        row("alias", PropertyList::toBinary(alias), unresolved);
+        row("older alias", PropertyList::toXml(older), unresolved);
+        row("without", PropertyList::toXml(QVariantMap()), {});
+    }
+
+    void preferences()
+    {
+        QFETCH(QByteArray, preferences);
+        QFETCH(QString, log);
+        const QString path = at(u"Library/Preferences/com.apple.iTunes.plist"_s);
+        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+        if (!preferences.isEmpty())
+            writeFile(path, preferences);
+        QVERIFY(QDir(mHome->path()).mkpath(u"Documents/iTunes"_s));
+        if (!log.isNull())
+            QTest::ignoreMessage(QtWarningMsg, qPrintable(log));
+        LibraryLocation location(mClock);
+        QCOMPARE(location.musicLibraryPath(),
+                 QFileInfo(at(u"Documents/iTunes"_s)).canonicalFilePath());
+    }
+
+    void theFolderIsLookedForUntilItIsFound()
+    {
+        LibraryLocation location(mClock);
+        QTest::ignoreMessage(QtWarningMsg, "Could not find iTunes preferences file");
+        QTest::ignoreMessage(QtWarningMsg, "Could not find iTunes folder in Music or Documents.");
+        QCOMPARE(location.musicLibraryPath(), std::nullopt);
+        QVERIFY(QDir(mHome->path()).mkpath(u"disc/it"_s));
+        QVERIFY(QDir(mHome->path()).mkpath(u"Music"_s));
+        QVERIFY(QFile::link(u"../disc/it"_s, at(u"Music/iTunes"_s)));
+        const QString found = QFileInfo(at(u"disc/it"_s)).canonicalFilePath();
+        QTest::ignoreMessage(QtWarningMsg, "Could not find iTunes preferences file");
+        QCOMPARE(location.musicLibraryPath(), found);
+        QVERIFY(QDir(mHome->path()).rename(u"disc"_s, u"disc2"_s));
+        QCOMPARE(location.musicLibraryPath(), found); // for the life of the process
+    }
+
+    void choosing_data()
+    {
+        const Table<int, int, QString> row("ageInMusic", "ageInDocuments", "chosen"); // -1: none
+        row("29 days", 29 * day, -1, QLatin1String(inMusic));
+        row("a second short of 30 days", -1, 30 * day - 1, QLatin1String(inDocuments));
+        row("30 days", 30 * day, -1, {});
+        row("31 days", -1, 31 * day, {});
+        row("the latest", 2 * day, day, QLatin1String(inDocuments));
+        row("as late as each other: the first", day, day, QLatin1String(inMusic));
+        row("an old one does not hide a new one", 40 * day, day, QLatin1String(inDocuments));
+        row("none", -1, -1, {});
+    }
+
+    void choosing()
+    {
+        QFETCH(int, ageInMusic);
+        QFETCH(int, ageInDocuments);
+        QFETCH(QString, chosen);
+        if (ageInMusic >= 0)
+            makeLibrary(inMusic, ageInMusic);
+        if (ageInDocuments >= 0)
+            makeLibrary(inDocuments, ageInDocuments);
+        LibraryLocation location(mClock);
+        QCOMPARE(location.canGetMusicLibraryDictionary(), !chosen.isNull());
+        QCOMPARE(location.libraryFilePath().value_or(QString()),
+                 chosen.isNull() ? QString() : QFileInfo(at(chosen)).canonicalFilePath());
+        QCOMPARE(location.musicLibraryDictionary().has_value(), !chosen.isNull());
+    }
+
+    void theLibraryIsReadAnewEachTime()
+    {
+        makeLibrary(inMusic, day);
+        LibraryLocation location(mClock);
+        QVERIFY(location.musicLibraryDictionary()->tracks().empty());
+        makeLibrary(inMusic, day, "<key>7</key><dict/>"); // not even the date changed
+        QCOMPARE(location.musicLibraryDictionary()->tracks().size(), size_t(1));
+        makeLibrary(inMusic, day, "<dict>");
+        const QRegularExpression log(u"^Could not read music library /.* \\(line 1: "_s);
+        QTest::ignoreMessage(QtWarningMsg, log);
+        QCOMPARE(location.musicLibraryDictionary(), std::nullopt);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestLibraryLocation)
+#include "tst_librarylocation.moc"

@@ -1,0 +1,118 @@
+#include "itunes/playlistfile.h"
+#include "support/table.h"
+#include "support/tempfiles.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+class TestPlaylistFile : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir mFolder;
+    [[nodiscard]] QString at(const QString &name) const { return mFolder.filePath(name); }
+    /// The paths without our folder.
+    [[nodiscard]] QString namesOf(const QStringList &paths) const
+    {
+        return paths.join(u'|').remove(mFolder.path() + u'/');
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(QDir(mFolder.path()).mkpath(u"lists/Öster"_s));
+        for (const QString &name :
+             {u"a.mp3"_s, u"lists/b.mp3"_s, u"lists/Öster/c #1.mp3"_s, u"lists/100%20.mp3"_s})
+            writeFile(at(name), "x");
+    }
+
+    void entries_data()
+    {
+        const Table<QString, QByteArray, QString, QString> row("ending", "bytes", "paths",
+                                                               "missing");
+        const QString c = u"lists/Öster/c #1.mp3"_s;
+        row("M3U with comments and streams", u"m3u"_s,
+            "#EXTM3U\n#EXTINF:2,x\n b.mp3 \n\nhttp://h/x.mp3\nmms://h/x\n../a.mp3\n./b.mp3",
+            u"lists/b.mp3|a.mp3|lists/b.mp3"_s, {});
+        row("byte-order mark", u"m3u8"_s, "\xEF\xBB\xBF\xC3\x96ster/c #1.mp3\r\n", c, {});
+        row("UTF-16", u"m3u"_s, QByteArray("\xFF\xFE\x62\0.\0m\0p\0\x33\0", 12), u"lists/b.mp3"_s,
+            {});
+        row("Latin-1", u"M3U"_s, "\xD6ster/c #1.mp3", c, {});
+        row("decomposed", u"m3u"_s, "O\xCC\x88ster/c #1.mp3", c, {});
+        row("old Mac line ends", u"m3u"_s, "b.mp3\r../a.mp3\r", u"lists/b.mp3|a.mp3"_s, {});
+        row("Windows", u"m3u"_s, "\xC3\x96ster\\c #1.mp3\r\n..\\a.mp3", c + u"|a.mp3"_s, {});
+        row("drive", u"m3u"_s, "C:\\Users\\Ana\\b.mp3\nD:\\x.mp3", u"lists/b.mp3"_s,
+            u"/D:/x.mp3"_s);
+        row("escaped path", u"m3u"_s, "%C3%96ster/c%20%231.mp3", c, {});
+        row("name that looks escaped", u"m3u"_s, "100%20.mp3", u"lists/100%20.mp3"_s, {});
+        row("file URL", u"m3u"_s, "file://localhost/C:/Users/Ana/%C3%96ster/c%20%231.mp3", c, {});
+        row("not there", u"m3u"_s, QByteArray("gone.mp3\n.\nb.mp3\n/x\0y.mp3", 25),
+            u"lists/b.mp3"_s, QString(u"lists/gone.mp3|lists|/x"_s + QChar(u'\0') + u"y.mp3"_s));
+        row("PLS in any order", u"pls"_s,
+            "[playlist]\nFile10=../a.mp3\nTitle2=File3=x\nfile2=b.mp3\nFile1=\nVersion=2\n",
+            u"lists/b.mp3|a.mp3"_s, {});
+        row("XSPF", u"xspf"_s,
+            "<playlist xmlns='http://xspf.org/ns/0/'><location>http://x/</location><trackList>"
+            "<track><location> %C3%96ster/c%20%231.mp3 </location><location>a</location></track>"
+            "<track><title>b.mp3</title></track><track><location>http://x/</location></track>"
+            "<track><location>file:///C:/Users/Ana/b.mp3</location></track>"
+            "</trackList></playlist>",
+            c + u"|lists/b.mp3"_s, {});
+    }
+
+    void entries()
+    {
+        QFETCH(QString, ending);
+        QFETCH(QByteArray, bytes);
+        MovedFolders moved;
+        moved.add(u"C:\\Users\\Ana"_s, at(u"lists"_s));
+        writeFile(at(u"lists/My list."_s + ending), bytes);
+        const PlaylistReading read = readPlaylistFile(at(u"lists/My list."_s + ending), moved);
+        QCOMPARE(read.problem, QString());
+        QCOMPARE(read.playlist->name, u"My list"_s);
+        QTEST(namesOf(read.playlist->paths), "paths");
+        QTEST(namesOf(read.playlist->missing), "missing");
+    }
+
+    void refused_data()
+    {
+        const Table<QString, QByteArray, QString> row("name", "bytes", "problem");
+        row("too many", u"x.m3u"_s, QByteArray("a\n").repeated(200'001), u"200000 entries"_s);
+        row("too large", u"x.pls"_s, QByteArray((32 << 20) + 1, '\n'), u"larger than 32 MB"_s);
+        row("no XML", u"x.xspf"_s, "#EXTM3U", u"line 1: "_s);
+        row("another document", u"x.xspf"_s, "<html/>", u"<html> instead of <playlist>"_s);
+        row("entities", u"x.xspf"_s,
+            fileContents(qEnvironmentVariable("TAGWRIGHT_TEST_DATA")
+                         + u"/broken/playlistfile/entity-bomb.xspf"_s),
+            u"declarations"_s);
+    }
+
+    void refused()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, problem);
+        writeFile(at(name), bytes);
+        const PlaylistReading read = readPlaylistFile(at(name));
+        QVERIFY(!read.playlist);
+        QVERIFY2(read.problem.contains(problem), qPrintable(read.problem));
+    }
+
+    void playlistsOfAFolder()
+    {
+        QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkpath(u"Music/b/.hidden"_s));
+        for (const QString &name : {u"z.m3u8"_s, u"b/a.XSPF"_s, u"b/y.pls"_s, u"b/.hidden/x.m3u"_s,
+                                    u"m3u"_s, u"song.mp3"_s})
+            writeFile(folder.filePath(u"Music/"_s + name), {});
+        QVERIFY(QFile::link(folder.path(), folder.filePath(u"Music/b/back"_s)));
+        const QString found = playlistFilesBelow(folder.filePath(u"Music"_s)).join(u'|');
+        QCOMPARE(QString(found).remove(folder.path()),
+                 u"/Music/b/a.XSPF|/Music/b/y.pls|/Music/z.m3u8"_s);
+        QVERIFY(playlistFilesBelow(u"/nowhere"_s).isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPlaylistFile)
+#include "tst_playlistfile.moc"
