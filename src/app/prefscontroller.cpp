@@ -131,6 +131,18 @@ WriteOptions PrefsController::writeOptions() const
     return options;
 }
 
+MovedFolders PrefsController::movedFolders() const
+{
+    MovedFolders moved;
+    for (int i = 1;; ++i) {
+        const QString pair = QStringLiteral("movedFolders/%1/").arg(i);
+        const QVariant from = mSettings.value(pair + QStringLiteral("from"));
+        if (!from.isValid())
+            return moved;
+        moved.add(from.toString(), mSettings.value(pair + QStringLiteral("to")).toString());
+    }
+}
+
 void PrefsController::useDefaults()
 {
     preferences::minimumImageSize.unset(mSettings);

@@ -3,6 +3,7 @@
 #include "base/setting.h"
 #include "gathering/albumlist.h"
 #include "gathering/asset.h"
+#include "itunes/tracklocation.h"
 #include "tags/tagoptions.h"
 
 #include <QSettings>
@@ -63,6 +64,9 @@ public:
     [[nodiscard]] ID3Dialect id3Dialect() const;
     [[nodiscard]] ReadOptions readOptions() const;
     [[nodiscard]] WriteOptions writeOptions() const;
+
+    /// "movedFolders": pairs of "from" and "to", numbered from 1 on without a gap.
+    [[nodiscard]] MovedFolders movedFolders() const;
 
     /// Forgets the seven settings of the preferences panel, so that their defaults apply again.
     void useDefaults();

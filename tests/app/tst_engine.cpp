@@ -95,6 +95,16 @@ private Q_SLOTS:
         }
     }
 
+    void foldersOfAnotherMachine()
+    {
+        writeSettings("[movedFolders]\n1\\from=file:///Users/ana/Music\n1\\to=\"/m, n\"\n"
+                      "2\\from=C:/Music\n2\\to=\n3\\from=/x\n3\\to=/y\n");
+        const MovedFolders moved = PrefsController().movedFolders();
+        QCOMPARE(moved.pathHere(u"/Users/ana/Music/a.mp3"_s), u"/m, n/a.mp3"_s);
+        QCOMPARE(moved.pathHere(u"/C:/Music/a.mp3"_s), u"/C:/Music/a.mp3"_s);
+        QCOMPARE(moved.pathHere(u"/x/a.mp3"_s), u"/y/a.mp3"_s);
+    }
+
     void useDefaultsForgetsSevenSettings()
     {
         const QStringList forgotten = u"minImageSize maxImageSize cacheSizeMB "

@@ -35,7 +35,7 @@ private Q_SLOTS:
         row("whole names", u"file:///Users/ana/Music2/b.mp3"_s, u"/Users/ana/Music2/b.mp3"_s);
         row("another case", u"file:///users/Ana/MUSIC/B.mp3"_s, u"/home/ana/m/B.mp3"_s);
         row("drive", u"file://localhost/c:/Users/Ana/Music/b.mp3"_s, u"/mnt/c/b.mp3"_s);
-        row("share", u"file://localhost//SERVER/share/b.mp3"_s, u"/mnt/share/b.mp3"_s);
+        row("share", u"file://localhost//SERVER/Music/b.mp3"_s, u"/mnt/share/b.mp3"_s);
         row("decomposed, added composed", u"file:///Bu%CC%88cher/u%CC%88.mp3"_s,
             u"/mnt/b/u\u0308.mp3"_s);
         row("no way out", u"file:///Users/ana/Music/../../b.mp3"_s, u"/Users/b.mp3"_s);
@@ -48,7 +48,7 @@ private Q_SLOTS:
         moved.add(u"file:///Users/ana/Music"_s, u"/home/ana/m/"_s);
         moved.add(u"file://localhost/Users/ana/Music/Old/"_s, u"/mnt/old"_s);
         moved.add(u"C:\\Users\\Ana\\Music"_s, u"/mnt/c"_s);
-        moved.add(u"\\\\server\\share"_s, u"/mnt/share"_s);
+        moved.add(u"\\\\server\\music"_s, u"/mnt/share"_s);
         moved.add(u"/Bücher"_s, u"/mnt/b"_s);
         moved.add(u"/relative"_s, u"music"_s);
         QFETCH(QString, location);
