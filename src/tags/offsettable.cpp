@@ -81,19 +81,22 @@ OffsetTable claimedShape(const Atom &table)
     }
 }
 
-/// Whether all places stand inside the atom, without its header `size` bytes long. The number
-/// that is logged has always left out four bytes of the atom's head.
+/// Whether all places stand inside the atom, of which the body has `size` bytes. The number that
+/// is logged has always left out four bytes of the atom's head, unless it would then look sound.
 bool isSound(const OffsetTable &shape, quint64 size)
 {
-    const quint64 end = static_cast<quint64>(shape.start)
-        + static_cast<quint64>(shape.stride) * (qMax<quint64>(shape.count, 1) - 1)
-        + static_cast<quint64>(shape.width);
-    if (shape.count == 0 || end <= size)
+    constexpr quint64 leftOut = 4;
+    if (shape.count == 0)
         return true;
-    constexpr quint64 uncounted = 4;
+    const quint64 end = static_cast<quint64>(shape.start)
+        + static_cast<quint64>(shape.stride) * (shape.count - 1)
+        + static_cast<quint64>(shape.width);
+    if (end <= size)
+        return true;
     qCWarning(logTags).noquote() << QStringLiteral(
                                         "adjustChunkOffsets failed sanity check (%1 > %2)")
-                                        .arg(end + AtomHeader::plainLength - uncounted)
+                                        .arg((end - leftOut > size ? end - leftOut : end)
+                                             + AtomHeader::plainLength)
                                         .arg(size + AtomHeader::plainLength);
     return false;
 }
