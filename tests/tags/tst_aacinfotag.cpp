@@ -2,6 +2,7 @@
 #include "support/mp4bytes.h"
 #include "support/table.h"
 #include "support/tempfiles.h"
+#include "support/tracedprocess.h"
 #include "tags/aacinfotag.h"
 #include "tags/aacrewrite.h"
 #include "tags/atom.h"
@@ -11,6 +12,7 @@
 
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -78,7 +80,11 @@ class tst_AACInfoTag : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { GenreTable::install({u"Blues"_s, u"Classic Rock"_s, u"Country"_s}); }
+    void initTestCase()
+    {
+        qputenv("XDG_STATE_HOME", QFile::encodeName(mFolder.filePath(u"state"_s)));
+        GenreTable::install({u"Blues"_s, u"Classic Rock"_s, u"Country"_s});
+    }
 
     void itemsBecomeFields_data()
     {
@@ -368,6 +374,56 @@ private Q_SLOTS:
                          }),
                  Kind::Unchanged);
         QCOMPARE(fileContents(mPath), file);
+    }
+
+    void replacedFilesAreRefused()
+    {
+        const auto tag = tagOf(songWith({}));
+        tag->setTitle(u"New"_s);
+        for (const QByteArray &now : {mpegFrames(20), brand.first(5), "moov"_ba + sound,
+                                      id3Tag(4, QByteArray(30, '\0')) + mpegFrames(20)}) {
+            writeFile(mPath, now);
+            QCOMPARE(tag->modifySongFileAtPath(mPath, {}).kind, Kind::Failed);
+            QVERIFY(tag->tagHasBeenModified());
+            QCOMPARE(fileContents(mPath), now);
+        }
+        QCOMPARE(tag->modifySongFileAtPath(mFolder.path(), {}).kind, Kind::Failed);
+    }
+
+    void disturbedWritesLeaveTheOldOrTheNew_data()
+    {
+        using Disturb = Disturbance::Kind;
+        const Table<QByteArray, QByteArray, Disturb> row("room", "roomLeft", "kind");
+        const QByteArray less = atom("free", QByteArray(29, '\0'));
+        row("absorbed, killed", space, less, Disturb::KillHalfway);
+        row("absorbed, disk full", space, less, Disturb::FailFromThere);
+        row("sound moved, killed", {}, {}, Disturb::KillHalfway);
+        row("sound moved, disk full", {}, {}, Disturb::FailFromThere);
+    }
+
+    void disturbedWritesLeaveTheOldOrTheNew()
+    {
+        QFETCH(QByteArray, room);
+        QFETCH(QByteArray, roomLeft);
+        QFETCH(Disturbance::Kind, kind);
+        const QByteArray before = songWith(text("\251nam", "Old"), room);
+        const QByteArray after = songWith(text("\251nam", "New and longer"), roomLeft);
+        if (!canTrace())
+            QSKIP("processes cannot be traced here");
+        TracedRun run;
+        int at = 0;
+        for (; at <= run.calls; ++at) {
+            const auto tag = tagOf(before);
+            tag->setTitle(u"New and longer"_s);
+            run = runTraced(
+                [&] { return tag->modifySongFileAtPath(mPath, {}).kind == Kind::Written ? 0 : 1; },
+                {.kind = kind, .at = at, .error = ENOSPC});
+            recoverInterruptedWrites();
+            const QByteArray now = fileContents(mPath);
+            QVERIFY2(now == before || withoutTimes(now) == after,
+                     QByteArray::number(at).constData());
+        }
+        QVERIFY(at > 3 && run.status == 0 && withoutTimes(fileContents(mPath)) == after);
     }
 
     void timesCountFrom1904()
