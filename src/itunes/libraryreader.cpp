@@ -15,8 +15,11 @@
 
 namespace {
 
-/// Four times the largest library file heard of.
-constexpr qint64 maxSize = qint64(2) << 30;
+/// Twice the largest library file heard of.
+constexpr qint64 maxSize = qint64(1) << 30;
+// More than these is made to fill the memory: an empty track takes ten times its bytes.
+constexpr size_t maxTracks = 2'000'000;
+constexpr size_t maxPlaylists = 200'000;
 
 /// What marks folders and the lists that come with the program, and what their kind is called.
 /// The first sign that a playlist has counts.
@@ -162,6 +165,8 @@ void LibraryReader::tracks()
         const QString key = mElements.key();
         mTracks.push_back(track(key));
         mKeys.push_back(key);
+        if (mKeys.size() > maxTracks)
+            mElements.fail(QStringLiteral("more than %1 tracks").arg(maxTracks));
     }
 }
 
@@ -236,9 +241,12 @@ void LibraryReader::playlists()
 {
     if (!isA(u"array"))
         return;
-    while (mElements.nextIsStart())
+    while (mElements.nextIsStart()) {
         if (isA(u"dict"))
             mPlaylists.push_back(playlist());
+        if (mPlaylists.size() > maxPlaylists)
+            mElements.fail(QStringLiteral("more than %1 playlists").arg(maxPlaylists));
+    }
 }
 
 LibraryFile LibraryReader::library()
@@ -273,7 +281,7 @@ LibraryFile readBinary(QIODevice *device)
 LibraryFile read(QIODevice *device)
 {
     if (device->size() > maxSize)
-        throw MalformedData(QStringLiteral("larger than 2 GB"));
+        throw MalformedData(QStringLiteral("larger than 1 GB"));
     return device->peek(6) == "bplist" ? readBinary(device) : LibraryReader(device).library();
 }
 

@@ -8,12 +8,14 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
 /// Lists of more songs are damage, or made to fill the memory.
 constexpr qsizetype maxEntries = 200'000;
+
+/// Deeper nesting is made to fill the memory.
+constexpr int maxDepth = 64;
 
 void checkCount(qsizetype entries)
 {
@@ -65,33 +67,70 @@ QStringList entriesOfPLS(const QByteArray &bytes)
     return entries.values();
 }
 
-/// The first location of each track.
-QStringList entriesOfXSPF(const QByteArray &bytes)
-{
-    QXmlStreamReader xml(bytes);
-    QStringList entries;
-    bool isInside = false;
-    bool isTrackNamed = true;
-    while (!xml.atEnd()) {
-        xml.readNext();
-        if (xml.isDTD() && xml.text().contains(u'['))
-            xml.raiseError(QStringLiteral("a document type with declarations of its own"));
-        if (!xml.isStartElement())
-            continue;
-        if (!std::exchange(isInside, true) && xml.name() != u"playlist")
-            xml.raiseError(QStringLiteral("<%1> instead of <playlist>").arg(xml.name()));
-        if (xml.name() == u"track") {
-            isTrackNamed = false;
-        } else if (xml.name() == u"location" && !isTrackNamed) {
-            entries << xml.readElementText(QXmlStreamReader::SkipChildElements).trimmed();
-            isTrackNamed = true;
-        }
-        checkCount(entries.size());
+class XspfReader {
+public:
+    explicit XspfReader(const QByteArray &bytes)
+        : mXml(bytes)
+    {
     }
-    if (xml.hasError())
-        throw MalformedData(
-            QStringLiteral("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString()));
-    return entries;
+
+    /// The first location of each track.
+    QStringList entries();
+
+private:
+    void beginElement();
+    void endElement();
+    [[noreturn]] void fail(const QString &reason) const;
+
+    QXmlStreamReader mXml;
+    int mDepth = 0;
+    QString mText; ///< since the last start tag
+    bool mIsTrackNamed = true;
+    QStringList mEntries;
+};
+
+void XspfReader::fail(const QString &reason) const
+{
+    throw MalformedData(QStringLiteral("line %1: %2").arg(mXml.lineNumber()).arg(reason));
+}
+
+void XspfReader::beginElement()
+{
+    if (mDepth == 0 && mXml.name() != u"playlist")
+        fail(QStringLiteral("<%1> instead of <playlist>").arg(mXml.name()));
+    if (++mDepth > maxDepth)
+        fail(QStringLiteral("nested deeper than %1 levels").arg(maxDepth));
+    if (mXml.name() == u"track")
+        mIsTrackNamed = false;
+    mText.resize(0);
+}
+
+void XspfReader::endElement()
+{
+    --mDepth;
+    if (mXml.name() != u"location" || mIsTrackNamed)
+        return;
+    mIsTrackNamed = true;
+    mEntries << mText.trimmed();
+    checkCount(mEntries.size());
+}
+
+QStringList XspfReader::entries()
+{
+    while (!mXml.atEnd()) {
+        const auto token = mXml.readNext();
+        if (token == QXmlStreamReader::StartElement)
+            beginElement();
+        else if (token == QXmlStreamReader::EndElement)
+            endElement();
+        else if (token == QXmlStreamReader::Characters)
+            mText += mXml.text();
+        else if (token == QXmlStreamReader::DTD && mXml.text().contains(u'['))
+            fail(QStringLiteral("a document type with declarations of its own"));
+    }
+    if (mXml.hasError())
+        fail(mXml.errorString());
+    return mEntries;
 }
 
 } // namespace
@@ -100,7 +139,7 @@ QStringList playlistEntries(const QByteArray &bytes, PlaylistFormat format)
 {
     QStringList entries = format == PlaylistFormat::M3U ? entriesOfM3U(bytes)
         : format == PlaylistFormat::PLS                 ? entriesOfPLS(bytes)
-                                                        : entriesOfXSPF(bytes);
+                                                        : XspfReader(bytes).entries();
     entries.removeAll(QString());
     return entries;
 }

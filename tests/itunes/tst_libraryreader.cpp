@@ -116,6 +116,8 @@ private Q_SLOTS:
         row("no key", library("<dict/>"), u"<dict> where a key should be"_s);
         row("entities", "<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/passwd\">]>" + whole,
             u"declarations"_s);
+        row("too many playlists", library({}, QByteArray("<dict/>").repeated(200'001)),
+            u"more than 200000 playlists"_s);
         row("nesting bomb", "<plist><dict><key>a</key>" + QByteArray("<array>").repeated(1'000'000),
             u"deeper than 64"_s);
     }

@@ -81,6 +81,8 @@ private Q_SLOTS:
         row("too many", u"x.m3u"_s, QByteArray("a\n").repeated(200'001), u"200000 entries"_s);
         row("too large", u"x.pls"_s, QByteArray((32 << 20) + 1, '\n'), u"larger than 32 MB"_s);
         row("no XML", u"x.xspf"_s, "#EXTM3U", u"line 1: "_s);
+        row("nesting bomb", u"x.xspf"_s, "<playlist>" + QByteArray("<a>").repeated(1'000'000),
+            u"deeper than 64"_s);
         row("another document", u"x.xspf"_s, "<html/>", u"<html> instead of <playlist>"_s);
         row("entities", u"x.xspf"_s,
             fileContents(qEnvironmentVariable("TAGWRIGHT_TEST_DATA")
