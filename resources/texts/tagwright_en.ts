@@ -59,6 +59,10 @@
         <source>This MP4 file cannot be read: %1</source>
         <translation>This MP4 file cannot be read: %1</translation>
     </message>
+    <message id="ErrorNoLibrary">
+        <source>There is no library file of iTunes that was written within the last 30 days</source>
+        <translation>There is no library file of iTunes that was written within the last 30 days</translation>
+    </message>
     <message id="ErrorNoMovie">
         <source>it has no “moov” atom, which would hold the tag</source>
         <translation>it has no “moov” atom, which would hold the tag</translation>
@@ -146,6 +150,10 @@
     <message id="NumberRemaining">
         <source>%1 (%2 remaining)</source>
         <translation>%1 (%2 remaining)</translation>
+    </message>
+    <message id="PlaylistNotFoundMessage">
+        <source>There is no playlist “%1”</source>
+        <translation>There is no playlist “%1”</translation>
     </message>
     <message id="ReasonFileBusy">
         <source>Another write to the file is under way</source>

@@ -29,6 +29,7 @@ Engine::Engine(Pages pages)
     , catalog(builtInSources())
     , scriptRunner(systemScriptRunner())
     , itunes(*scriptRunner)
+    , infoCache(songInfoFolder())
     , update(definitions, prefs.settings(), queue)
 {
 }

@@ -6,6 +6,7 @@
 #include "gathering/sourcecatalog.h"
 #include "itunes/itunesinterface.h"
 #include "itunes/scriptrunner.h"
+#include "songs/songfileinfocache.h"
 #include "sources/definitionsupdate.h"
 #include "sources/sitedefinitionstore.h"
 
@@ -37,6 +38,7 @@ public:
     std::unique_ptr<ScriptRunner> scriptRunner;
     iTunesInterface itunes;
     UserLog log;
+    SongFileInfoCache infoCache;
     DefinitionsUpdate update;
 
 private:

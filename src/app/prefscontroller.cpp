@@ -32,6 +32,11 @@ constexpr std::array assetSettings{
     AssetSettings{AssetLyrics, {"checkLyrics", false}, {"overwriteLyrics", false}},
 };
 
+constexpr Setting<int> source{"_source", -1};
+constexpr QLatin1String directoryKey("_directory");
+constexpr QLatin1String playlistKey("_playlist");
+constexpr Setting<bool> drawerClosed{"drawerClosed", false};
+
 constexpr QLatin1String dialectKey("id3Dialect");
 constexpr QLatin1String standardDialect("standard");
 
@@ -141,6 +146,51 @@ MovedFolders PrefsController::movedFolders() const
             return moved;
         moved.add(from.toString(), mSettings.value(pair + QStringLiteral("to")).toString());
     }
+}
+
+std::optional<SourceKind> PrefsController::librarySource() const
+{
+    const int stored = source.value(mSettings);
+    const bool isKnown = stored >= static_cast<int>(SourceKind::Folder)
+        && stored <= static_cast<int>(SourceKind::Library);
+    return isKnown ? std::optional(static_cast<SourceKind>(stored)) : std::nullopt;
+}
+
+QString PrefsController::libraryDirectory() const
+{
+    return mSettings.value(directoryKey).toString();
+}
+
+QString PrefsController::libraryPlaylist() const
+{
+    return mSettings.value(playlistKey, QStringLiteral("Library")).toString();
+}
+
+void PrefsController::setLibraryDirectory(const QString &path)
+{
+    mSettings.setValue(directoryKey, path);
+    source.set(mSettings, static_cast<int>(SourceKind::Folder));
+}
+
+void PrefsController::setLibraryPlaylist(const QString &name)
+{
+    mSettings.setValue(playlistKey, name);
+    source.set(mSettings, static_cast<int>(SourceKind::Playlist));
+}
+
+void PrefsController::setiTunesLibrary()
+{
+    source.set(mSettings, static_cast<int>(SourceKind::Library));
+}
+
+bool PrefsController::drawerIsOpen() const
+{
+    return !drawerClosed.value(mSettings);
+}
+
+void PrefsController::setDrawerOpen(bool isOpen)
+{
+    drawerClosed.set(mSettings, !isOpen);
 }
 
 void PrefsController::useDefaults()

@@ -8,6 +8,8 @@
 
 #include <QSettings>
 
+#include <optional>
+
 namespace preferences {
 
 /// The end of the overwrite slider, where it means "all": also what the threshold reads as when
@@ -46,6 +48,9 @@ struct GatheringOptions {
     bool ignoreNonSquareArtwork = false;
 };
 
+/// The source of the songs that the user chose last. The numbers stand in the settings.
+enum class SourceKind { Folder = 0, Playlist = 1, Library = 2 };
+
 /// The settings of the user, read when they are needed.
 class PrefsController {
 public:
@@ -67,6 +72,21 @@ public:
 
     /// "movedFolders": pairs of "from" and "to", numbered from 1 on without a gap.
     [[nodiscard]] MovedFolders movedFolders() const;
+
+    /// "_source"; nothing when it is unset or no such kind.
+    [[nodiscard]] std::optional<SourceKind> librarySource() const;
+    /// "_directory"; empty when it is unset.
+    [[nodiscard]] QString libraryDirectory() const;
+    /// "_playlist"; the library itself when it is unset.
+    [[nodiscard]] QString libraryPlaylist() const;
+    // Each remembers its kind of source, too.
+    void setLibraryDirectory(const QString &path);
+    void setLibraryPlaylist(const QString &name);
+    void setiTunesLibrary();
+
+    /// "drawerClosed", the other way round.
+    [[nodiscard]] bool drawerIsOpen() const;
+    void setDrawerOpen(bool isOpen);
 
     /// Forgets the seven settings of the preferences panel, so that their defaults apply again.
     void useDefaults();

@@ -85,8 +85,8 @@ void LoadedSongs::deliver()
         for (const ReadEntry &read : entries.value_or(ReadEntries()))
             add(read);
     }
-    for (const QString &line : mReading->takeProblems())
-        mLog.addLog(line, LogColor::Error);
+    for (const auto &[subject, reason] : mReading->takeProblems())
+        logProblem(QStringLiteral("%1: %2"), subject, reason);
     if (mAllSongs.size() > before)
         Q_EMIT songsAdded(static_cast<qsizetype>(mAllSongs.size() - before));
     showProgress();
@@ -105,10 +105,10 @@ void LoadedSongs::add(const ReadEntry &read)
     case ReadEntry::Result::NoRecord:
         // A folder's or library's small and missing files are passed over: they are no songs.
         if (mSource.kind == SourceKind::Playlist)
-            logProblem("NoInitializeSong", read.entry.path);
+            logProblem(QStringLiteral("%2 %1"), read.entry.path, qtTrId("NoInitializeSong"));
         break;
     case ReadEntry::Result::NoTag:
-        logProblem("NoInitializeTag", read.entry.path);
+        logProblem(QStringLiteral("%2 %1"), read.entry.path, qtTrId("NoInitializeTag"));
         break;
     case ReadEntry::Result::Song:
         addSong(read);
@@ -145,9 +145,10 @@ std::shared_ptr<SongFile> LoadedSongs::recordFor(const ReadEntry &read) const
     return song;
 }
 
-void LoadedSongs::logProblem(const char *textId, const QString &path)
+void LoadedSongs::logProblem(const QString &line, const QString &subject, const QString &reason)
 {
-    mLog.addLog(QStringLiteral("%1 %2").arg(qtTrId(textId), path), LogColor::Error);
+    mLog.addLog(line.arg(subject, reason), LogColor::Error);
+    Q_EMIT problemFound(subject, reason);
 }
 
 void LoadedSongs::showProgress()

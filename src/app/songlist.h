@@ -43,6 +43,8 @@ Q_SIGNALS:
     void cleared();
     /// The last `count` of allSongs() are new.
     void songsAdded(qsizetype count);
+    /// Was logged as well. `subject` is a path, or the name of a source that cannot be read.
+    void problemFound(const QString &subject, const QString &reason);
     void loadFinished(LoadedSongs::End end);
 
 private:
@@ -50,7 +52,7 @@ private:
     void add(const ReadEntry &read);
     void addSong(const ReadEntry &read);
     [[nodiscard]] std::shared_ptr<SongFile> recordFor(const ReadEntry &read) const;
-    void logProblem(const char *textId, const QString &path);
+    void logProblem(const QString &line, const QString &subject, const QString &reason);
     void showProgress();
     void finish();
     void abandonReading();

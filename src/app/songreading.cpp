@@ -56,7 +56,7 @@ std::optional<ReadEntries> SongReading::takeNext()
     return read;
 }
 
-QStringList SongReading::takeProblems()
+QList<SongReading::Problem> SongReading::takeProblems()
 {
     const std::scoped_lock lock(mMutex);
     return std::exchange(mProblems, {});
@@ -115,10 +115,10 @@ bool SongReading::add(SourceEntry entry)
     return goesOn();
 }
 
-void SongReading::problem(const QString &line)
+void SongReading::problem(const QString &subject, const QString &reason)
 {
     const std::scoped_lock lock(mMutex);
-    mProblems << line;
+    mProblems.append({subject, reason});
 }
 
 /// Called with the lock held.

@@ -39,8 +39,12 @@ public:
 
     /// What comes next, if it was read. After cancel() also what stands behind a gap.
     [[nodiscard]] std::optional<ReadEntries> takeNext();
-    /// What went wrong with the source itself since the last call, a line each.
-    [[nodiscard]] QStringList takeProblems();
+    struct Problem {
+        QString subject;
+        QString reason;
+    };
+    /// What went wrong with the source itself since the last call.
+    [[nodiscard]] QList<Problem> takeProblems();
 
     struct Count {
         qsizetype entries = 0; ///< found so far
@@ -69,7 +73,7 @@ private:
     // On the thread that walks the source.
     void walk(SongList discarded);
     bool add(SourceEntry entry) override;
-    void problem(const QString &line) override;
+    void problem(const QString &subject, const QString &reason) override;
     [[nodiscard]] bool goesOn() const override { return !mIsCancelled; }
     void pushChunk();
 
@@ -96,7 +100,7 @@ private:
     std::deque<std::shared_ptr<Chunk>> mChunks; ///< from the next one to take on
     std::deque<std::shared_ptr<Chunk>> mUnread; ///< from the next one to read on
     std::vector<SourceEntry> mFound; ///< less than a chunk
-    QStringList mProblems;
+    QList<Problem> mProblems;
     Count mCount;
     int mThreads = 0; ///< that have not ended
 };

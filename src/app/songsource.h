@@ -1,14 +1,12 @@
 #pragma once
 
+#include "app/prefscontroller.h"
 #include "songs/songorder.h"
 
 #include <QString>
 
 #include <functional>
 #include <optional>
-
-/// The numbers stand in the settings.
-enum class SourceKind { Folder = 0, Playlist = 1, Library = 2 };
 
 /// One file that a source names.
 struct SourceEntry {
@@ -27,8 +25,8 @@ public:
 
     /// Whether to go on.
     virtual bool add(SourceEntry entry) = 0;
-    /// One line for the user.
-    virtual void problem(const QString &line) = 0;
+    /// What the user is told once: a path or another name, and what is wrong with it.
+    virtual void problem(const QString &subject, const QString &reason) = 0;
     [[nodiscard]] virtual bool goesOn() const = 0;
 };
 

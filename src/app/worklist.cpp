@@ -4,6 +4,8 @@
 #include "gathering/artworkcheck.h"
 #include "gathering/librarylending.h"
 #include "itunes/itunesinterface.h"
+#include "songs/cachedinfotag.h"
+#include "songs/songfileinfocache.h"
 
 #include <algorithm>
 #include <utility>
@@ -257,7 +259,32 @@ void WorkList::forgetTag(const SongOutcome &outcome)
         song.uncacheInfotag();
     if (outcome.changed)
         mContext.library.songChanged(outcome.song);
+    if (outcome.written)
+        storeSummary(song);
     song.uncacheInfotag();
+    adoptSummary(song);
+}
+
+/// The tag in hand is what the file holds now.
+void WorkList::storeSummary(SongFile &song)
+{
+    const AudioInfoTag *tag = mInfoCache ? song.infotag() : nullptr;
+    if (!tag)
+        return;
+    const ID3Dialect &dialect = song.readOptions().dialect;
+    if (const auto info = CachedInfoTag::infoDictForTag(*tag, song.path(), dialect))
+        mInfoCache->storeInfo(*info, song.path());
+}
+
+/// The list shows the song by its summary. One that could not be written stays a problem.
+void WorkList::adoptSummary(SongFile &song)
+{
+    if (!mInfoCache)
+        return;
+    const ID3Dialect &dialect = song.readOptions().dialect;
+    const SongStatus status = song.activityStatus();
+    song.adoptInfotag(tagWithCachedInfo(mInfoCache->infoForSongFileAtPath(song.path(), dialect)));
+    song.setActivityStatus(status);
 }
 
 void WorkList::tell(const SongOutcome &outcome)

@@ -11,6 +11,7 @@
 #include <deque>
 #include <memory>
 
+class SongFileInfoCache;
 class iTunesInterface;
 
 /// What became of one song of a run.
@@ -40,6 +41,10 @@ public:
     /// All three must outlive the work list.
     WorkList(GatherContext &context, iTunesInterface &itunes, UserLog &log);
     ~WorkList() override;
+
+    /// Where the summaries of songs are kept; without it, songs that are done hold no tag. Must
+    /// outlive the work list.
+    void setInfoCache(SongFileInfoCache *cache) { mInfoCache = cache; }
 
     /// Starts a run, or adds to the one under way; nothing is told before a later turn of the
     /// event loop. Songs that are locked or have problems are told of as failed in their turn,
@@ -86,6 +91,8 @@ private:
     void writeSong(SongOutcome &outcome);
     void abandonTask();
     void forgetTag(const SongOutcome &outcome);
+    void storeSummary(SongFile &song);
+    void adoptSummary(SongFile &song);
     void tell(const SongOutcome &outcome);
     void endRun();
     void giveUpOnTask();
@@ -93,6 +100,7 @@ private:
     GatherContext &mContext;
     iTunesInterface &mItunes;
     UserLog &mLog;
+    SongFileInfoCache *mInfoCache = nullptr;
     std::deque<std::shared_ptr<SongFile>> mSongWorkList;
     std::unique_ptr<SongInfoTask> mCurrentInfoTask;
     GatheringOptions mOptions;

@@ -43,4 +43,6 @@ struct Arguments {
     std::optional<double> artBelow; ///< pixels
     std::optional<bool> squareArt;
     std::optional<QString> definitions;
+    bool library = false;
+    std::optional<QString> playlist;
 };

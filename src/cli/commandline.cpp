@@ -74,6 +74,7 @@ private:
     void addSet();
     void addRegenerate();
     void addGather();
+    void addGatherSources(CLI::App &gather);
     void addGatherChoices(CLI::App &gather);
     void addGatherArtwork(CLI::App &gather);
     void addDemo();
@@ -191,6 +192,8 @@ void Parser::addGather()
 {
     CLI::App *gather =
         addSongCommand("gather", "Find on the web what songs lack, and write it", Command::Gather);
+    gather->get_option("PATH")->required(false);
+    addGatherSources(*gather);
     addWriteOptions(*gather);
     addGatherChoices(*gather);
     addGatherArtwork(*gather);
@@ -200,6 +203,15 @@ void Parser::addGather()
             mArguments.definitions = QFile::decodeName(file.c_str());
         },
         "Use the site definitions in this property list");
+}
+
+void Parser::addGatherSources(CLI::App &gather)
+{
+    gather.add_flag("--library", mArguments.library, "Every song of the music library");
+    gather.add_option_function<std::string>(
+        "--playlist",
+        [this](const std::string &name) { mArguments.playlist = QString::fromStdString(name); },
+        "Every song of the playlist of that name");
 }
 
 void Parser::addGatherChoices(CLI::App &gather)
@@ -268,6 +280,9 @@ void Parser::sortPositionals()
         throw CLI::ValidationError("set: no FIELD=VALUE was given");
     if (isSet && mArguments.paths.isEmpty())
         throw CLI::ValidationError("set: no PATH was given");
+    const bool hasSource = mArguments.library || mArguments.playlist;
+    if (mArguments.command == Command::Gather && mArguments.paths.isEmpty() && !hasSource)
+        throw CLI::ValidationError("gather: no PATH, --library or --playlist was given");
 }
 
 ParsedCommandLine Parser::parse(int argc, const char *const *argv)

@@ -1,10 +1,14 @@
 #include "cli/gathercommand.h"
 
+#include "app/usersources.h"
 #include "cli/chosenoptions.h"
 #include "cli/gatherrun.h"
 #include "cli/interrupt.h"
 #include "cli/outcomereport.h"
 #include "cli/songopening.h"
+#include "cli/sourceloading.h"
+
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +33,20 @@ public:
 
     void collect(const QStringList &paths) { forEachPath(paths, mAdd, mProblem); }
 
+    /// Songs that are there already are not taken twice.
+    void add(const SongList &more)
+    {
+        QSet<QString> known;
+        for (const auto &song : songs)
+            known.insert(song->path());
+        for (const auto &song : more) {
+            if (known.contains(song->path()))
+                continue;
+            known.insert(song->path());
+            songs.push_back(song);
+        }
+    }
+
     SongList songs;
     int failed = 0;
 
@@ -47,6 +65,20 @@ private:
     std::function<void(const FoundPath &)> mAdd;
     std::function<void(const QString &, const QString &)> mProblem;
 };
+
+std::vector<SongSource> sourcesOf(const Arguments &arguments, Report &report)
+{
+    std::vector<SongSource> sources;
+    if (arguments.library) {
+        if (auto library = usersLibrary())
+            sources.push_back(*std::move(library));
+        else
+            report.error(u"--library"_s, qtTrId("ErrorNoLibrary"));
+    }
+    if (arguments.playlist)
+        sources.push_back(usersPlaylist(*arguments.playlist));
+    return sources;
+}
 
 void tellOutcome(const SongOutcome &outcome, Report &report)
 {
@@ -96,10 +128,15 @@ int runGather(const Arguments &arguments, Report &report)
     const auto tell = [&report](const SongOutcome &outcome) { tellOutcome(outcome, report); };
     SongCollection collection(readOptionsOf(arguments, engine.prefs), tell, report);
     collection.collect(arguments.paths);
-    GatherRun run(engine, collection.songs, interrupt);
-    GatherRun::Summary summary = run.run(gatheringOptionsOf(arguments, engine.prefs),
-                                         writeOptionsOf(arguments, engine.prefs),
-                                         arguments.dryRun ? WriteSongs::No : WriteSongs::Yes, tell);
+    SourceLoading loading(engine, interrupt, report);
+    for (const SongSource &source : sourcesOf(arguments, report))
+        collection.add(loading.load(source, readOptionsOf(arguments, engine.prefs)));
+    GatherRun::Summary summary{.cancelled = true};
+    if (!loading.isCancelled())
+        summary = GatherRun(engine, collection.songs, interrupt)
+                      .run(gatheringOptionsOf(arguments, engine.prefs),
+                           writeOptionsOf(arguments, engine.prefs),
+                           arguments.dryRun ? WriteSongs::No : WriteSongs::Yes, tell);
     summary.processed += collection.failed;
     summary.failed += collection.failed;
     tellSummary(summary, report);

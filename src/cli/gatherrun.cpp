@@ -10,6 +10,7 @@ GatherRun::GatherRun(Engine &engine, const SongList &songs, const Interrupt &int
     , mContext{engine.queue, engine.catalog, engine.definitions.liveResources(), mLibrary}
     , mWorkList(mContext, engine.itunes, engine.log)
 {
+    mWorkList.setInfoCache(&engine.infoCache);
     connect(&interrupt, &Interrupt::interrupted, &mWorkList, &WorkList::stopGathering);
 }
 
