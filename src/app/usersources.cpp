@@ -20,16 +20,18 @@ std::optional<QString> suitablePlaylist(iTunesInterface &itunes)
 }
 } // namespace
 
-std::optional<SongSource> usersLibrary()
+std::optional<SongSource> usersLibrary(const PrefsController &prefs)
 {
     const auto file = LibraryLocation().libraryFilePath();
-    return file ? std::optional(librarySource(*file)) : std::nullopt;
+    return file ? std::optional(librarySource(*file, prefs.movedFolders())) : std::nullopt;
 }
 
-SongSource usersPlaylist(const QString &name)
+SongSource usersPlaylist(const PrefsController &prefs, const QString &name)
 {
-    return playlistSource(name, [](const QString &playlist) {
-        const auto runner = systemScriptRunner();
+    MusicPlaces places = usualMusicPlaces();
+    places.moved = prefs.movedFolders();
+    return playlistSource(name, [places](const QString &playlist) {
+        const auto runner = systemScriptRunner(places);
         iTunesInterface itunes(*runner);
         return tracksOfPlaylist(itunes, playlist);
     });

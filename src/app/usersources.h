@@ -6,10 +6,10 @@ class LibraryLocation;
 class iTunesInterface;
 
 /// The library file of the user; nothing when there is none that is used.
-[[nodiscard]] std::optional<SongSource> usersLibrary();
+[[nodiscard]] std::optional<SongSource> usersLibrary(const PrefsController &prefs);
 
 /// The playlist of that name, asked for with a script runner of its own, since that may take long.
-[[nodiscard]] SongSource usersPlaylist(const QString &name);
+[[nodiscard]] SongSource usersPlaylist(const PrefsController &prefs, const QString &name);
 
 /// The kind of source that was chosen last. Of a user who never chose one it is, from now on, a
 /// playlist of the program that runs, else the library that can be read; else a folder.

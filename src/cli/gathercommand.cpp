@@ -66,17 +66,18 @@ private:
     std::function<void(const QString &, const QString &)> mProblem;
 };
 
-std::vector<SongSource> sourcesOf(const Arguments &arguments, Report &report)
+std::vector<SongSource> sourcesOf(const Arguments &arguments, const PrefsController &prefs,
+                                  Report &report)
 {
     std::vector<SongSource> sources;
     if (arguments.library) {
-        if (auto library = usersLibrary())
+        if (auto library = usersLibrary(prefs))
             sources.push_back(*std::move(library));
         else
             report.error(u"--library"_s, qtTrId("ErrorNoLibrary"));
     }
     if (arguments.playlist)
-        sources.push_back(usersPlaylist(*arguments.playlist));
+        sources.push_back(usersPlaylist(prefs, *arguments.playlist));
     return sources;
 }
 
@@ -129,7 +130,7 @@ int runGather(const Arguments &arguments, Report &report)
     SongCollection collection(readOptionsOf(arguments, engine.prefs), tell, report);
     collection.collect(arguments.paths);
     SourceLoading loading(engine, interrupt, report);
-    for (const SongSource &source : sourcesOf(arguments, report))
+    for (const SongSource &source : sourcesOf(arguments, engine.prefs, report))
         collection.add(loading.load(source, readOptionsOf(arguments, engine.prefs)));
     GatherRun::Summary summary{.cancelled = true};
     if (!loading.isCancelled())
