@@ -63,6 +63,12 @@ LibraryLending::LibraryLending(SongList library, const SongList &excluded)
         mExcludedPaths.insert(song->path());
 }
 
+void LibraryLending::addSong(const std::shared_ptr<SongFile> &song)
+{
+    mPositions.insert(song.get(), mLibrary.size());
+    mLibrary.push_back(song);
+}
+
 bool LibraryLending::readTagsFor(std::chrono::milliseconds budget)
 {
     QElapsedTimer timer;

@@ -40,6 +40,9 @@ public:
     /// `excluded`: songs that lend only where the borrower has nothing.
     explicit LibraryLending(SongList library, const SongList &excluded = {});
 
+    /// Adds a song behind all others; its tag is read later.
+    void addSong(const std::shared_ptr<SongFile> &song);
+
     /// Reads tags that were not read yet for about that long; whether all are read now.
     bool readTagsFor(std::chrono::milliseconds budget);
 
