@@ -158,7 +158,7 @@ LocalRunner::Result LocalRunner::playlistInfo(const Arguments &)
 /// Tracks without a file are left out, and so is a path that the lines could not hold.
 LocalRunner::Result LocalRunner::playlistContents(const Arguments &arguments)
 {
-    const auto tracks = mCatalog.tracksOf(arguments[0].toInt());
+    const auto *const tracks = mCatalog.tracksOf(arguments[0].toInt());
     if (!tracks)
         return std::nullopt;
     QStringList lines;
@@ -172,13 +172,14 @@ LocalRunner::Result LocalRunner::playlistContents(const Arguments &arguments)
 
 LocalRunner::Result LocalRunner::indexOfPlaylist(const Arguments &arguments)
 {
+    mCatalog.forgetTracks(); // whoever asks for a playlist by name wants it as it is now
     const int index = mCatalog.indexOf(arguments[0]);
     return index > 0 ? std::optional(QString::number(index)) : std::nullopt;
 }
 
 LocalRunner::Result LocalRunner::numberOfTracks(const Arguments &arguments)
 {
-    const auto tracks = mCatalog.tracksOf(arguments[0].toInt());
+    const auto *const tracks = mCatalog.tracksOf(arguments[0].toInt());
     return tracks ? std::optional(QString::number(tracks->size())) : std::nullopt;
 }
 
@@ -210,11 +211,13 @@ LocalRunner::Result LocalRunner::playPlaylist(const Arguments &arguments)
     };
     if (const auto track = trackOf(index, arguments[3].toInt()); track && isWanted(*track))
         return QString::number(play(*track) ? 1 : 0);
-    const auto tracks = mCatalog.tracksOf(index).value_or(std::vector<CatalogTrack>());
-    const auto found = std::find_if(tracks.begin(), tracks.end(), [&](const CatalogTrack &track) {
+    const auto *const tracks = mCatalog.tracksOf(index);
+    if (!tracks)
+        return std::nullopt;
+    const auto found = std::find_if(tracks->begin(), tracks->end(), [&](const CatalogTrack &track) {
         return track.info && isWanted(track);
     });
-    return QString::number(found != tracks.end() && play(*found) ? 1 : 0);
+    return QString::number(found != tracks->end() && play(*found) ? 1 : 0);
 }
 
 LocalRunner::Result LocalRunner::playTitleArtist(const Arguments &arguments)
@@ -244,7 +247,7 @@ LocalRunner::Result LocalRunner::refreshTitleArtist(const Arguments &arguments)
 
 std::optional<CatalogTrack> LocalRunner::trackOf(int index, int position)
 {
-    const auto tracks = mCatalog.tracksOf(index);
+    const auto *const tracks = mCatalog.tracksOf(index);
     if (!tracks || position < 1 || static_cast<size_t>(position) > tracks->size())
         return std::nullopt;
     return (*tracks)[static_cast<size_t>(position) - 1];

@@ -10,9 +10,9 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
-// Together less than two seconds, with what listing the players takes.
-constexpr auto statusLimit = 500ms;
-constexpr auto metadataLimit = 400ms;
+// Together less than two seconds, with what finding the bus and the players takes.
+constexpr auto statusLimit = 400ms;
+constexpr auto metadataLimit = 300ms;
 constexpr auto pauseLimit = 400ms;
 constexpr auto resumeLimit = 400ms;
 /// The user waits for this one and knows what for.

@@ -1,39 +1,31 @@
 #include "itunes/playerbus.h"
 
 #include "base/log.h"
+#include "itunes/sessionbus.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusVariant>
-#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
 
+constexpr auto greetingLimit = 200ms;
 constexpr auto listLimit = 200ms;
-/// How long a player that let a call pass is left alone, so that a run over many songs does not
-/// wait for each.
+/// How long a player that let a call pass, or a bus that is not there, is left alone, so that a run
+/// over many songs does not wait for each.
 constexpr auto muteTime = 30s;
 /// More at once are no players of a user.
 constexpr qsizetype maxPlayers = 32;
 
 const QString namePrefix = u"org.mpris.MediaPlayer2."_s;
-const QString connectionName = u"tagwright players"_s;
 
 int inMilliseconds(PlayerBus::Limit limit)
 {
     return static_cast<int>(limit.count());
-}
-
-/// Without an address the bus library would launch a bus, which nobody asked for.
-bool hasSessionBus()
-{
-    const QString runtimeFolder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")
-        || (!runtimeFolder.isEmpty() && QFileInfo::exists(runtimeFolder + u"/bus"_s));
 }
 
 QDBusMessage callOf(const QString &player, const QString &interface, const QString &method,
@@ -69,18 +61,26 @@ bool isTimeout(const QDBusMessage &reply)
 
 } // namespace
 
+PlayerBus::PlayerBus()
+    : mConnection(u"players %1"_s.arg(reinterpret_cast<quintptr>(this)))
+{
+}
+
 PlayerBus::~PlayerBus()
 {
-    QDBusConnection::disconnectFromBus(connectionName);
+    QDBusConnection::disconnectFromBus(mConnection);
 }
 
 QDBusConnection PlayerBus::bus()
 {
-    const QDBusConnection open(connectionName);
-    if (open.isConnected() || !hasSessionBus())
+    const QDBusConnection open(mConnection);
+    if (open.isConnected() || !mNextTry.hasExpired())
         return open;
-    QDBusConnection::disconnectFromBus(connectionName);
-    return QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
+    QDBusConnection::disconnectFromBus(mConnection);
+    mNextTry.setRemainingTime(muteTime);
+    return sessionBusAnswers(greetingLimit)
+        ? QDBusConnection::connectToBus(QDBusConnection::SessionBus, mConnection)
+        : open;
 }
 
 QStringList PlayerBus::players()

@@ -19,7 +19,7 @@ public:
         Missing, ///< none came in time; the player may have done it all the same
     };
 
-    PlayerBus() = default;
+    PlayerBus();
     PlayerBus(const PlayerBus &) = delete;
     PlayerBus &operator=(const PlayerBus &) = delete;
     ~PlayerBus();
@@ -41,5 +41,7 @@ private:
     [[nodiscard]] bool isMute(const QString &player) const;
     void noteTimeout(const QString &player, const QDBusMessage &reply);
 
+    const QString mConnection; ///< name of the connection within this process
+    QDeadlineTimer mNextTry{0}; ///< when to look for the bus again, once there was none
     QHash<QString, QDeadlineTimer> mMute; ///< players that let a call pass, and for how long
 };

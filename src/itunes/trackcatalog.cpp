@@ -53,6 +53,7 @@ void TrackCatalog::refresh()
     mNextLook.setRemainingTime(0);
     mHasListedFiles = false;
     mPlaylists.clear();
+    forgetTracks();
 }
 
 const LibraryFile *TrackCatalog::library()
@@ -74,6 +75,7 @@ void TrackCatalog::readLibrary()
     mLibraryFile = file;
     mPlaylists.clear();
     mByTitle.clear();
+    forgetTracks();
     mLibrary = mLocation.musicLibraryDictionary();
 }
 
@@ -117,41 +119,52 @@ int TrackCatalog::indexOf(const QString &name)
     return static_cast<int>(found - lists.begin()) + 1;
 }
 
-std::optional<std::vector<CatalogTrack>> TrackCatalog::tracksOf(int index)
+const std::vector<CatalogTrack> *TrackCatalog::tracksOf(int index)
 {
     const auto &lists = playlists();
     if (index < 1 || static_cast<size_t>(index) > lists.size())
-        return std::nullopt;
-    const CatalogPlaylist &playlist = lists[static_cast<size_t>(index) - 1];
+        return nullptr;
+    if (std::exchange(mTracksOf, index) != index)
+        readTracks(lists[static_cast<size_t>(index) - 1]);
+    return &mTracks;
+}
+
+void TrackCatalog::readTracks(const CatalogPlaylist &playlist)
+{
+    mTracks.clear();
     if (playlist.file.isEmpty())
-        return tracksOfLibrary(playlist);
-    const PlaylistReading reading = readPlaylistFile(playlist.file, mPlaces.moved);
+        readTracksOfLibrary(playlist.list);
+    else
+        readTracksOfFile(playlist.file);
+}
+
+void TrackCatalog::readTracksOfFile(const QString &playlistFile)
+{
+    const PlaylistReading reading = readPlaylistFile(playlistFile, mPlaces.moved);
     if (!reading.playlist) {
-        qCWarning(logItunes, "Could not read playlist %s (%s)", qUtf8Printable(playlist.file),
+        qCWarning(logItunes, "Could not read playlist %s (%s)", qUtf8Printable(playlistFile),
                   qUtf8Printable(reading.problem));
-        return std::nullopt;
+        return;
     }
     if (const auto missing = reading.playlist->missing.size())
         qCWarning(logItunes, "The playlist %s names %lld songs that are not there",
-                  qUtf8Printable(playlist.file), static_cast<long long>(missing));
-    std::vector<CatalogTrack> tracks;
+                  qUtf8Printable(playlistFile), static_cast<long long>(missing));
     for (const QString &path : reading.playlist->paths)
-        tracks.push_back({nullptr, path});
-    return tracks;
+        mTracks.push_back({nullptr, path});
 }
 
-std::vector<CatalogTrack> TrackCatalog::tracksOfLibrary(const CatalogPlaylist &playlist)
+/// Without a list, all tracks.
+void TrackCatalog::readTracksOfLibrary(const LibraryPlaylist *list)
 {
-    std::vector<CatalogTrack> tracks;
-    if (playlist.list) {
-        for (const int id : playlist.list->trackIDs)
-            if (const LibraryTrack *track = mLibrary->trackWithID(id))
-                tracks.push_back({track, {}});
-    } else if (mLibrary) {
+    if (!mLibrary)
+        return;
+    if (!list)
         for (const LibraryTrack &track : mLibrary->tracks())
-            tracks.push_back({&track, {}});
-    }
-    return tracks;
+            mTracks.push_back({&track, {}});
+    else
+        for (const int id : list->trackIDs)
+            if (const LibraryTrack *track = mLibrary->trackWithID(id))
+                mTracks.push_back({track, {}});
 }
 
 const LibraryTrack *TrackCatalog::trackWithID(int id)

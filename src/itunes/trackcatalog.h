@@ -46,8 +46,11 @@ public:
     /// The first playlist of that name; "Library" is the library in every language. 0 when there
     /// is none.
     [[nodiscard]] int indexOf(const QString &name);
-    /// Nothing when there is no such playlist.
-    [[nodiscard]] std::optional<std::vector<CatalogTrack>> tracksOf(int index);
+    /// Null when there is no such playlist; valid until the next question. What the last one asked
+    /// for holds is kept, since it is asked for track by track, too.
+    [[nodiscard]] const std::vector<CatalogTrack> *tracksOf(int index);
+    /// Lets the next tracksOf() look afresh.
+    void forgetTracks() { mTracksOf = 0; }
 
     /// A track of the library; null when there is none, or when the library was written since
     /// this program started, since an export numbers its tracks anew.
@@ -62,7 +65,9 @@ private:
     [[nodiscard]] const LibraryFile *library();
     void readLibrary();
     void listPlaylists();
-    [[nodiscard]] std::vector<CatalogTrack> tracksOfLibrary(const CatalogPlaylist &playlist);
+    void readTracks(const CatalogPlaylist &playlist);
+    void readTracksOfFile(const QString &playlistFile);
+    void readTracksOfLibrary(const LibraryPlaylist *list);
 
     MusicPlaces mPlaces;
     LibraryLocation mLocation;
@@ -74,5 +79,7 @@ private:
     QMultiHash<QString, const LibraryTrack *> mByTitle; ///< made when first asked for
     std::vector<CatalogPlaylist> mPlaylists; ///< empty until they are listed
     QStringList mPlaylistFiles;
+    std::vector<CatalogTrack> mTracks;
+    int mTracksOf = 0; ///< index of the playlist that they are of; 0: none
     bool mHasListedFiles = false;
 };

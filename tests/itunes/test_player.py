@@ -3,6 +3,7 @@ with faults. The bus is one of the test's own."""
 
 import itertools
 import os
+import signal
 import subprocess
 import sys
 import tempfile
@@ -157,7 +158,11 @@ class Players(unittest.TestCase):
         self.assertIn("refresh theTrack", refreshing)
 
     def test_without_a_bus_songs_are_written(self):
-        for address in ("", "unix:path=/nonexistent/bus"):
+        bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address",
+                         stdout=subprocess.PIPE)
+        stuck = bus.stdout.readline().strip()
+        bus.send_signal(signal.SIGSTOP)
+        for address in ("", "unix:path=/nonexistent/bus", stuck):
             with unittest.mock.patch.dict(os.environ, DBUS_SESSION_BUS_ADDRESS=address,
                                           XDG_RUNTIME_DIR=""):
                 self.tagwright("set", self.song, f"title=at {address}")
