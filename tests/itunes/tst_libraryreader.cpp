@@ -15,10 +15,9 @@ LibraryReading reading(QByteArray bytes)
     return readLibraryFile(&buffer);
 }
 
-QByteArray library(const QByteArray &tracks, const QByteArray &playlists = {})
+QByteArray library(const QByteArray &tracks)
 {
-    return "<plist><dict><key>Playlists</key><array>" + playlists
-        + "</array><key>Tracks</key><dict>" + tracks + "</dict></dict></plist>";
+    return "<plist><dict><key>Tracks</key><dict>" + tracks + "</dict></dict></plist>";
 }
 
 QString testData(const char *name)
@@ -64,22 +63,20 @@ private Q_SLOTS:
 
     void kindsOfPlaylists()
     {
-        QStringList lists;
+        QString kinds;
         const LibraryReading read = readLibraryFile(testData("corpus/libraryfile/example.xml"));
-        for (const LibraryPlaylist &list : read.library->playlists())
-            lists << u"%1 %2|%3|%4"_s.arg(list.id)
-                         .arg(list.name, list.specialKind)
-                         .arg(list.trackIDs.size())
-                    + (list.isMaster ? u" master"_s : u""_s) + (list.isSmart ? u" smart"_s : u""_s);
-        const QStringList expected{u"900 Library|none|4 master"_s,
-                                   u"901 Music|Music|0"_s,
-                                   u"902 Party Shuffle|Party Shuffle|0"_s,
-                                   u"903 Recently Added|none|1 smart"_s,
-                                   u"904 Boat Trips|folder|0"_s,
-                                   u"905 Road & Sea|none|4"_s,
-                                   u"906 Empty|none|0"_s};
-        QCOMPARE(lists, expected);
-        QCOMPARE(read.library->playlists()[5].trackIDs, (std::vector<int>{20, 100, 20, 777}));
+        const auto &lists = read.library->playlists();
+        for (const LibraryPlaylist &list : lists)
+            kinds += list.name
+                + (list.isMaster      ? u"(M) "_s
+                       : list.isSmart ? u"(S) "_s
+                                      : u" "_s)
+                + list.specialKind + u"; "_s;
+        QCOMPARE(kinds,
+                 u"Library(M) none; Music Music; Party Shuffle Party Shuffle; "
+                 "Recently Added(S) none; Boat Trips folder; Road & Sea none; Empty none; "_s);
+        QCOMPARE(lists[5].id, 905);
+        QCOMPARE(lists[5].trackIDs, (std::vector<int>{20, 100, 20, 777}));
     }
 
     void otherTypesCountAsMissing()
@@ -103,20 +100,12 @@ private Q_SLOTS:
         row("byte-order mark", "\xEF\xBB\xBF" + whole, {});
         row("Windows line ends", QByteArray(whole).replace("><", ">\r\n\t<"), {});
         row("references", QByteArray(whole).replace("\xC3\xA9", "&#233;"), {});
-        row("an integer as a title of another", library(track + "<key>x</key><integer>1</integer>"),
-            {});
         row("raw control character", QByteArray(whole).replace("\xC3\xA9", "\n\x01"),
             u"line 2: "_s);
         row("surrogates", QByteArray(whole).replace("\xC3\xA9", "&#55357;&#56832;"), u"line 1: "_s);
-        row("another document", "<html></html>", u"<html> instead of <plist>"_s);
         row("another list", "<plist><array/></plist>", u"<array> instead of a dictionary"_s);
-        row("no XML", "ID3\x03", u"line 1: "_s);
-        row("empty", "", u"line 1: "_s);
-        row("half a binary list", "bplist00", u"too short"_s);
-        row("no key", library("<dict/>"), u"<dict> where a key should be"_s);
-        row("entities", "<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/passwd\">]>" + whole,
-            u"declarations"_s);
-        row("too many playlists", library({}, QByteArray("<dict/>").repeated(200'001)),
+        row("too many playlists",
+            "<plist><dict><key>Playlists</key><array>" + QByteArray("<dict/>").repeated(200'001),
             u"more than 200000 playlists"_s);
         row("nesting bomb", "<plist><dict><key>a</key>" + QByteArray("<array>").repeated(1'000'000),
             u"deeper than 64"_s);
@@ -128,22 +117,17 @@ private Q_SLOTS:
         QFETCH(QString, problem);
         const LibraryReading read = reading(bytes);
         QVERIFY2(read.problem.contains(problem), qPrintable(read.problem));
-        QCOMPARE(read.problem.isEmpty(), problem.isEmpty());
-        QCOMPARE(read.library.has_value(), problem.isEmpty());
-        if (read.library)
-            QCOMPARE(read.library->trackWithID(7)->name, u"é"_s);
+        QCOMPARE(read.library ? read.library->trackWithID(7)->name : QString(),
+                 problem.isEmpty() ? u"é"_s : QString());
     }
 
     void halfAFileIsNoLibrary()
     {
-        const QByteArray whole =
-            library("<key>7</key><dict><key>Name</key><string>x</string></dict>",
-                    "<dict><key>Playlist Items</key><array/></dict>");
+        const QByteArray whole = library("<key>7</key><dict><key>Name</key><real>1</real></dict>");
         QVERIFY(reading(whole).library);
         for (qsizetype length = 0; length < whole.size(); ++length)
             QVERIFY(reading(whole.first(length)).problem.startsWith(u"line 1: "));
-        QVERIFY(!readLibraryFile(QDir::tempPath()).problem.isEmpty());
-        QVERIFY(!readLibraryFile(u"/nowhere.xml"_s).problem.isEmpty());
+        QCOMPARE(readLibraryFile(QDir::tempPath()).problem, u"not a file"_s);
     }
 };
 

@@ -36,8 +36,6 @@ private Q_SLOTS:
             "#EXTM3U\n#EXTINF:2,x\n b.mp3 \n\nhttp://h/x.mp3\nmms://h/x\n../a.mp3\n./b.mp3",
             u"lists/b.mp3|a.mp3|lists/b.mp3"_s, {});
         row("byte-order mark", u"m3u8"_s, "\xEF\xBB\xBF\xC3\x96ster/c #1.mp3\r\n", c, {});
-        row("UTF-16", u"m3u"_s, QByteArray("\xFF\xFE\x62\0.\0m\0p\0\x33\0", 12), u"lists/b.mp3"_s,
-            {});
         row("Latin-1", u"M3U"_s, "\xD6ster/c #1.mp3", c, {});
         row("decomposed", u"m3u"_s, "O\xCC\x88ster/c #1.mp3", c, {});
         row("old Mac line ends", u"m3u"_s, "b.mp3\r../a.mp3\r", u"lists/b.mp3|a.mp3"_s, {});
@@ -75,30 +73,19 @@ private Q_SLOTS:
         QTEST(namesOf(read.playlist->missing), "missing");
     }
 
-    void refused_data()
-    {
-        const Table<QString, QByteArray, QString> row("name", "bytes", "problem");
-        row("too many", u"x.m3u"_s, QByteArray("a\n").repeated(200'001), u"200000 entries"_s);
-        row("too large", u"x.pls"_s, QByteArray((32 << 20) + 1, '\n'), u"larger than 32 MB"_s);
-        row("no XML", u"x.xspf"_s, "#EXTM3U", u"line 1: "_s);
-        row("nesting bomb", u"x.xspf"_s, "<playlist>" + QByteArray("<a>").repeated(1'000'000),
-            u"deeper than 64"_s);
-        row("another document", u"x.xspf"_s, "<html/>", u"<html> instead of <playlist>"_s);
-        row("entities", u"x.xspf"_s,
-            fileContents(qEnvironmentVariable("TAGWRIGHT_TEST_DATA")
-                         + u"/broken/playlistfile/entity-bomb.xspf"_s),
-            u"declarations"_s);
-    }
-
     void refused()
     {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, problem);
-        writeFile(at(name), bytes);
-        const PlaylistReading read = readPlaylistFile(at(name));
-        QVERIFY(!read.playlist);
-        QVERIFY2(read.problem.contains(problem), qPrintable(read.problem));
+        const std::tuple<QString, QByteArray, QString> lists[] = {
+            {u"x.m3u"_s, QByteArray("a\n").repeated(200'001), u"more than 200000 entries"_s},
+            {u"x.pls"_s, QByteArray((32 << 20) + 1, '\n'), u"larger than 32 MB"_s},
+            {u"x.xspf"_s, "#EXTM3U", u"line 1: Start tag expected."_s},
+            {u"x.xspf"_s, "<playlist>" + QByteArray("<a>").repeated(99), u"line 1: nested"_s},
+            {u"x.xspf"_s, "<html/>", u"line 1: <html> instead of <playlist>"_s},
+            {u"x.xspf"_s, "<!DOCTYPE a [<!ENTITY a 'a'>]><playlist/>", u"line 1: a document"_s}};
+        for (const auto &[name, bytes, problem] : lists) {
+            writeFile(at(name), bytes);
+            QCOMPARE(readPlaylistFile(at(name)).problem.left(problem.size()), problem);
+        }
     }
 
     void playlistsOfAFolder()
