@@ -28,8 +28,7 @@ std::optional<SongSource> usersLibrary(const PrefsController &prefs)
 
 SongSource usersPlaylist(const PrefsController &prefs, const QString &name)
 {
-    MusicPlaces places = usualMusicPlaces();
-    places.moved = prefs.movedFolders();
+    const MusicPlaces places = usualMusicPlaces(prefs.movedFolders());
     return playlistSource(name, [places](const QString &playlist) {
         const auto runner = systemScriptRunner(places);
         iTunesInterface itunes(*runner);

@@ -113,7 +113,7 @@ int runSet(const Arguments &arguments, Report &report)
     PrefsController prefs;
     offerGenres(prefs);
     const WriteOptions options = writeOptionsOf(arguments, prefs);
-    const auto runner = systemScriptRunner();
+    const auto runner = systemScriptRunner(usualMusicPlaces(prefs.movedFolders()));
     iTunesInterface itunes(*runner);
     return WritingRun(arguments, readOptionsOf(arguments, prefs), report).run([&](SongFile &song) {
         return setFields(song, checked.edit, options, arguments.dryRun ? nullptr : &itunes);
@@ -128,7 +128,7 @@ int runRegenerate(const Arguments &arguments, Report &report)
     readOptions.malformed = MalformedInfo::Discard;
     readOptions.unrecognized = UnrecognizedInfo::Discard;
     const WriteOptions options = writeOptionsOf(arguments, prefs);
-    const auto runner = systemScriptRunner();
+    const auto runner = systemScriptRunner(usualMusicPlaces(prefs.movedFolders()));
     iTunesInterface itunes(*runner);
     return WritingRun(arguments, readOptions, report).run([&](SongFile &song) {
         // The tag stands marked as damaged; writing what is sound in it is what was asked for.

@@ -6,19 +6,17 @@
 #include <QDir>
 #include <QStandardPaths>
 
-#include <utility>
-
-MusicPlaces usualMusicPlaces()
+MusicPlaces usualMusicPlaces(const MovedFolders &moved)
 {
     // Systems without a music folder name the home folder, which nobody wants to be searched.
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
-    return {{}, QDir(folder) == QDir::home() ? QString() : folder};
+    return {moved, QDir(folder) == QDir::home() ? QString() : folder};
 }
 
-std::unique_ptr<ScriptRunner> systemScriptRunner(MusicPlaces places)
+std::unique_ptr<ScriptRunner> systemScriptRunner(const MusicPlaces &places)
 {
     const QString osascript = QStandardPaths::findExecutable(QStringLiteral("osascript"));
     if (!osascript.isEmpty())
         return std::make_unique<OsascriptRunner>(osascript);
-    return std::make_unique<LocalRunner>(std::move(places));
+    return std::make_unique<LocalRunner>(places);
 }

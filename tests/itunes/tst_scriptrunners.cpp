@@ -7,7 +7,9 @@
 #include "support/tempfiles.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QTemporaryDir>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -71,7 +73,7 @@ private Q_SLOTS:
     void osascriptGetsTheTextAndNoShellSeesIt()
     {
         makeOsascript("cat >asked; printf '5\\n'");
-        const auto runner = systemScriptRunner();
+        const auto runner = systemScriptRunner({});
         iTunesInterface itunes(*runner);
         QVERIFY(!itunes.isiTunesRunning());
         QCOMPARE(askedOfOsascript(), "return application \"iTunes\" is running");
@@ -138,6 +140,37 @@ private Q_SLOTS:
         QCOMPARE(itunes.refreshAndGetPathOfSongWithTitle(hostileTitle, u"NILA"_s), song);
         QVERIFY(!itunes.refreshAndGetPathOfSongWithID(100, {})); // numbered anew since the start
         QVERIFY(!itunes.stringFromScript(u"do shell script \"x\""_s));
+    }
+
+    void ourOwnRunnerHasAPlayerPlay()
+    {
+        const QString song = mFolder->filePath(u"a #1%.mp3"_s);
+        writeFile(song, "x");
+        writeFile(mFolder->filePath(u"List.m3u"_s), "a #1%.mp3\n");
+        QProcess bus;
+        bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        QVERIFY(bus.waitForReadyRead());
+        qputenv("DBUS_SESSION_BUS_ADDRESS", bus.readLine().trimmed());
+        QProcess player;
+        player.start(
+            u"python3"_s,
+            {qEnvironmentVariable("TAGWRIGHT_TEST_DATA") + u"/../itunes/stand_in_player.py"_s,
+             u"x"_s, u"paused"_s, song});
+        QVERIFY(player.waitForReadyRead());
+        QCOMPARE(player.readLine(), "ready\n");
+
+        LocalRunner runner({{}, mFolder->path()});
+        iTunesInterface itunes(runner);
+        QVERIFY(itunes.playTrackNamed(u"any"_s, u"any"_s, 1, u"List"_s));
+        QVERIFY(player.waitForReadyRead());
+        QCOMPARE(player.readLine(),
+                 QByteArray("OpenUri " + QUrl::fromLocalFile(song).toEncoded() + '\n'));
+        QVERIFY(!itunes.playTrackNamed(u"any"_s, u"any"_s, 2, u"List"_s));
+        player.kill();
+        player.waitForFinished();
+        QVERIFY(!itunes.playTrackNamed(u"any"_s, u"any"_s, 1, u"List"_s));
+        bus.kill();
+        bus.waitForFinished();
     }
 
 private:
