@@ -11,9 +11,18 @@ namespace {
 
 enum class TagClass { None, MP3, AAC };
 
+/// By its name and its first atom, so that its sound need not be looked through.
+bool isPlainlyMP4(const SongBytes &song)
+{
+    constexpr qint64 sizeLength = 4;
+    return FileType::claimsToBeAAC(song.path()) && song.view(sizeLength, 4) == "ftyp";
+}
+
 /// By the contents; where they do not say, by the name.
 TagClass classOf(const SongBytes &song)
 {
+    if (isPlainlyMP4(song))
+        return TagClass::AAC;
     switch (FileType::songDataType(song)) {
     case FileType::SongDataType::MPEGAudio:
         return TagClass::MP3;
