@@ -42,23 +42,34 @@ AtomSource AtomSource::ofBytes(QByteArrayView bytes)
                       bytes.size(), QStringLiteral("%1 bytes").arg(bytes.size()));
 }
 
-QByteArray AtomSource::read(qint64 offset, qint64 length) const
+void AtomSource::requireInside(qint64 offset, qint64 length) const
 {
     if (offset < 0 || length < 0 || offset > mLength - length)
         throw MalformedData(QStringLiteral("bad size atom"));
+}
+
+QByteArray AtomSource::read(qint64 offset, qint64 length) const
+{
+    requireInside(offset, length);
     if (length == 0)
         return {};
-    QByteArray bytes = mRead(offset, length);
-    if (bytes.size() < length)
-        throw MalformedData(qtTrId("ErrorCannotReadFile"));
-    return bytes;
+    return length < windowLength ? view(offset, length).toByteArray() : bytesAt(offset, length);
 }
 
 QByteArrayView AtomSource::view(qint64 offset, qint64 length) const
 {
+    requireInside(offset, length);
     if (offset < mWindowStart || offset + length > mWindowStart + mWindow.size()) {
-        mWindow = read(offset, qMax(length, qMin(windowLength, mLength - offset)));
+        mWindow = bytesAt(offset, qMax(length, qMin(windowLength, mLength - offset)));
         mWindowStart = offset;
     }
     return QByteArrayView(mWindow).sliced(offset - mWindowStart, length);
+}
+
+QByteArray AtomSource::bytesAt(qint64 offset, qint64 length) const
+{
+    QByteArray bytes = mRead(offset, length);
+    if (bytes.size() < length)
+        throw MalformedData(qtTrId("ErrorCannotReadFile"));
+    return bytes;
 }

@@ -33,6 +33,8 @@ public:
 private:
     using Read = std::function<QByteArray(qint64 offset, qint64 length)>;
     AtomSource(Read read, qint64 length, QString description);
+    void requireInside(qint64 offset, qint64 length) const;
+    [[nodiscard]] QByteArray bytesAt(qint64 offset, qint64 length) const;
 
     Read mRead;
     qint64 mLength;
