@@ -1,10 +1,12 @@
 // What TagLib does with the same job: "show FOLDER" prints the JSON Lines that "tagwright show
 // --json" prints, with the same hashes; "set FOLDER TEXT" writes an album name into every song.
+// Songs called .m4a are MP4, all others MP3.
 #define OPENSSL_SUPPRESS_DEPRECATED
 #include <openssl/sha.h>
 #include <taglib/attachedpictureframe.h>
 #include <taglib/id3v1tag.h>
 #include <taglib/id3v2tag.h>
+#include <taglib/mp4file.h>
 #include <taglib/mpegfile.h>
 #include <taglib/textidentificationframe.h>
 #include <taglib/unsynchronizedlyricsframe.h>
@@ -18,7 +20,8 @@
 namespace {
 
 using TagLib::ByteVector;
-using TagLib::MPEG::File;
+namespace MP4 = TagLib::MP4;
+namespace MPEG = TagLib::MPEG;
 
 std::string quoted(const std::string &text)
 {
@@ -61,6 +64,15 @@ std::string sha1(const ByteVector &data)
     return hex;
 }
 
+std::string image(const ByteVector &data, const std::string &description, const std::string &mime,
+                  const std::string &suffix, int type, int textEncoding)
+{
+    return "{\"bytes\":" + std::to_string(data.size()) + ",\"description\":" + description
+        + ",\"mime\":" + mime + ",\"pictureType\":" + std::to_string(type)
+        + ",\"sha1\":" + quoted(sha1(data)) + ",\"suffix\":" + quoted(suffix)
+        + ",\"textEncoding\":" + std::to_string(textEncoding) + "}";
+}
+
 std::string images(const TagLib::ID3v2::Tag *tag)
 {
     std::string json = "[";
@@ -69,18 +81,51 @@ std::string images(const TagLib::ID3v2::Tag *tag)
         if (!picture)
             continue;
         json += json.size() > 1 ? "," : "";
-        json += "{\"bytes\":" + std::to_string(picture->picture().size()) + ",\"description\":"
-            + textOrNull(picture->description()) + ",\"mime\":" + textOrNull(picture->mimeType())
-            + ",\"pictureType\":" + std::to_string(picture->type()) + ",\"sha1\":"
-            + quoted(sha1(picture->picture())) + ",\"suffix\":\"JPG\",\"textEncoding\":"
-            + std::to_string(picture->textEncoding()) + "}";
+        json +=
+            image(picture->picture(), textOrNull(picture->description()),
+                  textOrNull(picture->mimeType()), "JPG", picture->type(), picture->textEncoding());
     }
     return json + "]";
 }
 
-std::string summary(const std::string &path)
+std::string images(const MP4::Tag *tag)
 {
-    File file(path.c_str(), false);
+    std::string json = "[";
+    for (const auto &cover : tag->item("covr").toCoverArtList()) {
+        const bool isPNG = cover.format() == MP4::CoverArt::PNG;
+        json += json.size() > 1 ? "," : "";
+        json += image(cover.data(), "null", isPNG ? "\"image/png\"" : "\"image/jpeg\"",
+                      isPNG ? "PNG" : "JPG", 0, 0);
+    }
+    return json + "]";
+}
+
+TagLib::String itemText(const MP4::Tag *tag, const char *name)
+{
+    return tag->item(name).toStringList().toString(", ");
+}
+
+std::string summaryOfMP4(const std::string &path)
+{
+    MP4::File file(path.c_str(), false);
+    const MP4::Tag *tag = file.tag();
+    const auto [track, tracks] = tag->item("trkn").toIntPair();
+    const int tempo = tag->item("tmpo").toInt();
+    return "{\"album\":" + textOrNull(tag->album()) + ",\"artist\":" + textOrNull(tag->artist())
+        + ",\"bpm\":" + (tempo > 0 ? quoted(std::to_string(tempo)) : "null")
+        + ",\"compilation\":" + (tag->item("cpil").toBool() ? "true" : "false")
+        + ",\"genres\":" + textOrNull(tag->genre()) + ",\"images\":" + images(tag)
+        + ",\"lyrics\":" + textOrNull(itemText(tag, "\251lyr"))
+        + ",\"numberOfTracks\":" + std::to_string(tracks) + ",\"path\":" + quoted(path)
+        + ",\"problem\":false,\"readVersion\":\"AAC\",\"title\":" + textOrNull(tag->title())
+        + ",\"track\":" + quoted(std::to_string(track) + "/" + std::to_string(tracks))
+        + ",\"trackNumber\":" + std::to_string(track) + ",\"type\":\"aac\",\"writeVersion\":\"AAC\""
+        + ",\"year\":" + textOrNull(itemText(tag, "\251day").substr(0, 4)) + "}";
+}
+
+std::string summaryOfMP3(const std::string &path)
+{
+    MPEG::File file(path.c_str(), false);
     const TagLib::ID3v2::Tag *v2 = file.ID3v2Tag(true);
     const TagLib::Tag *tag = file.tag();
     const std::string version =
@@ -111,6 +156,29 @@ std::vector<std::string> songsIn(const char *folder)
     return paths;
 }
 
+bool isMP4(const std::string &path)
+{
+    return path.ends_with(".m4a");
+}
+
+std::string summary(const std::string &path)
+{
+    return isMP4(path) ? summaryOfMP4(path) : summaryOfMP3(path);
+}
+
+void setAlbum(const std::string &path, const TagLib::String &album)
+{
+    if (isMP4(path)) {
+        MP4::File file(path.c_str(), false);
+        file.tag()->setAlbum(album);
+        file.save();
+    } else {
+        MPEG::File file(path.c_str(), false);
+        file.ID3v2Tag(true)->setAlbum(album);
+        file.save();
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -122,9 +190,7 @@ int main(int argc, char **argv)
         if (command == "show") {
             std::puts(summary(path).c_str());
         } else if (argc > 3) {
-            File file(path.c_str(), false);
-            file.ID3v2Tag(true)->setAlbum(TagLib::String(argv[3], TagLib::String::UTF8));
-            file.save();
+            setAlbum(path, TagLib::String(argv[3], TagLib::String::UTF8));
         }
     }
     return 0;
