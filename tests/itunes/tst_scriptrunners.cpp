@@ -6,6 +6,7 @@
 #include "support/table.h"
 #include "support/tempfiles.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -34,6 +35,12 @@ QByteArray library(const QString &song)
 <array><dict><key>Track ID</key><integer>100</integer></dict></array></dict>
 </array></dict></plist>)"_s;
     return text.arg(QString(hostileTitle).replace(u'&', u"&amp;"_s), song).toUtf8();
+}
+
+QByteArray nextLine(QProcess &process)
+{
+    while (!process.canReadLine() && process.waitForReadyRead()) { }
+    return process.readLine().trimmed();
 }
 
 } // namespace
@@ -115,6 +122,11 @@ private Q_SLOTS:
         writeFile(mFolder->filePath(u"Music/Trips.m3u"_s), "fog.mp3\ngone.mp3\n");
         const QString libraryPath = mFolder->filePath(u"Music/iTunes/iTunes Music Library.xml"_s);
         writeFile(libraryPath, library(song));
+        QFile libraryFile(libraryPath);
+        QVERIFY(libraryFile.open(QIODevice::ReadWrite));
+        QVERIFY(libraryFile.setFileTime(QDateTime::currentDateTime().addDays(-1),
+                                        QFileDevice::FileModificationTime));
+        libraryFile.close();
 
         LocalRunner runner({{}, mFolder->filePath(u"Music"_s)});
         iTunesInterface itunes(runner);
@@ -138,7 +150,10 @@ private Q_SLOTS:
         QCOMPARE(itunes.intValueOfField(u"year"_s, 2, u"Road & Sea"_s), 2007);
         QCOMPARE(itunes.valueOfField(u"artist"_s, hostileTitle), u"Nila"_s);
         QCOMPARE(itunes.refreshAndGetPathOfSongWithTitle(hostileTitle, u"NILA"_s), song);
-        QVERIFY(!itunes.refreshAndGetPathOfSongWithID(100, {})); // numbered anew since the start
+        QCOMPARE(itunes.refreshAndGetPathOfSongWithID(100, {}), song);
+        writeFile(libraryPath, library(song) + '\n'); // numbers its tracks anew
+        QVERIFY(itunes.playlists());
+        QVERIFY(!itunes.refreshAndGetPathOfSongWithID(100, {}));
         QVERIFY(!itunes.stringFromScript(u"do shell script \"x\""_s));
     }
 
@@ -149,22 +164,18 @@ private Q_SLOTS:
         writeFile(mFolder->filePath(u"List.m3u"_s), "a #1%.mp3\n");
         QProcess bus;
         bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
-        QVERIFY(bus.waitForReadyRead());
-        qputenv("DBUS_SESSION_BUS_ADDRESS", bus.readLine().trimmed());
+        qputenv("DBUS_SESSION_BUS_ADDRESS", nextLine(bus));
         QProcess player;
         player.start(
             u"python3"_s,
             {qEnvironmentVariable("TAGWRIGHT_TEST_DATA") + u"/../itunes/stand_in_player.py"_s,
              u"x"_s, u"paused"_s, song});
-        QVERIFY(player.waitForReadyRead());
-        QCOMPARE(player.readLine(), "ready\n");
+        QCOMPARE(nextLine(player), "ready");
 
         LocalRunner runner({{}, mFolder->path()});
         iTunesInterface itunes(runner);
         QVERIFY(itunes.playTrackNamed(u"any"_s, u"any"_s, 1, u"List"_s));
-        QVERIFY(player.waitForReadyRead());
-        QCOMPARE(player.readLine(),
-                 QByteArray("OpenUri " + QUrl::fromLocalFile(song).toEncoded() + '\n'));
+        QCOMPARE(nextLine(player), "OpenUri " + QUrl::fromLocalFile(song).toEncoded());
         QVERIFY(!itunes.playTrackNamed(u"any"_s, u"any"_s, 2, u"List"_s));
         player.kill();
         player.waitForFinished();
