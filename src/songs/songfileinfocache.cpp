@@ -139,9 +139,8 @@ CacheBucket SongFileInfoCache::load(const QString &key) const
 {
     try {
         return bucketInFile(fileOf(key));
-    } catch (const MalformedData &damage) {
+    } catch (const MalformedData &) {
         qCWarning(logSongs).noquote() << QStringLiteral("Couldn't unarchive %1").arg(fileOf(key));
-        qCInfo(logSongs).noquote() << damage.reason();
         return {};
     }
 }
@@ -192,10 +191,12 @@ void SongFileInfoCache::write(const QString &key, Bucket &bucket)
         songs = bucket.songs;
     }
     const QString problem = replaceFile(key, std::move(songs));
-    if (!problem.isEmpty() && !mToldOfTrouble.exchange(true))
-        qCWarning(logSongs).noquote()
-            << QStringLiteral("couldn't serialize <CacheBucket %1> to %2: %3")
-                   .arg(key, fileOf(key), problem);
+    if (problem.isEmpty() || mToldOfTrouble.exchange(true))
+        return;
+    const auto address = QString::number(reinterpret_cast<quintptr>(&bucket), 16);
+    qCWarning(logSongs).noquote() << QStringLiteral(
+                                         "couldn't serialize <CacheBucket 0x%1> to %2: %3")
+                                         .arg(address, fileOf(key), problem);
 }
 
 /// With what another process stored since the bucket was loaded. The folder is locked meanwhile.
