@@ -29,7 +29,7 @@ Engine::Engine(Pages pages)
     , catalog(builtInSources())
     , scriptRunner(systemScriptRunner(usualMusicPlaces(prefs.movedFolders())))
     , itunes(*scriptRunner)
-    , infoCache(songInfoFolder())
+    , infoCache(pages == Pages::OnDisk ? songInfoFolder() : QString())
     , update(definitions, prefs.settings(), queue)
 {
 }

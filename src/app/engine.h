@@ -20,7 +20,8 @@ public:
         Fixed, ///< those that are in use stay in use
     };
 
-    /// Where fetched pages are kept: on disk for the next run, or as long as the process only.
+    /// Where fetched pages are kept: on disk for the next run, or as long as the process only. The
+    /// summaries of songs are kept with the pages on disk alone.
     enum class Pages { OnDisk, InMemory };
 
     explicit Engine(Pages pages = Pages::OnDisk);

@@ -57,10 +57,12 @@ QList<TrackIdentifiers> tracksOneByOne(iTunesInterface &itunes, int playlist, in
 
 } // namespace
 
-std::optional<SongSource> folderSource(const QString &path)
+std::optional<SongSource> folderSource(const QString &folder)
 {
-    if (!QFileInfo(path).isDir())
+    const QFileInfo info(folder);
+    if (!info.isDir())
         return std::nullopt;
+    const QString path = info.absoluteFilePath(); // summaries are kept by absolute paths
     SongSource source;
     source.kind = SourceKind::Folder;
     source.name = path;

@@ -5,7 +5,7 @@
 #include "itunes/tracklocation.h"
 
 /// Every song file in the folder at any depth; nothing when there is no such folder.
-[[nodiscard]] std::optional<SongSource> folderSource(const QString &path);
+[[nodiscard]] std::optional<SongSource> folderSource(const QString &folder);
 
 /// Every track of the library file, in the order of their keys.
 [[nodiscard]] SongSource librarySource(const QString &libraryFile, const MovedFolders &moved = {});

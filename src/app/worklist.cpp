@@ -7,6 +7,8 @@
 #include "songs/cachedinfotag.h"
 #include "songs/songfileinfocache.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <utility>
 
@@ -273,7 +275,7 @@ void WorkList::storeSummary(SongFile &song)
         return;
     const ID3Dialect &dialect = song.readOptions().dialect;
     if (const auto info = CachedInfoTag::infoDictForTag(*tag, song.path(), dialect))
-        mInfoCache->storeInfo(*info, song.path());
+        mInfoCache->storeInfo(*info, QFileInfo(song.path()).absoluteFilePath());
 }
 
 /// The list shows the song by its summary. One that could not be written stays a problem.

@@ -266,7 +266,7 @@ QString bucketKeyForSongPath(QStringView path)
 {
     const QStringView folder = path.first(std::max<qsizetype>(path.lastIndexOf(u'/'), 0));
     constexpr qsizetype leastLength = 4;
-    if (folder.size() < leastLength)
+    if (folder.size() < leastLength || !folder.startsWith(u'/'))
         return {};
     const uint first = folder.at(folder.size() - 3).unicode();
     const uint second = folder.at(folder.size() - 1).unicode();

@@ -8,7 +8,7 @@
 using CacheBucket = QHash<QString, CachedInfoPointer>;
 
 /// The key of the bucket that the songs of a folder go to; empty for the songs of folders whose
-/// path is shorter than four characters, which are not cached.
+/// path is shorter than four characters or relative, which are not cached.
 [[nodiscard]] QString bucketKeyForSongPath(QStringView path);
 
 /// Larger cache files are taken for damaged ones.

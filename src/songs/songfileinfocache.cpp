@@ -109,7 +109,7 @@ SongFileInfoCache::Bucket *SongFileInfoCache::hostDictionaryForPath(const QStrin
                                                                     QString *key)
 {
     const QString bucketKey = bucketKeyForSongPath(path);
-    if (bucketKey.isEmpty())
+    if (bucketKey.isEmpty() || mCacheBasePath.isEmpty())
         return nullptr;
     if (key)
         *key = bucketKey;

@@ -22,7 +22,7 @@
 /// else belongs to the thread of the cache.
 class SongFileInfoCache : public QObject {
 public:
-    /// The folder is made when the first bucket is written.
+    /// The folder is made when the first bucket is written. Without one nothing is kept.
     explicit SongFileInfoCache(QString folder);
     /// Writes what waits to be written.
     ~SongFileInfoCache() override;

@@ -42,6 +42,22 @@ private Q_SLOTS:
         QCOMPARE(prefs.settings().value(u"prefsVersion"_s).toInt(), 3);
     }
 
+    void choosingASourceRemembersItsKind()
+    {
+        PrefsController prefs;
+        QVERIFY(!prefs.librarySource() && prefs.drawerIsOpen());
+        QCOMPARE(prefs.libraryPlaylist(), u"Library"_s);
+        prefs.setLibraryDirectory(u"/music"_s);
+        QCOMPARE(prefs.librarySource(), SourceKind::Folder);
+        prefs.setLibraryPlaylist(u"Mix"_s);
+        QCOMPARE(prefs.settings().value(u"_source"_s).toInt(), 1);
+        prefs.setiTunesLibrary();
+        QCOMPARE(prefs.librarySource(), SourceKind::Library);
+        QCOMPARE(prefs.libraryDirectory(), u"/music"_s);
+        prefs.setDrawerOpen(false);
+        QVERIFY(prefs.settings().value(u"drawerClosed"_s).toBool());
+    }
+
     void oldSettingsReadAsTheyAlwaysDid()
     {
         writeSettings("drawerClosed=true\n");

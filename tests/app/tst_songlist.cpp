@@ -138,6 +138,31 @@ private Q_SLOTS:
         QCOMPARE(mLines, QStringList{u"No song can be found at %1/gone.mp3"_s.arg(mMusic)});
     }
 
+    /// "100" before "20"; streams have no file.
+    void libraryIsLoadedInOrderOfItsKeys()
+    {
+        addSongs({u"a.mp3"_s, u"b.mp3"_s});
+        const QString file = mFolder->filePath(u"library.xml"_s);
+        const auto track = [](const char *key, const QString &location) {
+            return u"<key>%1</key><dict><key>Location</key><string>%2</string></dict>"_s.arg(
+                QLatin1String(key), location);
+        };
+        const QString tracks = track("20", u"file://%1/a.mp3"_s.arg(mMusic))
+            + track("100", u"file://localhost%1/b.mp3"_s.arg(mMusic))
+            + track("3", u"http://radio/c.mp3"_s);
+        writeFile(
+            file,
+            u"<plist><dict><key>Tracks</key><dict>%1</dict></dict></plist>"_s.arg(tracks).toUtf8());
+        loadSource(librarySource(file));
+        QCOMPARE(paths(), (QStringList{u"b.mp3"_s, u"a.mp3"_s}));
+        QCOMPARE(mList->allSongs()[0]->iTunesDBID(), 100);
+        writeFile(file, "<plist><dict>");
+        loadSource(librarySource(file));
+        QVERIFY(mList->allSongs().empty());
+        QCOMPARE(mLines.size(), 1);
+        QVERIFY(mLines[0].startsWith(file + u": "_s));
+    }
+
     /// Names from a Mac are decomposed.
     void entryIsFoundInTheOtherUnicodeForm()
     {
