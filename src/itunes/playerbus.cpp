@@ -68,11 +68,13 @@ PlayerBus::PlayerBus()
 
 PlayerBus::~PlayerBus()
 {
-    QDBusConnection::disconnectFromBus(mConnection);
+    if (mHasAsked) // else nothing of the bus was loaded, and that need not be now
+        QDBusConnection::disconnectFromBus(mConnection);
 }
 
 QDBusConnection PlayerBus::bus()
 {
+    mHasAsked = true;
     const QDBusConnection open(mConnection);
     if (open.isConnected() || !mNextTry.hasExpired())
         return open;

@@ -42,6 +42,7 @@ private:
     void noteTimeout(const QString &player, const QDBusMessage &reply);
 
     const QString mConnection; ///< name of the connection within this process
+    bool mHasAsked = false;
     QDeadlineTimer mNextTry{0}; ///< when to look for the bus again, once there was none
     QHash<QString, QDeadlineTimer> mMute; ///< players that let a call pass, and for how long
 };
