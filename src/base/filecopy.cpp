@@ -3,6 +3,7 @@
 #include "base/descriptor.h"
 
 #include <algorithm>
+#include <fcntl.h>
 #include <memory>
 #include <sys/ioctl.h>
 
@@ -15,8 +16,10 @@ namespace {
 /// more processor time than this where blocks cannot be shared.
 constexpr qint64 bufferSize = 262144;
 
+enum class CopyOrder { FromFront, FromEnd };
+
 std::error_code copyThroughBuffer(int from, qint64 fromOffset, int to, qint64 toOffset,
-                                  qint64 length)
+                                  qint64 length, CopyOrder order = CopyOrder::FromFront)
 {
     if (length <= 0)
         return {};
@@ -24,9 +27,10 @@ std::error_code copyThroughBuffer(int from, qint64 fromOffset, int to, qint64 to
     const auto buffer = std::make_unique_for_overwrite<char[]>(static_cast<size_t>(size));
     for (qint64 done = 0; done < length;) {
         const qint64 count = std::min(size, length - done);
-        if (const auto error = readAt(from, fromOffset + done, buffer.get(), count))
+        const qint64 at = order == CopyOrder::FromFront ? done : length - done - count;
+        if (const auto error = readAt(from, fromOffset + at, buffer.get(), count))
             return error;
-        if (const auto error = writeAt(to, toOffset + done, {buffer.get(), count}))
+        if (const auto error = writeAt(to, toOffset + at, {buffer.get(), count}))
             return error;
         done += count;
     }
@@ -67,4 +71,13 @@ std::error_code copyRange(int from, qint64 fromOffset, int to, qint64 toOffset, 
         return error;
     const qint64 done = head + shared;
     return copyThroughBuffer(from, fromOffset + done, to, toOffset + done, length - done);
+}
+
+std::error_code moveRange(int file, qint64 fromOffset, qint64 toOffset, qint64 length)
+{
+    if (toOffset < fromOffset)
+        return copyThroughBuffer(file, fromOffset, file, toOffset, length);
+    // Nobody reads ahead for reads that go backwards.
+    ::posix_fadvise(file, fromOffset, length, POSIX_FADV_WILLNEED);
+    return copyThroughBuffer(file, fromOffset, file, toOffset, length, CopyOrder::FromEnd);
 }

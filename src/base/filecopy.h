@@ -9,5 +9,8 @@
 /// `shareableAlignment`: that costs neither time nor room.
 std::error_code copyRange(int from, qint64 fromOffset, int to, qint64 toOffset, qint64 length);
 
+/// Copies `length` bytes to another place of the same open file. The two ranges may overlap.
+std::error_code moveRange(int file, qint64 fromOffset, qint64 toOffset, qint64 length);
+
 /// A multiple of every block size in use.
 constexpr qint64 shareableAlignment = 65536;

@@ -6,6 +6,7 @@
 #include <array>
 #include <fcntl.h>
 #include <memory>
+#include <ranges>
 
 namespace {
 /// The bytes of a song as they were: those about to be lost are in its journal, the others are
@@ -76,6 +77,52 @@ std::error_code reserve(int song, const WritePlan &plan)
         return {};
     return {::posix_fallocate(song, plan.oldSize, plan.newSize - plan.oldSize),
             std::generic_category()};
+}
+
+/// How the kept ranges of a plan can be moved within the song itself.
+enum class Moves {
+    Front, ///< all to the front: the first one goes first
+    End, ///< all to the end: the last one goes first
+    No
+};
+
+/// Where all ranges move the same way, none is overwritten before its turn. Blocks that the journal
+/// can share are better taken from there.
+Moves movesOf(const WritePlan &plan)
+{
+    const auto allKept = [&plan](auto holds) {
+        return std::ranges::all_of(plan.writes, [&](const PlannedWrite &write) {
+            return !write.bytes.isEmpty() || holds(write.range.offset - write.keptOffset);
+        });
+    };
+    if (!allKept([](qint64 shift) { return shift % shareableAlignment != 0; }))
+        return Moves::No;
+    if (allKept([](qint64 shift) { return shift < 0; }))
+        return Moves::Front;
+    return allKept([](qint64 shift) { return shift > 0; }) ? Moves::End : Moves::No;
+}
+
+/// Carries out what is planned. What the journal shares with the song would have to be read from
+/// the disk again, so that it is read from the song where that is possible.
+std::error_code writeAll(int song, const OldBytes &old, const WritePlan &plan)
+{
+    const Moves moves = movesOf(plan);
+    const auto carryOut = [&](const PlannedWrite &write) {
+        const FileRange &range = write.range;
+        if (!write.bytes.isEmpty())
+            return writeAt(song, range.offset, write.bytes);
+        if (moves == Moves::No)
+            return old.copyTo(range.offset, {write.keptOffset, range.length});
+        return moveRange(song, write.keptOffset, range.offset, range.length);
+    };
+    const auto carryOutEach = [&](const auto &writes) -> std::error_code {
+        for (const PlannedWrite &write : writes)
+            if (const auto error = carryOut(write))
+                return error;
+        return {};
+    };
+    return moves == Moves::End ? carryOutEach(plan.writes | std::views::reverse)
+                               : carryOutEach(plan.writes);
 }
 
 /// Compares a song chunk by chunk with its old and its new bytes.
@@ -173,14 +220,8 @@ std::error_code overwrite(int song, int savedBytes, const WritePlan &plan)
 {
     if (const auto error = reserve(song, plan))
         return error;
-    const OldBytes old(song, savedBytes, plan);
-    for (const PlannedWrite &write : plan.writes) {
-        const auto error = write.bytes.isEmpty()
-            ? old.copyTo(write.range.offset, {write.keptOffset, write.range.length})
-            : writeAt(song, write.range.offset, write.bytes);
-        if (error)
-            return error;
-    }
+    if (const auto error = writeAll(song, OldBytes(song, savedBytes, plan), plan))
+        return error;
     if (plan.newSize < plan.oldSize)
         if (const auto error = setSize(song, plan.newSize))
             return error;
