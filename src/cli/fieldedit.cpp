@@ -96,7 +96,9 @@ void FieldEdit::apply(const FieldAssignment &assignment, AudioInfoTag &tag,
         // A title that equals the file's name may stand in the tag for want of one in the file.
         const bool mayBeFromFileName = field.name == QLatin1String("title")
             && QFileInfo(path).fileName().contains(assignment.value);
-        if ((tag.*field.value)().value_or(QString()) != assignment.value || mayBeFromFileName)
+        const bool mayBeHidden = assignment.value.isEmpty() && tag.hasHiddenValues();
+        if ((tag.*field.value)().value_or(QString()) != assignment.value || mayBeFromFileName
+            || mayBeHidden)
             (tag.*field.set)(assignment.value);
     }
 }

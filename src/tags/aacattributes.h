@@ -51,6 +51,8 @@ struct AACAttributes {
     QList<ID3Image> images;
     /// Whether there is a title item, be it one that holds no text that we can read.
     bool hasTitleItem = false;
+    /// Whether some item holds no value that we can read.
+    bool hasUnreadItem = false;
 
     std::bitset<aacTextCount> textsSet;
     bool compilationSet = false;

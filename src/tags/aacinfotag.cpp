@@ -80,6 +80,11 @@ bool AACInfoTag::hasTitle() const
     return title().has_value() || mAttribs.hasTitleItem;
 }
 
+bool AACInfoTag::hasHiddenValues() const
+{
+    return mAttribs.hasUnreadItem || (mAttribs.text(AACText::Year) && !year());
+}
+
 void AACInfoTag::setString(const QString &string, AACText forKey)
 {
     const auto key = static_cast<size_t>(forKey);

@@ -32,6 +32,7 @@ public:
     [[nodiscard]] bool isPartOfCompilation() const override;
     [[nodiscard]] QList<ID3Image> images() const override { return mAttribs.images; }
     [[nodiscard]] bool hasTitle() const override;
+    [[nodiscard]] bool hasHiddenValues() const override;
 
     void setTitle(const QString &title) override;
     void setArtist(const QString &artist) override;

@@ -115,8 +115,12 @@ private:
     void read(AtomName name, AACText into, std::optional<QString> (*value)(const Atom &))
     {
         const Atom *item = mList.firstChild(name);
-        if (auto found = item ? value(*item) : std::nullopt)
+        if (!item)
+            return;
+        if (auto found = value(*item))
             text(into) = std::move(found);
+        else
+            mAttributes.hasUnreadItem = true;
     }
 
     const Atom &mList;
@@ -127,11 +131,16 @@ private:
 
 Atom *AACReader::metadataListIn(const Atom &file)
 {
-    const Atom *atom = &file;
-    for (const AtomName name : {atomName("moov"), atomName("udta"), atomName("meta")})
-        if (atom)
-            atom = atom->firstChild(name);
-    return atom ? atom->firstChild(atomName("ilst")) : nullptr;
+    const Atom *movie = file.firstChild(atomName("moov"));
+    if (!movie)
+        return nullptr;
+    for (const auto &child : movie->contents()) {
+        const bool isUserData = child->name() == atomName("udta");
+        const Atom *meta = isUserData ? child->firstChild(atomName("meta")) : nullptr;
+        if (Atom *list = meta ? meta->firstChild(atomName("ilst")) : nullptr)
+            return list;
+    }
+    return nullptr;
 }
 
 AACAttributes AACReader::getAttributesFromAACFile(const Atom &file)

@@ -213,9 +213,11 @@ void Atom::becomeContainer()
 Atom *Atom::addChild(std::unique_ptr<Atom> atom)
 {
     atom->mParent = this;
-    mContents.push_back(std::move(atom));
     markChanged();
-    return mContents.back().get();
+    const auto end = std::find_if(mContents.begin(), mContents.end(), [](const auto &child) {
+        return child->mForm == AtomSizeForm::Zero;
+    });
+    return mContents.insert(end, std::move(atom))->get();
 }
 
 Atom *Atom::addSibling(std::unique_ptr<Atom> atom)

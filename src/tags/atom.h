@@ -90,7 +90,8 @@ public:
     bool setSize(quint64 size);
     void becomeContainer();
 
-    /// The atom as the last child, without regard to autoSizing.
+    /// The atom as the last child, without regard to autoSizing. Zero atoms stay behind it, since
+    /// other programs take them for the end.
     Atom *addChild(std::unique_ptr<Atom> atom);
     /// The atom as the last one beside this. Null without a parent.
     Atom *addSibling(std::unique_ptr<Atom> atom);

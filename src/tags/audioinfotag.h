@@ -44,6 +44,9 @@ public:
 
     /// Whether there is a title, be it one that we cannot read.
     [[nodiscard]] virtual bool hasTitle() const { return title().has_value(); }
+    /// Whether fields that are shown as absent may hold in the file what is no value to us, which
+    /// goes when they are set to nothing.
+    [[nodiscard]] virtual bool hasHiddenValues() const { return false; }
 
     // An empty text removes the field. Every setter of a concrete tag marks it as modified.
     virtual void setTitle(const QString &) { }

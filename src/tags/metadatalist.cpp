@@ -1,6 +1,7 @@
 #include "tags/metadatalist.h"
 
 #include "base/bytes.h"
+#include "tags/aacreader.h"
 #include "tags/atom.h"
 
 #include <QCoreApplication>
@@ -81,6 +82,8 @@ Atom &listInMeta(Atom &meta)
 
 Atom &MetadataList::findOrMake(Atom &file)
 {
+    if (Atom *list = AACReader::metadataListIn(file))
+        return *list;
     Atom *movie = file.firstChild(atomName("moov"));
     if (!movie || !movie->isContainer())
         throw MalformedData(qtTrId("ErrorNoMovie"));

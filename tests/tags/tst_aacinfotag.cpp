@@ -170,14 +170,14 @@ private Q_SLOTS:
                 tag.removeAllImages();
             },
             item("----", 1, "x"));
-        row("what is not set stays",
+        row("what is not set stays, new items come before a zero atom",
             item("----", 1, "x") + item("\251ART", 0, "\xFF\xFE") + text("\251alb", {})
                 + item("trkn", 0, "\0\0\0\3\0\x0C"_ba) + atom("\251lyr", "") + text("\251day", "1")
                 + text("\251day", "2") + number(0) + number(0),
             title,
             item("----", 1, "x") + item("\251ART", 0, "\xFF\xFE") + text("\251alb", {})
                 + item("trkn", 0, "\0\0\0\3\0\x0C"_ba) + atom("\251lyr", "") + text("\251day", "1")
-                + text("\251day", "2") + number(0) + number(0) + newTitle);
+                + text("\251day", "2") + newTitle + number(0) + number(0));
         row("what is set is the only one",
             atom("\251nam", dataAtom(2, "A") + dataAtom(1, "B") + atom("name", "x"))
                 + text("\251ART", "B") + text("\251nam", "C"),
