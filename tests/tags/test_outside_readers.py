@@ -1,26 +1,15 @@
 """Other programs see the tags that we write, and we see theirs; the sound stays as it was."""
 
-import hashlib
 import json
-import os
 import shutil
 import subprocess
-import sys
-import tempfile
-from pathlib import Path
 
 import mutagen.id3 as id3
 
-PROGRAM = os.environ["TAGWRIGHT_PROGRAM"]
+from outside import (FIELDS, LATIN, LONG, PROGRAM, UNICODE, check, make_sound, named, report_of,
+                     run, sha1)
+
 TOOLS = ("ffmpeg", "ffprobe", "exiftool", "kid3-cli", "lame")
-FIELDS = "title artist album year track genres bpm lyrics compilation".split()
-
-
-def named(names):
-    """The names that another program has for our fields, and ours by them."""
-    theirs = names.split(",")
-    return dict(zip(FIELDS, theirs)), dict(zip(theirs, FIELDS))
-
 
 MUTAGEN, _ = named("TIT2,TPE1,TALB,TDRC,TRCK,TCON,TBPM,USLT::eng,TCMP")
 FFMPEG, OF_FFMPEG = named("title,artist,album,date,track,genre,TBPM,lyrics-eng,compilation")
@@ -29,30 +18,8 @@ KID3, OF_KID3 = named("Title,Artist,Album,Date,Track Number,Genre,BPM,Lyrics,Com
 OF_FFMPEG |= {"TBP": "bpm"}
 OF_EXIFTOOL |= {"RecordingTime": "year", "Lyrics-eng": "lyrics"}
 
-LATIN = dict(title="Hafenlichter bei Süd", artist="Nila Öster", album="Sea Songs", year="2007",
-             track="3/12", genres="Folk", bpm="96", lyrics="erste Zeile\nzweite Zeile")
-UNICODE = dict(LATIN, title="Φώτα 🎵", artist="Νίλα Ωστερ", album="夜の海", genres="Ρεμπέτικο",
-               lyrics="πρώτη γραμμή\nδεύτερη")
-LONG = dict(LATIN, title="t" * 300, lyrics="Zeile\n" * 40)
 SMALL = dict(title="Fog Signal", artist="Nila Oster", album="Sea Songs", year="2007", track="7",
              genres="Folk")
-
-failures, checks = [], 0
-
-
-def check(what, got, expected):
-    global checks
-    checks += 1
-    if got != expected:
-        failures.append(f"{what}: {got!r} instead of {expected!r}")
-
-
-def run(*command):
-    return subprocess.run([str(part) for part in command], check=True, capture_output=True).stdout
-
-
-def sha1(data):
-    return hashlib.sha1(data).hexdigest()
 
 
 def sound(path):
@@ -245,25 +212,17 @@ def check_read_tags(song):
                          fields | {"readVersion": version, "problem": False}, not_written)
 
 
-def main():
-    if missing := [tool for tool in TOOLS if not shutil.which(tool)]:
-        sys.exit(f"not installed: {', '.join(missing)}")
-    with tempfile.TemporaryDirectory() as name:
-        folder = Path(name)
-        os.environ.update(HOME=name, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="offscreen")
-        song = folder / "song.mp3"
-        lavfi = ("ffmpeg", "-v", "error", "-f", "lavfi", "-i")
-        run(*lavfi, "sine=440:d=2", "-c:a", "libmp3lame", "-write_xing", "0", "-id3v2_version",
-            "0", "-map_metadata", "-1", song)
-        pictures = [folder / "cover.png", folder / "cover.jpg"]
-        for picture in pictures:
-            run(*lavfi, "mandelbrot=s=160x160", "-frames:v", "1", picture)
-        check_written_tags(song, pictures)
-        check_small_tags(song)
-        check_nothing_lost(song)
-        check_read_tags(song)
-    print(*failures, f"{checks} checks, {len(failures)} failed", sep="\n")
-    sys.exit(1 if failures else 0)
+def check_in(folder):
+    song = folder / "song.mp3"
+    make_sound("sine=440:d=2", "-c:a", "libmp3lame", "-write_xing", "0", "-id3v2_version", "0",
+               "-map_metadata", "-1", song)
+    pictures = [folder / "cover.png", folder / "cover.jpg"]
+    for picture in pictures:
+        make_sound("mandelbrot=s=160x160", "-frames:v", "1", picture)
+    check_written_tags(song, pictures)
+    check_small_tags(song)
+    check_nothing_lost(song)
+    check_read_tags(song)
 
 
-main()
+report_of(check_in, TOOLS)
