@@ -77,10 +77,9 @@ struct NewContents {
     QString error;
 };
 
-/// What the file shall hold, the atoms of which begin at `start`.
-NewContents newContentsOf(const InPlaceFile &file, qint64 start, const AACAttributes &attributes)
+/// What shall become of the atoms that `source` holds.
+NewContents newContentsOf(const AtomSource &source, const AACAttributes &attributes)
 {
-    const AtomSource source = AtomSource::ofFile(file, start);
     const auto tree = Atom::atomContainerFromFile(source);
     requireWhole(*tree, source);
     if (const QString error = change(*tree, attributes); !error.isEmpty())
@@ -114,7 +113,7 @@ try {
     if (!file)
         return failed(QStringLiteral("%1: %2").arg(qtTrId("ErrorCannotOpenForWrite"), error));
     const qint64 start = strayTagLengthOf(path, *file);
-    const NewContents made = newContentsOf(*file, start, attributes);
+    const NewContents made = newContentsOf(AtomSource::ofFile(*file, start, path), attributes);
     if (!made.error.isEmpty())
         return failed(made.error);
     if (!made.isChanged)

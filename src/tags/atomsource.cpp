@@ -26,13 +26,13 @@ AtomSource AtomSource::ofSong(const SongBytes &song, qint64 start)
         song.size() - start, song.path());
 }
 
-AtomSource AtomSource::ofFile(const InPlaceFile &file, qint64 start)
+AtomSource AtomSource::ofFile(const InPlaceFile &file, qint64 start, const QString &path)
 {
     return AtomSource(
         [&file, start](qint64 offset, qint64 length) {
             return file.read(start + offset, length).value_or(QByteArray());
         },
-        file.size() - start, QStringLiteral("file"));
+        file.size() - start, path);
 }
 
 AtomSource AtomSource::ofBytes(QByteArrayView bytes)

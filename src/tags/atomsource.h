@@ -15,7 +15,7 @@ class AtomSource {
 public:
     /// A file from `start` on, where its atoms begin.
     static AtomSource ofSong(const SongBytes &song, qint64 start);
-    static AtomSource ofFile(const InPlaceFile &file, qint64 start);
+    static AtomSource ofFile(const InPlaceFile &file, qint64 start, const QString &path);
     static AtomSource ofBytes(QByteArrayView bytes);
 
     [[nodiscard]] qint64 length() const { return mLength; }
