@@ -30,6 +30,9 @@ public:
     {
     }
 
+    /// Bytes that would be gone before the first is read.
+    explicit ByteReader(QByteArray &&) = delete;
+
     [[nodiscard]] qsizetype position() const { return mPosition; }
     [[nodiscard]] qsizetype remaining() const { return mBytes.size() - mPosition; }
     [[nodiscard]] bool atEnd() const { return remaining() == 0; }

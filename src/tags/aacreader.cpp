@@ -38,7 +38,8 @@ std::optional<QString> textIn(const Atom &item)
 
 std::optional<QString> trackIn(const Atom &item)
 {
-    ByteReader reader(startOfValue(item));
+    const QByteArray value = startOfValue(item);
+    ByteReader reader(value);
     if (reader.remaining() < 4)
         return std::nullopt;
     reader.skip(2);

@@ -71,9 +71,7 @@ void AtomReading::addChild(Atom &container, const AtomHeader &header, qint64 off
         if (header.size > static_cast<quint64>(length) && header.form == AtomSizeForm::Plain)
             atom->mTruncatedSize = static_cast<quint32>(header.size);
         // The body of a leaf with a 64-bit size begins with that.
-        setFile(*atom,
-                {offset + AtomHeader::plainLength,
-                 static_cast<qint64>(header.size) - AtomHeader::plainLength});
+        setFile(*atom, offset + AtomHeader::plainLength, header.size - AtomHeader::plainLength);
     }
     atom->mIsChanged = false;
     atom->mParent = &container;
@@ -110,19 +108,18 @@ bool AtomReading::beginsWithVersion(const ByteRange &body) const
     return !isName || size < AtomHeader::plainLength || size > body.length;
 }
 
-void AtomReading::setFile(Atom &leaf, ByteRange range) const
+void AtomReading::setFile(Atom &leaf, qint64 location, quint64 length) const
 {
-    if (range.length > mSource.length() - range.location) {
+    const qint64 there = mSource.length() - location;
+    if (length > static_cast<quint64>(there))
         qCWarning(logTags).noquote()
             << QStringLiteral("Atom (%1) will trunc setFile:withRange: %2 + %3 (%4) > %5")
-                   .arg(leaf.nameString(), QString::number(range.location),
-                        QString::number(range.length),
-                        QString::number(quint64(range.location) + quint64(range.length)),
+                   .arg(leaf.nameString(), QString::number(location), QString::number(length),
+                        QString::number(static_cast<quint64>(location) + length),
                         QString::number(mSource.length()));
-        range.length = mSource.length() - range.location;
-    }
     leaf.mFile = &mSource;
-    leaf.mFileRange = range;
+    leaf.mFileRange = {location,
+                       static_cast<qint64>(std::min(length, static_cast<quint64>(there)))};
 }
 
 std::unique_ptr<Atom> Atom::atomContainerFromFile(const AtomSource &source)

@@ -17,7 +17,7 @@ private:
     void addChildren(Atom &container, const ByteRange &range, int nesting);
     void addChild(Atom &container, const AtomHeader &header, qint64 offset, int nesting);
     void readContainer(Atom &atom, const ByteRange &range, const AtomHeader &header, int nesting);
-    void setFile(Atom &leaf, ByteRange range) const;
+    void setFile(Atom &leaf, qint64 location, quint64 length) const;
     [[nodiscard]] AtomHeader headerAt(qint64 offset, qint64 end, bool isTop) const;
     [[nodiscard]] bool beginsWithVersion(const ByteRange &body) const;
 

@@ -62,7 +62,8 @@ bool hasForeignHandler(const Atom &meta)
     const Atom *handler = meta.firstChild(handlerAtom);
     if (!handler)
         return false;
-    ByteReader type(handler->dataIn(handlerTypeAt, 4));
+    const QByteArray body = handler->dataIn(handlerTypeAt, 4);
+    ByteReader type(body);
     return type.remaining() < 4 || type.u32() != itemListHandler;
 }
 
