@@ -5,6 +5,9 @@
 
 namespace {
 
+/// By how much a text may grow: replacements that feed each other could double it again and again.
+constexpr qsizetype longestGrowth = 1 << 16;
+
 /// Case folded as QString's case-insensitive searches do it: one unit for one unit.
 char16_t fold(QChar c)
 {
@@ -41,15 +44,15 @@ struct Touched {
     qsizetype end = 0;
 };
 
-/// In one pass from left to right.
-Touched replace(QStringView text, QStringView folded, QStringView replacement,
+/// In one pass from left to right, as long as the result has no more than `longest` characters.
+Touched replace(QStringView text, QStringView folded, QStringView replacement, qsizetype longest,
                 SimplifierTable::Text &result)
 {
     result.clear();
     const auto append = [&result](QStringView part) { result.append(part.data(), part.size()); };
     std::optional<Touched> touched;
     qsizetype copied = 0;
-    for (qsizetype i = 0; i + folded.size() <= text.size();) {
+    for (qsizetype i = 0; i + folded.size() <= text.size() && result.size() <= longest;) {
         if (fold(text[i]) != folded.front() || !beginsWith(text.sliced(i), folded)) {
             ++i;
             continue;
@@ -125,13 +128,14 @@ void SimplifierTable::addOccurring(QStringView text, qsizetype begin, qsizetype 
 QStringView SimplifierTable::apply(QStringView text, Text &buffer, Text &other) const
 {
     Due due;
+    const qsizetype longest = text.size() + longestGrowth;
     if (!mSimplifiers.empty())
         addOccurring(text, 0, text.size(), 0, due);
     Text *result = &buffer;
-    while (!due.empty()) {
+    while (!due.empty() && text.size() <= longest) {
         const std::size_t position = due.front();
         const auto &[folded, replacement] = mSimplifiers[position];
-        const Touched touched = replace(text, folded, replacement, *result);
+        const Touched touched = replace(text, folded, replacement, longest, *result);
         text = *result;
         result = result == &buffer ? &other : &buffer;
         while (!due.empty() && due.front() == position) {

@@ -96,6 +96,17 @@ private Q_SLOTS:
         }
     }
 
+    /// Each character becomes two of the next one: all of them, tens of thousands of millions.
+    void growthHasAnEnd()
+    {
+        const QString characters = u"0123456789abcdefghijklmnopqrstuvwxy"_s;
+        Simplifiers doubling;
+        for (qsizetype i = 0; i + 1 < characters.size(); ++i)
+            doubling.insert(characters.sliced(i, 1), QString(2, characters[i + 1]));
+        setSimplifiersDictionary(doubling);
+        QVERIFY(HVUtility::simplifyString(u"0"_s).size() < 4 << 20);
+    }
+
     void comparisons()
     {
         QVERIFY(isStringSimpleEqual(u"The Lanterns"_s, u"lanterns!"_s));
