@@ -99,17 +99,15 @@ void SongReading::walk(SongList discarded)
 {
     discarded.clear();
     mSource.readEntries(*this);
-    const std::scoped_lock lock(mMutex);
     pushChunk();
+    const std::scoped_lock lock(mMutex);
     mCount.isFinal = true;
     mWorkCame.notify_all();
 }
 
 bool SongReading::add(SourceEntry entry)
 {
-    const std::scoped_lock lock(mMutex);
     mFound.push_back(std::move(entry));
-    ++mCount.entries;
     if (mFound.size() == songsOfChunk)
         pushChunk();
     return goesOn();
@@ -121,13 +119,14 @@ void SongReading::problem(const QString &subject, const QString &reason)
     mProblems.append({subject, reason});
 }
 
-/// Called with the lock held.
 void SongReading::pushChunk()
 {
     if (mFound.empty())
         return;
     auto chunk = std::make_shared<Chunk>();
     chunk->entries = std::exchange(mFound, {});
+    const std::scoped_lock lock(mMutex);
+    mCount.entries += static_cast<qsizetype>(chunk->entries.size());
     mChunks.push_back(chunk);
     mUnread.push_back(std::move(chunk));
     mWorkCame.notify_one();

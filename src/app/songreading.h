@@ -94,12 +94,13 @@ private:
     SongFileInfoCache *mCache;
     Wake mWake;
 
+    std::vector<SourceEntry> mFound; ///< less than a chunk, of the thread that walks
+
     mutable std::mutex mMutex; ///< of what follows
     std::condition_variable mWorkCame;
     std::condition_variable mThreadEnded;
     std::deque<std::shared_ptr<Chunk>> mChunks; ///< from the next one to take on
     std::deque<std::shared_ptr<Chunk>> mUnread; ///< from the next one to read on
-    std::vector<SourceEntry> mFound; ///< less than a chunk
     QList<Problem> mProblems;
     Count mCount;
     int mThreads = 0; ///< that have not ended

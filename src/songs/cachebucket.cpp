@@ -180,6 +180,18 @@ private:
         return whole<QString>([this] { return mReader.readString(); });
     }
 
+    /// Valid until the next one is read.
+    QLatin1String key()
+    {
+        demand(mReader.isString());
+        const auto chunk = mReader.readStringChunk(mKey.data(), std::ssize(mKey));
+        demand(chunk.status == QCborStreamReader::Ok);
+        std::array<char, 1> rest;
+        demand(mReader.readStringChunk(rest.data(), std::ssize(rest)).status
+               == QCborStreamReader::EndOfString);
+        return QLatin1String(mKey.data(), chunk.data);
+    }
+
     QByteArray bytes()
     {
         demand(mReader.isByteArray());
@@ -213,12 +225,12 @@ private:
     {
         CachedInfo info;
         for (enter(mReader.isMap()); !atEndOfContainer();)
-            readEntry(info, text());
+            readEntry(info, key());
         leave();
         return info;
     }
 
-    void readEntry(CachedInfo &info, const QString &key)
+    void readEntry(CachedInfo &info, QLatin1String key)
     {
         for (const auto &[name, field] : textKeys) {
             if (key == name) {
@@ -238,7 +250,7 @@ private:
             readRest(info, key);
     }
 
-    void readRest(CachedInfo &info, const QString &key)
+    void readRest(CachedInfo &info, QLatin1String key)
     {
         if (key == artworksKey) {
             const qint64 count = integer();
@@ -256,6 +268,7 @@ private:
     }
 
     QCborStreamReader mReader;
+    std::array<char, 8> mKey; ///< as long as the longest one, and longer
     QList<QByteArray> mIcons;
     CacheBucket mBucket;
 };

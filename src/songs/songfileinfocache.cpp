@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <mutex>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -84,7 +85,7 @@ CachedInfoPointer SongFileInfoCache::storedInfo(const QString &forSongFileAtPath
     Bucket *bucket = hostDictionaryForPath(forSongFileAtPath);
     if (!bucket)
         return nullptr;
-    const std::scoped_lock lock(bucket->mutex);
+    const std::shared_lock lock(bucket->mutex);
     return bucket->songs.value(forSongFileAtPath);
 }
 
@@ -114,14 +115,28 @@ SongFileInfoCache::Bucket *SongFileInfoCache::hostDictionaryForPath(const QStrin
     if (key)
         *key = bucketKey;
     Bucket &bucket = bucketOf(bucketKey);
-    const std::scoped_lock lock(bucket.mutex); // others of this bucket wait until it is loaded
-    if (!std::exchange(bucket.isLoaded, true))
-        bucket.songs = load(bucketKey);
+    if (!bucket.isLoaded)
+        loadBucket(bucketKey, bucket);
     return &bucket;
+}
+
+/// Others who ask for songs of the bucket wait until it is loaded.
+void SongFileInfoCache::loadBucket(const QString &key, Bucket &bucket) const
+{
+    const std::scoped_lock lock(bucket.mutex);
+    if (bucket.isLoaded)
+        return;
+    bucket.songs = load(key);
+    bucket.isLoaded = true;
 }
 
 SongFileInfoCache::Bucket &SongFileInfoCache::bucketOf(const QString &key)
 {
+    {
+        const std::shared_lock lock(mMutex);
+        if (const auto bucket = mMemoryCache.find(key); bucket != mMemoryCache.end())
+            return *bucket->second;
+    }
     const std::scoped_lock lock(mMutex);
     auto &bucket = mMemoryCache[key];
     if (!bucket)
@@ -187,7 +202,7 @@ void SongFileInfoCache::write(const QString &key, Bucket &bucket)
 {
     CacheBucket songs;
     {
-        const std::scoped_lock lock(bucket.mutex);
+        const std::shared_lock lock(bucket.mutex);
         songs = bucket.songs;
     }
     const QString problem = replaceFile(key, std::move(songs));

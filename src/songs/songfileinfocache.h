@@ -10,8 +10,8 @@
 #include <atomic>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <set>
+#include <shared_mutex>
 
 /// Summaries of songs' tags on disk, by path, each valid as long as its file is unchanged. They
 /// are read when a song of their bucket is first asked for, and written a while after the last
@@ -45,12 +45,13 @@ public:
 
 private:
     struct Bucket {
-        std::mutex mutex; ///< of what follows
-        bool isLoaded = false;
+        std::atomic<bool> isLoaded = false;
+        std::shared_mutex mutex; ///< of what follows
         CacheBucket songs;
     };
 
     [[nodiscard]] Bucket *hostDictionaryForPath(const QString &path, QString *key = nullptr);
+    void loadBucket(const QString &key, Bucket &bucket) const;
     [[nodiscard]] Bucket &bucketOf(const QString &key);
     [[nodiscard]] QString fileOf(const QString &key) const;
     [[nodiscard]] CacheBucket load(const QString &key) const;
@@ -61,7 +62,7 @@ private:
     [[nodiscard]] QString replaceFile(const QString &key, CacheBucket songs) const;
 
     QString mCacheBasePath;
-    std::mutex mMutex; ///< of the memory cache, not of its buckets
+    std::shared_mutex mMutex; ///< of the memory cache, not of its buckets
     std::map<QString, std::unique_ptr<Bucket>> mMemoryCache;
     std::set<QString> mDirtyDicts; ///< keys of buckets to be written
     QTimer mMemoryCacheWriteTimer;

@@ -3,6 +3,7 @@
 #include "base/texts.h"
 #include "gathering/librarylending.h"
 #include "itunes/itunesinterface.h"
+#include "songs/songfileinfocache.h"
 #include "support/httpserver.h"
 #include "support/songs.h"
 #include "support/table.h"
@@ -120,6 +121,18 @@ private Q_SLOTS:
         QCOMPARE(mWorkList->songsModified(), 1);
         QCOMPARE(mLines.first(), u"Set Album, Year of “Neon Rain”"_s);
         QCOMPARE(mLines.last(), u"Finished: 2 songs processed, 1 modified"_s);
+    }
+
+    void doneSongIsShownByItsNewSummary()
+    {
+        SongFileInfoCache cache(mFolder->filePath(u"cache"_s));
+        mWorkList->setInfoCache(&cache);
+        const auto neonRain = song(u"Neon Rain"_s);
+        run({neonRain}, albumAndYear);
+        QVERIFY(neonRain->infotag()->isLazy());
+        QCOMPARE(neonRain->infotag()->album(), u"Paper Moons"_s);
+        QVERIFY(cache.isDirty());
+        mWorkList.reset();
     }
 
     void songThatNothingCanBeFoundForIsSkipped()
