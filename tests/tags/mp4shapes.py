@@ -3,7 +3,7 @@
 import re
 from struct import pack, unpack_from
 
-from outside import make_sound, run
+from outside import make_sound
 
 CONTAINERS = set("moov trak mdia minf stbl udta meta ilst edts moof traf mvex mfra".split())
 ZERO = "\0\0\0\0"
@@ -76,8 +76,9 @@ def user_data(*items, behind=b"", beside=b"", head=bytes(4)):
 
 
 TITLE, ARTIST = text("\xa9nam", "Harbour Lights"), text("\xa9ART", "Nila Oster")
-NUMBERS = [atom("trkn", value(0, pack(">4H", 0, 2, 9, 0))), atom("tmpo", value(21, pack(">H", 120))),
-           atom("cpil", value(21, b"\1")), atom("disk", value(0, pack(">3H", 0, 1, 2)))]
+NUMBERS = [atom("trkn", value(0, pack(">4H", 0, 2, 9, 0))),
+           atom("tmpo", value(21, pack(">H", 120))), atom("cpil", value(21, b"\1")),
+           atom("disk", value(0, pack(">3H", 0, 1, 2)))]
 OTHERS = [text("aART", "Various"), text("\xa9alb", "Quiet Rooms"), text("\xa9day", "1998-05-01"),
           text("\xa9gen", "Jazz"), text("\xa9lyr", "la\nla"), text("\xa9too", "Ω tool"),
           freeform("iTunNORM", "0001"), freeform("mood", "ruhig Ω"), *NUMBERS]

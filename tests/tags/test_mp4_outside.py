@@ -161,10 +161,11 @@ def readings(paths):
     """What each reader sees, by shape."""
     exiftool = by_exiftool(list(paths.values()))
     with ThreadPoolExecutor(os.cpu_count()) as threads:
+        ffmpeg = threads.map(by_ffmpeg, paths.values())
         return {name: {"ffmpeg": seen, "mutagen": by_mutagen(path),
                        "exiftool": exiftool.get(str(path), {})}
                 | ({"kid3": by_kid3(path)} if name == "meta without version" else {})
-                for (name, path), seen in zip(paths.items(), threads.map(by_ffmpeg, paths.values()))}
+                for (name, path), seen in zip(paths.items(), ffmpeg)}
 
 
 def check_readers(what, name, before, after, fields):
