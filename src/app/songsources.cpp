@@ -25,8 +25,10 @@ void readFolder(const QString &path, EntrySink &sink)
 void readLibrary(const QString &path, const MovedFolders &moved, EntrySink &sink)
 {
     const LibraryReading reading = readLibraryFile(path);
+    if (!reading.problem.isEmpty())
+        sink.problem(path, reading.problem);
     if (!reading.library)
-        return sink.problem(path, reading.problem);
+        return;
     for (const LibraryTrack &track : reading.library->tracks())
         if (const auto file = pathOfLocation(track.location, moved))
             if (!sink.add({*file, track.id}))

@@ -126,8 +126,9 @@ std::optional<LibraryFile> LibraryLocation::musicLibraryDictionary()
     if (!path)
         return {};
     LibraryReading reading = readLibraryFile(*path);
-    if (!reading.library)
-        qCWarning(logItunes, "Could not read music library %s (%s)", qUtf8Printable(*path),
+    if (!reading.problem.isEmpty())
+        qCWarning(logItunes, "Could not read %smusic library %s (%s)",
+                  reading.library ? "all of " : "", qUtf8Printable(*path),
                   qUtf8Printable(reading.problem));
     return std::move(reading.library);
 }

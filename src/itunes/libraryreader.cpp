@@ -71,7 +71,7 @@ public:
     {
     }
 
-    LibraryFile library();
+    LibraryReading read();
 
 private:
     // Each reads the value whose start tag was just read and leaves its end tag behind; a value of
@@ -98,14 +98,16 @@ private:
     std::vector<LibraryTrack> mTracks;
     std::vector<LibraryPlaylist> mPlaylists;
     QSet<QString> mShared;
+    qint64 mOfOtherTypes = 0; ///< values that were passed over
 };
 
 bool LibraryReader::isA(QStringView type)
 {
-    const bool isOne = mElements.name() == type;
-    if (!isOne)
-        mElements.skip();
-    return isOne;
+    if (mElements.name() == type)
+        return true;
+    ++mOfOtherTypes;
+    mElements.skip();
+    return false;
 }
 
 std::optional<QStringView> LibraryReader::text()
@@ -113,6 +115,7 @@ std::optional<QStringView> LibraryReader::text()
     for (const QStringView type : {u"string", u"integer", u"real", u"date"})
         if (mElements.name() == type)
             return mElements.text();
+    ++mOfOtherTypes;
     mElements.skip();
     return {};
 }
@@ -249,7 +252,7 @@ void LibraryReader::playlists()
     }
 }
 
-LibraryFile LibraryReader::library()
+LibraryReading LibraryReader::read()
 {
     mElements.begin();
     if (mElements.name() != u"dict")
@@ -263,11 +266,14 @@ LibraryFile LibraryReader::library()
             mElements.skip();
     }
     mElements.finish();
-    return {inOrderOfKeys(std::move(mTracks), mKeys), std::move(mPlaylists)};
+    const QString problem = mOfOtherTypes == 0
+        ? QString()
+        : QStringLiteral("%1 values of unexpected types").arg(mOfOtherTypes);
+    return {LibraryFile(inOrderOfKeys(std::move(mTracks), mKeys), std::move(mPlaylists)), problem};
 }
 
 /// A binary list is turned into XML as a whole: no version is known to keep a large library in one.
-LibraryFile readBinary(QIODevice *device)
+LibraryReading readBinary(QIODevice *device)
 {
     const PropertyList::Parsed parsed = PropertyList::parse(device->readAll());
     if (!parsed.value.isValid())
@@ -275,14 +281,14 @@ LibraryFile readBinary(QIODevice *device)
     QByteArray xml = PropertyList::toXml(parsed.value);
     QBuffer buffer(&xml);
     buffer.open(QIODevice::ReadOnly);
-    return LibraryReader(&buffer).library();
+    return LibraryReader(&buffer).read();
 }
 
-LibraryFile read(QIODevice *device)
+LibraryReading read(QIODevice *device)
 {
     if (device->size() > maxSize)
         throw MalformedData(QStringLiteral("larger than 1 GB"));
-    return device->peek(6) == "bplist" ? readBinary(device) : LibraryReader(device).library();
+    return device->peek(6) == "bplist" ? readBinary(device) : LibraryReader(device).read();
 }
 
 } // namespace
@@ -290,7 +296,7 @@ LibraryFile read(QIODevice *device)
 LibraryReading readLibraryFile(QIODevice *device)
 {
     try {
-        return {read(device), {}};
+        return read(device);
     } catch (const MalformedData &damage) {
         return {{}, damage.reason()};
     }
