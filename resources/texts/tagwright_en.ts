@@ -152,8 +152,8 @@
         <translation>%1 (%2 remaining)</translation>
     </message>
     <message id="PlaylistNotFoundMessage">
-        <source>There is no playlist “%1”</source>
-        <translation>There is no playlist “%1”</translation>
+        <source>There is no playlist “%1” that can be read</source>
+        <translation>There is no playlist “%1” that can be read</translation>
     </message>
     <message id="ReasonFileBusy">
         <source>Another write to the file is under way</source>

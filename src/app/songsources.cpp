@@ -113,5 +113,5 @@ std::optional<QList<TrackIdentifiers>> tracksOfPlaylist(iTunesInterface &itunes,
         itunes.displayPlaylist(name);
     if (auto tracks = itunes.identifiersForPlaylistIndex(index))
         return tracks;
-    return tracksOneByOne(itunes, index, count);
+    return count < 0 ? std::nullopt : std::optional(tracksOneByOne(itunes, index, count));
 }

@@ -125,32 +125,33 @@ const std::vector<CatalogTrack> *TrackCatalog::tracksOf(int index)
     if (index < 1 || static_cast<size_t>(index) > lists.size())
         return nullptr;
     if (std::exchange(mTracksOf, index) != index)
-        readTracks(lists[static_cast<size_t>(index) - 1]);
-    return &mTracks;
+        mHasReadTracks = readTracks(lists[static_cast<size_t>(index) - 1]);
+    return mHasReadTracks ? &mTracks : nullptr;
 }
 
-void TrackCatalog::readTracks(const CatalogPlaylist &playlist)
+bool TrackCatalog::readTracks(const CatalogPlaylist &playlist)
 {
     mTracks.clear();
-    if (playlist.file.isEmpty())
-        readTracksOfLibrary(playlist.list);
-    else
-        readTracksOfFile(playlist.file);
+    if (!playlist.file.isEmpty())
+        return readTracksOfFile(playlist.file);
+    readTracksOfLibrary(playlist.list);
+    return true;
 }
 
-void TrackCatalog::readTracksOfFile(const QString &playlistFile)
+bool TrackCatalog::readTracksOfFile(const QString &playlistFile)
 {
     const PlaylistReading reading = readPlaylistFile(playlistFile, mPlaces.moved);
     if (!reading.playlist) {
         qCWarning(logItunes, "Could not read playlist %s (%s)", qUtf8Printable(playlistFile),
                   qUtf8Printable(reading.problem));
-        return;
+        return false;
     }
     if (const auto missing = reading.playlist->missing.size())
         qCWarning(logItunes, "The playlist %s names %lld songs that are not there",
                   qUtf8Printable(playlistFile), static_cast<long long>(missing));
     for (const QString &path : reading.playlist->paths)
         mTracks.push_back({nullptr, path});
+    return true;
 }
 
 /// Without a list, all tracks.

@@ -46,8 +46,8 @@ public:
     /// The first playlist of that name; "Library" is the library in every language. 0 when there
     /// is none.
     [[nodiscard]] int indexOf(const QString &name);
-    /// Null when there is no such playlist; valid until the next question. What the last one asked
-    /// for holds is kept, since it is asked for track by track, too.
+    /// Null when there is no such playlist or it cannot be read; valid until the next question.
+    /// What the last one asked for holds is kept, since it is asked for track by track, too.
     [[nodiscard]] const std::vector<CatalogTrack> *tracksOf(int index);
     /// Lets the next tracksOf() look afresh.
     void forgetTracks() { mTracksOf = 0; }
@@ -65,8 +65,9 @@ private:
     [[nodiscard]] const LibraryFile *library();
     void readLibrary();
     void listPlaylists();
-    void readTracks(const CatalogPlaylist &playlist);
-    void readTracksOfFile(const QString &playlistFile);
+    // False when it cannot be read.
+    bool readTracks(const CatalogPlaylist &playlist);
+    bool readTracksOfFile(const QString &playlistFile);
     void readTracksOfLibrary(const LibraryPlaylist *list);
 
     MusicPlaces mPlaces;
@@ -81,5 +82,6 @@ private:
     QStringList mPlaylistFiles;
     std::vector<CatalogTrack> mTracks;
     int mTracksOf = 0; ///< index of the playlist that they are of; 0: none
+    bool mHasReadTracks = false;
     bool mHasListedFiles = false;
 };
