@@ -25,6 +25,9 @@ constexpr auto patienceWithOthers = 2000ms;
 /// What the cache file holds; nothing where there is none. Throws MalformedData.
 CacheBucket bucketInFile(const QString &path)
 {
+    const auto attributes = FileAttributes::at(path);
+    if (attributes && !attributes->isRegular()) // opening a pipe would wait
+        throw MalformedData(QStringLiteral("it is no file"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};

@@ -128,6 +128,10 @@ private Q_SLOTS:
             QTest::ignoreMessage(QtWarningMsg, qPrintable(u"Couldn't unarchive %1"_s.arg(mFile)));
             QVERIFY(!stored());
         }
+        QFile::remove(mFile);
+        QCOMPARE(::mkfifo(qPrintable(mFile), 0600), 0); // whoever opened it would wait
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(u"Couldn't unarchive %1"_s.arg(mFile)));
+        QVERIFY(!stored());
         QTest::ignoreMessage(QtWarningMsg, qPrintable(u"Couldn't unarchive %1"_s.arg(mFile)));
         store();
         QVERIFY(stored());
