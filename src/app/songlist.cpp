@@ -86,7 +86,7 @@ void LoadedSongs::deliver()
             add(read);
     }
     for (const auto &[subject, reason] : mReading->takeProblems())
-        logProblem(QStringLiteral("%1: %2"), subject, reason);
+        logProblem(QStringLiteral("%1: %2").arg(subject, reason), subject, reason);
     if (mAllSongs.size() > before)
         Q_EMIT songsAdded(static_cast<qsizetype>(mAllSongs.size() - before));
     showProgress();
@@ -105,10 +105,12 @@ void LoadedSongs::add(const ReadEntry &read)
     case ReadEntry::Result::NoRecord:
         // A folder's or library's small and missing files are passed over: they are no songs.
         if (mSource.kind == SourceKind::Playlist)
-            logProblem(QStringLiteral("%2 %1"), read.entry.path, qtTrId("NoInitializeSong"));
+            logProblem(QStringLiteral("%1 %2").arg(qtTrId("NoInitializeSong"), read.entry.path),
+                       read.entry.path, qtTrId("ErrorNoSong"));
         break;
     case ReadEntry::Result::NoTag:
-        logProblem(QStringLiteral("%2 %1"), read.entry.path, qtTrId("NoInitializeTag"));
+        logProblem(QStringLiteral("%1 %2").arg(qtTrId("NoInitializeTag"), read.entry.path),
+                   read.entry.path, read.song->reasonOfNoTag());
         break;
     case ReadEntry::Result::Song:
         addSong(read);
@@ -147,7 +149,7 @@ std::shared_ptr<SongFile> LoadedSongs::recordFor(const ReadEntry &read) const
 
 void LoadedSongs::logProblem(const QString &line, const QString &subject, const QString &reason)
 {
-    mLog.addLog(line.arg(subject, reason), LogColor::Error);
+    mLog.addLog(line, LogColor::Error);
     Q_EMIT problemFound(subject, reason);
 }
 
