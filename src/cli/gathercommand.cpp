@@ -8,6 +8,7 @@
 #include "cli/songopening.h"
 #include "cli/sourceloading.h"
 
+#include <QFileInfo>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -38,7 +39,7 @@ public:
     {
         QSet<QString> known;
         for (const auto &song : songs)
-            known.insert(song->path());
+            known.insert(QFileInfo(song->path()).absoluteFilePath());
         for (const auto &song : more) {
             if (known.contains(song->path()))
                 continue;
