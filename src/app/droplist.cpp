@@ -1,10 +1,8 @@
 #include "app/droplist.h"
 
-#include "base/folderwalk.h"
+#include "base/nextturn.h"
 #include "gathering/librarylending.h"
 #include "tags/filetype.h"
-
-#include <QFileInfo>
 
 #include <utility>
 
@@ -13,6 +11,8 @@ using namespace std::chrono_literals;
 namespace {
 constexpr auto beforeFirstSong = 200ms;
 constexpr auto afterNoSong = 100ms;
+/// While the list is done and a folder is still looked through.
+constexpr auto beforeNextLook = 100ms;
 
 /// Of every kind there is, also those that no source supplies.
 constexpr Assets everyAsset = AssetArtwork | AssetAlbumName | AssetArtist | AssetYear
@@ -35,20 +35,44 @@ DropList::DropList(GatherContext &context, const PrefsController &prefs, iTunesI
     connect(&mNextStep, &QTimer::timeout, this, &DropList::processNextInDropList);
 }
 
-DropList::~DropList() = default;
-
-bool DropList::openFile(const QString &path)
+DropList::~DropList()
 {
-    if (!QFileInfo(path).isDir())
-        return QFileInfo::exists(path) && addToDropList(path);
-    bool isAnyTaken = false;
-    walkFolder(path,
-               {.file = [&](const QString &file) { isAnyTaken |= addToDropList(file); },
-                .problem =
-                    [this](const QString &name, const QString &reason) {
-                        mLog.addLog(QStringLiteral("%1: %2").arg(name, reason), LogColor::Error);
-                    }});
-    return isAnyTaken;
+    for (const Search &search : mSearches)
+        search.songs->abandon();
+}
+
+void DropList::openFile(const QString &path, Answer answer)
+{
+    const auto search = mSearches.insert(mSearches.end(), {nullptr, std::move(answer), false});
+    search->songs = SongSearch::start(
+        path, *this,
+        {.found =
+             [this, search](const QStringList &paths) {
+                 for (const QString &song : paths)
+                     search->isAnyTaken |= addToDropList(song);
+             },
+         .problem =
+             [this](const QString &name, const QString &reason) {
+                 mLog.addLog(QStringLiteral("%1: %2").arg(name, reason), LogColor::Error);
+             },
+         .ended = [this, search] { endSearch(search); }});
+}
+
+void DropList::endSearch(Searches::iterator search)
+{
+    const Search ended = std::move(*search);
+    mSearches.erase(search);
+    if (ended.answer)
+        onNextTurn(this, [ended] { ended.answer(ended.isAnyTaken); });
+}
+
+/// Each has its answer all the same.
+void DropList::abandonSearches()
+{
+    while (!mSearches.empty()) {
+        mSearches.front().songs->abandon();
+        endSearch(mSearches.begin());
+    }
 }
 
 bool DropList::addToDropList(const QString &path)
@@ -76,6 +100,7 @@ void DropList::begin()
 
 void DropList::cancel()
 {
+    abandonSearches();
     if (!isActive() || std::exchange(mIsCancelled, true))
         return;
     if (mCurrentDropTask)
@@ -89,8 +114,11 @@ void DropList::processNextInDropList()
 {
     if (mCurrentDropTask)
         finishTask();
-    if (mIsCancelled || mNext == mDropList.size())
+    const bool isDone = mNext == mDropList.size();
+    if (mIsCancelled || (isDone && mSearches.empty()))
         return end();
+    if (isDone)
+        return mNextStep.start(beforeNextLook);
     showPosition();
     processSong(mDropList.at(mNext++));
 }

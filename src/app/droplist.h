@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/prefscontroller.h"
+#include "app/songsearch.h"
 #include "app/userlog.h"
 #include "base/progress.h"
 #include "gathering/gathercontext.h"
@@ -12,6 +13,8 @@
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
+#include <list>
 #include <memory>
 
 class iTunesInterface;
@@ -28,8 +31,10 @@ public:
              UserLog &log);
     ~DropList() override;
 
-    /// A file, or a folder for every file in it at any depth. Whether any of them was taken.
-    bool openFile(const QString &path);
+    using Answer = std::function<void(bool isAnyTaken)>;
+    /// A file, or a folder for every file in it at any depth. The answer comes on a later turn,
+    /// once all of it was looked through: a folder may be on a disc that is slow or never answers.
+    void openFile(const QString &path, Answer answer = {});
     /// Takes what claims by its name to be a song and is not in the list.
     bool addToDropList(const QString &path);
     /// Nothing further is begun; the song in hand is left as it is. Its end is told of.
@@ -52,6 +57,15 @@ Q_SIGNALS:
     void finished();
 
 private:
+    struct Search {
+        std::shared_ptr<SongSearch> songs;
+        Answer answer;
+        bool isAnyTaken = false;
+    };
+    using Searches = std::list<Search>;
+
+    void endSearch(Searches::iterator search);
+    void abandonSearches();
     void begin();
     void processNextInDropList();
     void finishTask();
@@ -66,6 +80,7 @@ private:
     const PrefsController &mPrefs;
     iTunesInterface &mItunes;
     UserLog &mLog;
+    Searches mSearches;
     QStringList mDropList; ///< every path that was taken
     QSet<QString> mKnownPaths; ///< the same
     qsizetype mNext = 0; ///< position in mDropList of the first that was not begun

@@ -45,15 +45,28 @@ private Q_SLOTS:
         QDir(mFolder->path()).mkpath(u"deep/er"_s);
         const auto song = borrower(u"deep/er/song.mp3"_s);
         writeFile(path(u"deep/cover.jpg"_s), "x");
-        QVERIFY(mDrops->openFile(path(u"deep"_s)));
-        QVERIFY(!mDrops->openFile(path(u"deep"_s)));
-        QVERIFY(!mDrops->openFile(song));
-        QVERIFY(!mDrops->openFile(path(u"deep/cover.jpg"_s)));
-        QVERIFY(!mDrops->openFile(path(u"none.mp3"_s)));
-        QCOMPARE(mDrops->progress().value(), 0);
-        QCOMPARE(mDrops->fileLine(), u"Looking for songs …"_s);
+        QStringList answers;
+        for (const auto *name : {"deep", "deep", "deep/er/song.mp3", "deep/cover.jpg", "none.mp3"})
+            mDrops->openFile(path(QLatin1String(name)), [&answers, name](bool isAnyTaken) {
+                answers << QLatin1String(name) + (isAnyTaken ? u" taken"_s : QString());
+            });
+        QVERIFY(!mDrops->isActive()); // nothing was looked at yet
         finish();
+        QTRY_COMPARE(answers.size(), 5);
+        QCOMPARE(answers.filter(u" taken"_s).size(), 1);
+        QCOMPARE(mDrops->fileLine(), u"song.mp3"_s);
         QVERIFY(mDrops->addToDropList(song)); // a new list
+    }
+
+    void cancelledSearchIsAnswered()
+    {
+        QSignalSpy added(mDrops.get(), &DropList::changed);
+        borrower(u"song.mp3"_s);
+        bool isTaken = true;
+        mDrops->openFile(mFolder->path(), [&isTaken](bool isAny) { isTaken = isAny; });
+        mDrops->cancel();
+        QTRY_VERIFY(!isTaken);
+        QCOMPARE(added.size(), 0);
     }
 
     void songGetsWhatItLacksAndKeepsTheRest()
