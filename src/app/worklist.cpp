@@ -87,6 +87,7 @@ void WorkList::beginGathering(const SongList &songs, const GatheringOptions &opt
     if (mIsRunning)
         return;
     mIsRunning = true;
+    mKeptJournal.emplace();
     mIsCancelled = false;
     mWrite = write;
     mSongsProcessed = 0;
@@ -234,7 +235,9 @@ void WorkList::writeSong(SongOutcome &outcome)
     const AudioInfoTag *tag = outcome.song->infotag();
     if (mWrite == WriteSongs::No || !tag || !tag->tagHasBeenModified())
         return;
-    const auto write = outcome.song->writeToOriginalPath(mWriteOptions, &mItunes);
+    WriteOptions options = mWriteOptions;
+    options.keptJournal = &*mKeptJournal;
+    const auto write = outcome.song->writeToOriginalPath(options, &mItunes);
     outcome.written = write.kind == InPlaceFile::Outcome::Kind::Written;
     if (write.kind != InPlaceFile::Outcome::Kind::Failed)
         return;
@@ -303,6 +306,7 @@ void WorkList::endRun()
         if (song->activityStatus() == SongStatus::Pending)
             song->setDefaultActivityStatus();
     mIsRunning = false;
+    mKeptJournal.reset();
     if (mIsCancelled)
         mLog.addLog(qtTrId("LogCancelled"), LogColor::Cancel);
     else

@@ -2,6 +2,7 @@
 
 #include "app/prefscontroller.h"
 #include "app/userlog.h"
+#include "base/writejournal.h"
 #include "gathering/songinfotask.h"
 
 #include <QObject>
@@ -10,6 +11,7 @@
 #include <chrono>
 #include <deque>
 #include <memory>
+#include <optional>
 
 class SongFileInfoCache;
 class iTunesInterface;
@@ -105,6 +107,7 @@ private:
     std::unique_ptr<SongInfoTask> mCurrentInfoTask;
     GatheringOptions mOptions;
     WriteOptions mWriteOptions;
+    std::optional<KeptJournal> mKeptJournal; ///< while songs are worked on
     WriteSongs mWrite = WriteSongs::Yes;
     Assets mAllSourceAssetsAvailable;
     QTimer mNextStep; ///< the loop's next step, on a later turn

@@ -41,7 +41,7 @@ public:
     [[nodiscard]] int file() const { return mFile.get(); }
     [[nodiscard]] const FileAttributes &attributes() const { return mAttributes; }
 
-    Outcome replaceContents(const FileContents &contents, KeepTime keepTime)
+    Outcome replaceContents(const FileContents &contents, KeepTime keepTime, KeptJournal *kept)
     {
         JournalledWrite write = {
             .path = mPath, .before = mAttributes, .keepTime = keepTime, .plan = {}};
@@ -49,7 +49,7 @@ public:
             return failed(reasonOf(error));
         if (write.plan.isEmpty())
             return {};
-        auto [journal, error] = WriteJournal::begin(write, file());
+        auto [journal, error] = WriteJournal::begin(write, file(), kept);
         if (!journal)
             return failed(qtTrId("ReasonNoJournal").arg(journalFolder(), reasonOf(error)));
         if (const QString change = changeSinceOpened(); !change.isEmpty()) {
@@ -142,10 +142,11 @@ std::optional<QByteArray> InPlaceFile::read(qint64 offset, qint64 length) const
     return bytes;
 }
 
-InPlaceFile::Outcome InPlaceFile::replaceContents(const FileContents &contents, KeepTime keepTime)
+InPlaceFile::Outcome InPlaceFile::replaceContents(const FileContents &contents, KeepTime keepTime,
+                                                  KeptJournal *kept)
 {
     ignoreSizeLimitSignal();
-    return d->replaceContents(contents, keepTime);
+    return d->replaceContents(contents, keepTime, kept);
 }
 
 void recoverInterruptedWrites()

@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 
+class KeptJournal;
+
 /// A file whose contents are changed in place (same inode, hard links, owner, birth time) so
 /// that kill, crash, full disk or power failure leave either the old bytes or the new ones.
 ///
@@ -42,8 +44,10 @@ public:
     };
 
     /// Makes the file hold `contents`. Nothing is touched when it holds them already. The file is
-    /// refused when it was written or replaced since it was opened.
-    [[nodiscard]] Outcome replaceContents(const FileContents &contents, KeepTime keepTime);
+    /// refused when it was written or replaced since it was opened. Whoever writes many files
+    /// hands in a journal that is kept from one to the next.
+    [[nodiscard]] Outcome replaceContents(const FileContents &contents, KeepTime keepTime,
+                                          KeptJournal *kept = nullptr);
 
 private:
     class Private;

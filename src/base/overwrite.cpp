@@ -13,11 +13,17 @@ namespace {
 /// still where they were.
 class OldBytes {
 public:
-    OldBytes(int song, int savedBytes, const WritePlan &plan)
+    OldBytes(int song, const SavedBytes &savedBytes, const WritePlan &plan)
         : mSong(song)
-        , mSavedBytes(savedBytes)
-        , mSaved(plan.lostRanges())
+        , mSavedBytes(savedBytes.file)
     {
+        qint64 next = savedBytes.packedFrom;
+        for (const FileRange &lost : plan.lostRanges()) {
+            const bool isPacked = savedBytes.packedFrom != 0;
+            mSaved.push_back(
+                {lost, isPacked ? next - lost.offset : WriteJournal::savedBytesOffset});
+            next += lost.length;
+        }
     }
 
     /// Copies a range of the old bytes to where it shall be in the song.
@@ -39,25 +45,30 @@ public:
 
     [[nodiscard]] std::error_code restore() const
     {
-        for (const FileRange &range : mSaved)
-            if (const auto error = copyTo(range.offset, range))
+        for (const Saved &saved : mSaved)
+            if (const auto error = copyTo(saved.range.offset, saved.range))
                 return error;
         return {};
     }
 
 private:
+    struct Saved {
+        FileRange range; ///< of the song
+        qint64 shift = 0; ///< how much further on it stands in the journal
+    };
+
     /// Calls with the file that holds a part, how much further on it stands there, and the part.
     template<typename Call>
     std::error_code forEachPart(FileRange range, Call call) const
     {
         qint64 done = range.offset;
-        for (const FileRange &saved : mSaved) {
+        for (const auto &[saved, shift] : mSaved) {
             const FileRange part = range.intersected(saved);
             if (part.length == 0)
                 continue;
             if (const auto error = call(mSong, 0, {done, part.offset - done}))
                 return error;
-            if (const auto error = call(mSavedBytes, WriteJournal::savedBytesOffset, part))
+            if (const auto error = call(mSavedBytes, shift, part))
                 return error;
             done = part.end();
         }
@@ -66,7 +77,7 @@ private:
 
     int mSong;
     int mSavedBytes;
-    std::vector<FileRange> mSaved;
+    std::vector<Saved> mSaved;
 };
 
 /// Takes the room that the song needs to grow, so that a full disk shows up while all its bytes
@@ -216,7 +227,7 @@ private:
 
 } // namespace
 
-std::error_code overwrite(int song, int savedBytes, const WritePlan &plan)
+std::error_code overwrite(int song, const SavedBytes &savedBytes, const WritePlan &plan)
 {
     if (const auto error = reserve(song, plan))
         return error;
@@ -228,7 +239,7 @@ std::error_code overwrite(int song, int savedBytes, const WritePlan &plan)
     return syncData(song);
 }
 
-std::error_code rollBack(int song, int savedBytes, const WritePlan &plan)
+std::error_code rollBack(int song, const SavedBytes &savedBytes, const WritePlan &plan)
 {
     // The size first: it gives back the room that the growth took, which the bytes may need.
     if (const auto error = setSize(song, plan.oldSize))
@@ -238,7 +249,8 @@ std::error_code rollBack(int song, int savedBytes, const WritePlan &plan)
     return syncAll(song);
 }
 
-std::error_code examine(int song, int savedBytes, const WritePlan &plan, SongState &state)
+std::error_code examine(int song, const SavedBytes &savedBytes, const WritePlan &plan,
+                        SongState &state)
 {
     const auto attributes = FileAttributes::of(song);
     if (!attributes)

@@ -4,10 +4,10 @@
 
 /// Makes the open song hold the new bytes, on the disk when this returns without error. Room for
 /// growth is taken before the first byte is overwritten.
-std::error_code overwrite(int song, int savedBytes, const WritePlan &plan);
+std::error_code overwrite(int song, const SavedBytes &savedBytes, const WritePlan &plan);
 
 /// Makes the open song hold the old bytes again, on the disk when this returns without error.
-std::error_code rollBack(int song, int savedBytes, const WritePlan &plan);
+std::error_code rollBack(int song, const SavedBytes &savedBytes, const WritePlan &plan);
 
 /// What a song holds whose write was interrupted.
 struct SongState {
@@ -18,4 +18,5 @@ struct SongState {
 };
 
 /// Compares the open song with its old and its new bytes.
-std::error_code examine(int song, int savedBytes, const WritePlan &plan, SongState &state);
+std::error_code examine(int song, const SavedBytes &savedBytes, const WritePlan &plan,
+                        SongState &state);

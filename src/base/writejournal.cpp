@@ -10,173 +10,84 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <numeric>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <zlib.h>
 
 namespace {
-constexpr QByteArrayView magic("Tagwright journal 1\n");
+/// Up to so many old and new bytes, a checksum of them all costs less than a second sync.
+constexpr qint64 mostPackedBytes = 256 << 10;
 
-struct Header {
-    qint64 planOffset = 0;
-    qint64 planLength = 0;
-    quint32 planChecksum = 0;
-};
-
-/// Magic, three numbers, and the checksum of these.
-constexpr qint64 headerSize = 20 + 8 + 8 + 4 + 4;
-
-quint32 checksum(QByteArrayView bytes)
+qint64 lengthOf(const std::vector<FileRange> &ranges)
 {
-    return static_cast<quint32>(::crc32_z(0, reinterpret_cast<const Bytef *>(bytes.data()),
-                                          static_cast<size_t>(bytes.size())));
+    return std::accumulate(ranges.begin(), ranges.end(), qint64{0},
+                           [](qint64 sum, const FileRange &range) { return sum + range.length; });
 }
 
-QByteArray bytesOf(const Header &header)
+qint64 newBytesOf(const WritePlan &plan)
 {
-    ByteWriter writer;
-    writer.bytes(magic);
-    writer.u64(static_cast<quint64>(header.planOffset));
-    writer.u64(static_cast<quint64>(header.planLength));
-    writer.u32(header.planChecksum);
-    writer.u32(checksum(writer.data()));
-    return std::move(writer).data();
+    return std::accumulate(
+        plan.writes.begin(), plan.writes.end(), qint64{0},
+        [](qint64 sum, const PlannedWrite &write) { return sum + write.bytes.size(); });
 }
 
-std::optional<Header> headerFrom(QByteArrayView bytes)
+/// The bytes of the journal from `offset` on; nothing where it is too short for them.
+std::error_code readPart(int file, qint64 size, qint64 offset, qint64 length,
+                         std::optional<QByteArray> &part)
 {
-    ByteReader reader(bytes);
-    if (reader.bytes(magic.size()) != magic)
-        return std::nullopt;
-    Header header;
-    header.planOffset = static_cast<qint64>(reader.u64());
-    header.planLength = static_cast<qint64>(reader.u64());
-    header.planChecksum = reader.u32();
-    if (reader.u32() != checksum(bytes.first(headerSize - 4)))
-        return std::nullopt;
-    return header;
+    part.reset();
+    if (offset < 0 || length < 0 || offset > size || length > size - offset)
+        return {};
+    part = QByteArray(length, Qt::Uninitialized);
+    return readAt(file, offset, part->data(), length);
 }
 
-void writeNumber(ByteWriter &writer, qint64 number)
+/// Whether the packed bytes are those that were saved. If not, writing them was interrupted.
+std::error_code readPacked(int file, qint64 size, const JournalHeader &header,
+                           const WritePlan &plan, bool &isWhole)
 {
-    writer.u64(static_cast<quint64>(number));
-}
-
-qint64 readNumber(ByteReader &reader)
-{
-    return static_cast<qint64>(reader.u64());
-}
-
-void writeBytes(ByteWriter &writer, QByteArrayView bytes)
-{
-    writeNumber(writer, bytes.size());
-    writer.bytes(bytes);
-}
-
-QByteArray readBytes(ByteReader &reader)
-{
-    return reader.bytes(readNumber(reader)).toByteArray();
-}
-
-void writeTime(ByteWriter &writer, const timespec &time)
-{
-    writeNumber(writer, time.tv_sec);
-    writeNumber(writer, time.tv_nsec);
-}
-
-timespec readTime(ByteReader &reader)
-{
-    const qint64 seconds = readNumber(reader);
-    return {.tv_sec = seconds, .tv_nsec = readNumber(reader)};
-}
-
-void writePlan(ByteWriter &writer, const WritePlan &plan)
-{
-    writeNumber(writer, plan.oldSize);
-    writeNumber(writer, plan.newSize);
-    writeNumber(writer, static_cast<qint64>(plan.writes.size()));
-    for (const PlannedWrite &write : plan.writes) {
-        writeNumber(writer, write.range.offset);
-        writeNumber(writer, write.range.length);
-        writeNumber(writer, write.keptOffset);
-        writeBytes(writer, write.bytes);
-    }
-}
-
-WritePlan readPlan(ByteReader &reader)
-{
-    WritePlan plan;
-    plan.oldSize = readNumber(reader);
-    plan.newSize = readNumber(reader);
-    for (qint64 left = readNumber(reader); left > 0; --left) {
-        PlannedWrite write;
-        write.range.offset = readNumber(reader);
-        write.range.length = readNumber(reader);
-        write.keptOffset = readNumber(reader);
-        write.bytes = readBytes(reader);
-        plan.writes.push_back(std::move(write));
-    }
-    return plan;
-}
-
-QByteArray bytesOf(const JournalledWrite &write)
-{
-    ByteWriter writer;
-    writeBytes(writer, QFile::encodeName(write.path));
-    writer.u64(write.before.device);
-    writer.u64(write.before.inode);
-    writer.u32(write.before.mode);
-    writeTime(writer, write.before.accessed);
-    writeTime(writer, write.before.modified);
-    writer.u8(write.keepTime == KeepTime::Yes ? 1 : 0);
-    writePlan(writer, write.plan);
-    return std::move(writer).data();
-}
-
-JournalledWrite writeFrom(QByteArrayView bytes)
-{
-    ByteReader reader(bytes);
-    JournalledWrite write;
-    write.path = QFile::decodeName(readBytes(reader));
-    write.before.device = reader.u64();
-    write.before.inode = reader.u64();
-    write.before.mode = reader.u32();
-    write.before.accessed = readTime(reader);
-    write.before.modified = readTime(reader);
-    write.keepTime = reader.u8() ? KeepTime::Yes : KeepTime::No;
-    write.plan = readPlan(reader);
-    write.before.size = write.plan.oldSize;
-    return write;
+    std::optional<QByteArray> saved;
+    const qint64 length = lengthOf(plan.lostRanges());
+    const auto error = readPart(file, size, header.packedFrom, length, saved);
+    isWhole = saved && journalChecksum(*saved) == header.packedChecksum;
+    return error;
 }
 
 /// Fills in what the journal tells, and says whether it tells it. A failing disk is an error and
 /// no incomplete journal: that one would be removed.
-std::error_code read(int file, WriteJournal::Found &found)
+std::error_code read(int file, WriteJournal::Found &found, qint64 &packedFrom)
 {
     using State = WriteJournal::Found::State;
     const auto attributes = FileAttributes::of(file);
     if (!attributes)
         return lastError();
     found.state = State::Incomplete;
-    if (attributes->size < headerSize)
-        return {};
-    QByteArray bytes(headerSize, Qt::Uninitialized);
-    if (const auto error = readAt(file, 0, bytes.data(), bytes.size()))
+    std::optional<QByteArray> bytes;
+    if (const auto error = readPart(file, attributes->size, 0, JournalHeader::size, bytes))
         return error;
-    const auto header = headerFrom(bytes);
+    const auto header = bytes ? JournalHeader::fromBytes(*bytes) : std::nullopt;
     if (!header)
         return {};
-    found.state = State::Damaged;
-    const qint64 room = attributes->size - header->planOffset;
-    if (header->planOffset < 0 || header->planLength < 0 || header->planLength > room)
-        return {};
-    bytes.resize(header->planLength);
-    if (const auto error = readAt(file, header->planOffset, bytes.data(), bytes.size()))
+    // The header of a large write comes last: what does not fit it was whole once. That of a small
+    // one comes with the rest, and what does not fit never was.
+    const State unfitting = header->packedFrom ? State::Incomplete : State::Damaged;
+    found.state = unfitting;
+    if (const auto error =
+            readPart(file, attributes->size, header->planOffset, header->planLength, bytes))
         return error;
-    if (checksum(bytes) != header->planChecksum)
+    if (!bytes || journalChecksum(*bytes) != header->planChecksum)
         return {};
-    found.write = writeFrom(bytes);
-    found.state = State::Complete;
+    found.state = State::Damaged;
+    found.write = writeFromBytes(*bytes);
+    bool isWhole = true;
+    packedFrom = header->packedFrom;
+    if (packedFrom)
+        if (const auto error =
+                readPacked(file, attributes->size, *header, found.write.plan, isWhole))
+            return error;
+    found.state = isWhole ? State::Complete : unfitting;
+    if (!isWhole)
+        found.write = {};
     return {};
 }
 
@@ -190,6 +101,13 @@ std::error_code makeJournalFolder()
         return errno == EEXIST ? std::error_code() : lastError();
     const Descriptor parent = openFolder(stateFolder());
     return parent ? syncAll(parent.get()) : lastError();
+}
+
+/// The names in the folder are on the disk when this returns without error.
+std::error_code syncJournalFolder()
+{
+    const Descriptor folder = openFolder(journalFolder());
+    return folder ? syncAll(folder.get()) : lastError();
 }
 
 /// A new, locked file of the journal folder. Between its making and its locking another process
@@ -223,16 +141,22 @@ WriteJournal::WriteJournal(QString path, Descriptor file)
 {
 }
 
-WriteJournal::Begun WriteJournal::begin(const JournalledWrite &write, int song)
+WriteJournal::Begun WriteJournal::begin(const JournalledWrite &write, int song, KeptJournal *kept)
 {
-    if (const auto error = makeJournalFolder())
-        return {.journal = {}, .error = error};
-    Descriptor file;
-    QString path;
-    if (const auto error = makeLockedFile(file, path))
-        return {.journal = {}, .error = error};
-    WriteJournal journal(path, std::move(file));
-    if (const auto error = journal.fill(write, song)) {
+    const bool isSmall =
+        kept && lengthOf(write.plan.lostRanges()) + newBytesOf(write.plan) <= mostPackedBytes;
+    WriteJournal journal({}, {});
+    if (isSmall && kept->isUsable()) {
+        journal = WriteJournal(std::exchange(kept->mPath, {}), std::exchange(kept->mFile, {}));
+        journal.mIsNamed = true;
+    } else {
+        if (const auto error = makeJournalFolder())
+            return {.journal = {}, .error = error};
+        if (const auto error = makeLockedFile(journal.mFile, journal.mPath))
+            return {.journal = {}, .error = error};
+    }
+    journal.mKept = isSmall ? kept : nullptr;
+    if (const auto error = isSmall ? journal.fillPacked(write, song) : journal.fill(write, song)) {
         journal.drop();
         return {.journal = {}, .error = error};
     }
@@ -246,22 +170,49 @@ std::error_code WriteJournal::fill(const JournalledWrite &write, int song) const
         if (const auto error =
                 copyRange(song, lost.offset, file, savedBytesOffset + lost.offset, lost.length))
             return error;
-    const QByteArray plan = bytesOf(write);
-    const Header header = {.planOffset = savedBytesOffset + write.plan.oldSize,
-                           .planLength = plan.size(),
-                           .planChecksum = checksum(plan)};
+    const QByteArray plan = bytesOfWrite(write);
+    const JournalHeader header = {.planOffset = savedBytesOffset + write.plan.oldSize,
+                                  .planLength = plan.size(),
+                                  .planChecksum = journalChecksum(plan)};
     if (const auto error = writeAt(file, header.planOffset, plan))
         return error;
     // Two syncs, since a disk may write in any order: the header says that all the rest is there.
     // They are cheaper than a checksum of everything that is saved.
     if (const auto error = syncData(file))
         return error;
-    if (const auto error = writeAt(file, 0, bytesOf(header)))
+    if (const auto error = writeAt(file, 0, header.bytes()))
         return error;
     if (const auto error = syncData(file))
         return error;
-    const Descriptor folder = openFolder(journalFolder());
-    return folder ? syncAll(folder.get()) : lastError();
+    return syncJournalFolder();
+}
+
+/// In one piece, and one sync: the checksums tell whether it is whole. The file may hold an older
+/// journal, of which nothing can be taken for this one.
+std::error_code WriteJournal::fillPacked(const JournalledWrite &write, int song)
+{
+    const QByteArray plan = bytesOfWrite(write);
+    const std::vector<FileRange> lost = write.plan.lostRanges();
+    QByteArray saved(lengthOf(lost), Qt::Uninitialized);
+    qint64 done = 0;
+    for (const FileRange &range : lost) {
+        if (const auto error = readAt(song, range.offset, saved.data() + done, range.length))
+            return error;
+        done += range.length;
+    }
+    mPackedFrom = JournalHeader::size + plan.size();
+    const JournalHeader header = {.planOffset = JournalHeader::size,
+                                  .planLength = plan.size(),
+                                  .planChecksum = journalChecksum(plan),
+                                  .packedFrom = mPackedFrom,
+                                  .packedChecksum = journalChecksum(saved)};
+    if (const auto error = writeAt(mFile.get(), 0, header.bytes() + plan + saved))
+        return error;
+    if (const auto error = syncData(mFile.get()))
+        return error;
+    const auto error = mIsNamed ? std::error_code() : syncJournalFolder();
+    mIsNamed = !error;
+    return error;
 }
 
 WriteJournal::Found WriteJournal::find(const QString &path)
@@ -275,21 +226,31 @@ WriteJournal::Found WriteJournal::find(const QString &path)
     if (!attributes || attributes->links == 0)
         return {};
     Found found;
+    qint64 packedFrom = 0;
     try {
-        if (read(file.get(), found))
+        if (read(file.get(), found, packedFrom))
             return {};
     } catch (const MalformedData &) {
         found.state = Found::State::Damaged;
     }
-    if (isLocked)
-        found.journal = WriteJournal(path, std::move(file));
-    else
+    if (!isLocked) {
         found.state = Found::State::Busy;
+        return found;
+    }
+    found.journal = WriteJournal(path, std::move(file));
+    found.journal->mPackedFrom = packedFrom;
     return found;
 }
 
 void WriteJournal::drop()
 {
+    // For a kept file it is enough that its header says nothing any more.
+    if (mKept && mIsNamed && !mKept->mFile
+        && !writeAt(mFile.get(), 0, QByteArray(JournalHeader::size, '\0'))) {
+        mKept->mPath = std::exchange(mPath, {});
+        mKept->mFile = std::exchange(mFile, {});
+        return;
+    }
     // A name that cannot be removed must not bring these bytes back later: without its header the
     // journal says nothing.
     if (::unlink(QFile::encodeName(mPath).constData()) != 0)
@@ -303,4 +264,17 @@ QString WriteJournal::putAside(const QString &folder) const
     if (QDir().mkpath(folder) && QFile::rename(mPath, kept))
         return kept;
     return mPath;
+}
+
+KeptJournal::~KeptJournal()
+{
+    if (mFile)
+        ::unlink(QFile::encodeName(mPath).constData());
+}
+
+/// The file may have been removed meanwhile, as by someone who cleans up.
+bool KeptJournal::isUsable() const
+{
+    const auto attributes = mFile ? FileAttributes::of(mFile.get()) : std::nullopt;
+    return attributes && attributes->links > 0;
 }

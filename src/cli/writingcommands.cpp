@@ -1,6 +1,7 @@
 #include "cli/writingcommands.h"
 
 #include "app/prefscontroller.h"
+#include "base/writejournal.h"
 #include "cli/chosenoptions.h"
 #include "cli/fieldedit.h"
 #include "cli/songopening.h"
@@ -112,7 +113,9 @@ int runSet(const Arguments &arguments, Report &report)
     }
     PrefsController prefs;
     offerGenres(prefs);
-    const WriteOptions options = writeOptionsOf(arguments, prefs);
+    KeptJournal journal;
+    WriteOptions options = writeOptionsOf(arguments, prefs);
+    options.keptJournal = &journal;
     const auto runner = systemScriptRunner(usualMusicPlaces(prefs.movedFolders()));
     iTunesInterface itunes(*runner);
     return WritingRun(arguments, readOptionsOf(arguments, prefs), report).run([&](SongFile &song) {
@@ -127,7 +130,9 @@ int runRegenerate(const Arguments &arguments, Report &report)
     ReadOptions readOptions = prefs.readOptions();
     readOptions.malformed = MalformedInfo::Discard;
     readOptions.unrecognized = UnrecognizedInfo::Discard;
-    const WriteOptions options = writeOptionsOf(arguments, prefs);
+    KeptJournal journal;
+    WriteOptions options = writeOptionsOf(arguments, prefs);
+    options.keptJournal = &journal;
     const auto runner = systemScriptRunner(usualMusicPlaces(prefs.movedFolders()));
     iTunesInterface itunes(*runner);
     return WritingRun(arguments, readOptions, report).run([&](SongFile &song) {

@@ -69,7 +69,8 @@ private:
         const Place next = place.next();
         if (next.node || !mCreates)
             return next;
-        return {prepared(place.node->addSibling(Atom::atomWithName(step().name))), next.index};
+        Atom *added = prepared(place.node->addSibling(Atom::atomWithName(step().name)));
+        return {added, added ? indexInParent(*added) : 0};
     }
 
     Place firstInside(Atom &node)

@@ -22,4 +22,6 @@ struct WriteOptions {
     FrameSizes v24Sizes = FrameSizes::Plain;
     KeepTime keepTime = KeepTime::No;
     bool refreshLibrary = false; ///< have the library program read the song again
+    /// Of whoever writes many songs, one after the other.
+    KeptJournal *keptJournal = nullptr;
 };

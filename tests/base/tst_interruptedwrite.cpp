@@ -1,5 +1,6 @@
 #include "base/descriptor.h"
 #include "base/texts.h"
+#include "base/writejournal.h"
 #include "support/songscene.h"
 #include "support/table.h"
 
@@ -109,6 +110,42 @@ private Q_SLOTS:
             if (run.wasKilled && scene.isOld())
                 QVERIFY2(hasOldTime(scene.path()), what);
         });
+    }
+
+    void leavesOneOfManyWritesWithAKeptJournal()
+    {
+        const Quiet quiet;
+        forEachDisturbance([&](Disturbance disturbance, const char *what, TracedRun &run) {
+            const Scene scene;
+            run = writeThrice(scene, disturbance);
+            const bool wasMixed = !isAsAfterAWrite(scene);
+            recoverInterruptedWrites();
+            QVERIFY2(isAsAfterAWrite(scene), what);
+            QVERIFY2(run.wasKilled || disturbance.kind == Kind::FailFromThere || !wasMixed, what);
+            QVERIFY2(leftOvers().isEmpty(), what);
+        });
+    }
+
+    /// What the kept file tells of a write that is over must not count against later ones.
+    void forgetsWritesThatAreOver()
+    {
+        const Scene scene;
+        const Parts parts = {{noise(9'000, 4)}, {.offset = 9'000, .length = songSize - 9'000}};
+        runTraced(
+            [&] {
+                // Never removed, as by a program that is killed between two songs.
+                replace(scene.path(), parts, KeepTime::No, new KeptJournal); // NOLINT
+                return 0;
+            },
+            {});
+        QCOMPARE(leftOvers().size(), 1);
+        const QByteArray edited =
+            oldBytes().first(4'000) + bytesFrom(parts, oldBytes()).sliced(4'000);
+        writeFile(scene.path(), edited);
+        const Quiet quiet;
+        recoverInterruptedWrites();
+        QVERIFY(fileContents(scene.path()) == edited);
+        QVERIFY(leftOvers().isEmpty());
     }
 
     void recoveryIsInterruptedItself_data()

@@ -100,23 +100,36 @@ private Q_SLOTS:
     void leavesOldOrNew()
     {
         QFETCH(Shape, shape);
+        checkEachCall([&](const Scene &scene) { return scene.isOld() || scene.isNew(shape); },
+                      [&](const Scene &scene, Disturbance disturbance, const Observer &observer) {
+                          return write(scene, shape, disturbance, observer);
+                      });
+    }
+
+    void leavesOneOfManyWritesWithAKeptJournal() { checkEachCall(isAsAfterAWrite, writeThrice); }
+
+private:
+    /// Has the power fail after each call of a writing process.
+    template<typename IsWhole, typename Write>
+    void checkEachCall(IsWhole isWhole, Write writeSong)
+    {
         const Quiet quiet;
         int restored = 0;
         TracedRun run;
         for (int at = 0; at <= run.calls; ++at) {
             const Scene scene;
             Disk disk(scene);
-            run = write(scene, shape, {.kind = Disturbance::Kind::KillAfter, .at = at},
-                        [&](const TracedCall &call) { disk.watch(call); });
+            run = writeSong(scene, {.kind = Disturbance::Kind::KillAfter, .at = at},
+                            [&](const TracedCall &call) { disk.watch(call); });
             disk.failPower();
             for (quint32 seed = 0; seed < 16; ++seed) {
                 disk.start(seed);
-                restored += scene.isOld() || scene.isNew(shape) ? 0 : 1;
+                restored += isWhole(scene) ? 0 : 1;
 
                 recoverInterruptedWrites();
 
                 const auto what = u"call %1, seed %2"_s.arg(at).arg(seed).toLatin1();
-                QVERIFY2(scene.isOld() || scene.isNew(shape), what.constData());
+                QVERIFY2(isWhole(scene), what.constData());
                 QCOMPARE(leftOvers(), QStringList());
             }
         }

@@ -71,7 +71,13 @@ enum WriteResult { Written, Failed, Strange };
 
 /// Writes in this process.
 InPlaceFile::Outcome replace(const QString &path, const Parts &parts,
-                             KeepTime keepTime = KeepTime::No);
+                             KeepTime keepTime = KeepTime::No, KeptJournal *kept = nullptr);
+
+/// Three small writes, each of the same size as what it replaces, with one journal that is kept
+/// for all of them, in a process of its own.
+TracedRun writeThrice(const Scene &scene, Disturbance disturbance, const Observer &observer = {});
+/// Whether the song is as it was before one of these writes, or after the last.
+bool isAsAfterAWrite(const Scene &scene);
 
 /// Writes in a process of its own.
 TracedRun write(const Scene &scene, const Shape &shape, Disturbance disturbance,
