@@ -113,14 +113,14 @@ AudioInfoTag *SongFile::infotag()
     auto read = readTagOf(mPath, mReadOptions);
     mReasonOfNoTag = read.reason;
     adoptInfotag(std::move(read.tag));
-    if (mInfotag && mPlaylist)
-        mInfotag->setPlayList(mPlaylist, mPlaylistIndex);
     return mInfotag.get();
 }
 
 void SongFile::adoptInfotag(std::unique_ptr<AudioInfoTag> tag)
 {
     mInfotag = std::move(tag);
+    if (mInfotag && mPlaylist)
+        mInfotag->setPlayList(mPlaylist, mPlaylistIndex);
     setDefaultActivityStatus();
 }
 

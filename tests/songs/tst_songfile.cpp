@@ -1,4 +1,5 @@
 #include "itunes/itunesinterface.h"
+#include "songs/cachedinfotag.h"
 #include "songs/songfile.h"
 #include "support/songs.h"
 #include "support/table.h"
@@ -114,6 +115,8 @@ private Q_SLOTS:
             mSong->ensureInfotagIsReal();
             QCOMPARE(mSong->infotag()->title(), title);
         }
+        mSong->adoptInfotag(tagWithCachedInfo(std::make_shared<const CachedInfo>()));
+        QCOMPARE(mSong->infotag()->playlistIndex(), 8);
     }
 
     void reasonOfNoTag()
