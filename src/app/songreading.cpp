@@ -16,7 +16,7 @@ std::shared_ptr<SongReading> SongReading::start(SongSource source, const ReadOpt
                                                 SongFileInfoCache &cache, Wake wake,
                                                 SongList discarded)
 {
-    const std::shared_ptr<SongReading> reading(
+    std::shared_ptr<SongReading> reading(
         new SongReading(std::move(source), options, cache, std::move(wake)));
     const unsigned readers =
         std::clamp(std::thread::hardware_concurrency(), fewestReaders, mostReaders);

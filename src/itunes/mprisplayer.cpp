@@ -37,7 +37,7 @@ std::optional<QString> MprisPlayer::pathOfPlayingTrack()
     const QList<QVariant> metadata = mBus.properties(players, u"Metadata"_s, metadataLimit);
     for (qsizetype i = 0; i < players.size(); ++i) {
         const QVariant address = metadata[i].toMap().value(u"xesam:url"_s);
-        if (const auto path = pathOfPlayerAddress(address.toString())) {
+        if (auto path = pathOfPlayerAddress(address.toString())) {
             mPlaying = players[i];
             return path;
         }

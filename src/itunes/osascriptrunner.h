@@ -16,7 +16,7 @@ public:
     /// A script that runs for longer is ended. Long playlists take their time.
     static constexpr std::chrono::seconds timeLimit{20};
     /// A longer result is none.
-    static constexpr qint64 maxBytesOfResult = 64 * 1024 * 1024;
+    static constexpr qint64 maxBytesOfResult = 64LL * 1024 * 1024;
     /// After a script had to be ended, the program is taken to be stuck: for so long nothing is
     /// asked, so that a run over many songs does not wait for each.
     static constexpr std::chrono::seconds restAfterTimeout{60};

@@ -6,7 +6,7 @@
 
 namespace {
 /// Each byte of a path is three characters at most.
-constexpr qsizetype maxLength = 3 * PATH_MAX;
+constexpr qsizetype maxLength = qsizetype(3) * PATH_MAX;
 } // namespace
 
 std::optional<QString> pathOfPlayerAddress(const QString &address)

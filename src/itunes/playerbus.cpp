@@ -42,7 +42,7 @@ QDBusMessage callOf(const QString &player, const QString &interface, const QStri
 QVariant propertyIn(const QDBusMessage &reply)
 {
     const QVariant sent = reply.arguments().value(0);
-    const QVariant value = sent.metaType() == QMetaType::fromType<QDBusVariant>()
+    QVariant value = sent.metaType() == QMetaType::fromType<QDBusVariant>()
         ? sent.value<QDBusVariant>().variant()
         : sent;
     if (value.metaType() != QMetaType::fromType<QDBusArgument>())
@@ -75,7 +75,7 @@ PlayerBus::~PlayerBus()
 QDBusConnection PlayerBus::bus()
 {
     mHasAsked = true;
-    const QDBusConnection open(mConnection);
+    QDBusConnection open(mConnection);
     if (open.isConnected() || !mNextTry.hasExpired())
         return open;
     QDBusConnection::disconnectFromBus(mConnection);
