@@ -62,7 +62,7 @@ OffsetTable fragmentIndex(const Atom &table)
     const quint32 lengths = head.u32();
     const qint64 numbers = 3 + (lengths & 3) + (lengths >> 2 & 3) + (lengths >> 4 & 3);
     const quint32 count = head.u32();
-    return {head.position() + width, count, width, 2 * width + numbers};
+    return {head.position() + width, count, width, qint64(2) * width + numbers};
 }
 
 OffsetTable claimedShape(const Atom &table)
