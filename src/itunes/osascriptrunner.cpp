@@ -24,6 +24,12 @@ void endGroup(QProcess &process)
     process.waitForFinished();
 }
 
+bool isOfPlayer(const QString &script)
+{
+    return script == ScriptText::pause || script == ScriptText::resume
+        || script == ScriptText::ofResource(QStringLiteral("iTunes_play_currently_playing"));
+}
+
 bool isFailed(const QProcess &process)
 {
     return process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0;
@@ -39,6 +45,12 @@ OsascriptRunner::OsascriptRunner(QString program, std::chrono::milliseconds limi
 
 std::optional<QString> OsascriptRunner::run(const QString &script)
 {
+    return run(script,
+               isOfPlayer(script) ? std::min<Limit>(playerTimeLimit, mTimeLimit) : mTimeLimit);
+}
+
+std::optional<QString> OsascriptRunner::run(const QString &script, Limit limit)
+{
     if (!mRest.hasExpired())
         return std::nullopt;
     QProcess process;
@@ -46,7 +58,7 @@ std::optional<QString> OsascriptRunner::run(const QString &script)
     process.start(mProgram, {QStringLiteral("-")});
     process.write(script.toUtf8());
     process.closeWriteChannel();
-    auto result = resultOf(process);
+    auto result = resultOf(process, limit);
     // No result prints nothing, an empty text an empty line.
     if (!result || !result->endsWith('\n'))
         return std::nullopt;
@@ -54,9 +66,9 @@ std::optional<QString> OsascriptRunner::run(const QString &script)
     return QString::fromUtf8(*result);
 }
 
-std::optional<QByteArray> OsascriptRunner::resultOf(QProcess &process)
+std::optional<QByteArray> OsascriptRunner::resultOf(QProcess &process, Limit limit)
 {
-    const QDeadlineTimer deadline(mTimeLimit);
+    const QDeadlineTimer deadline(limit);
     QByteArray result;
     QByteArray reason;
     while (process.state() != QProcess::NotRunning && result.size() <= maxBytesOfResult
@@ -83,5 +95,6 @@ bool OsascriptRunner::isApplicationRunning(const QString &name)
 {
     const auto script =
         ScriptText::filled(u"return application \"%@\" is running", {ScriptArgument(name)});
-    return script && run(*script) == QStringLiteral("true");
+    return script
+        && run(*script, std::min<Limit>(playerTimeLimit, mTimeLimit)) == QStringLiteral("true");
 }

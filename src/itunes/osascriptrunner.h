@@ -15,6 +15,8 @@ class OsascriptRunner : public ScriptRunner {
 public:
     /// A script that runs for longer is ended. Long playlists take their time.
     static constexpr std::chrono::seconds timeLimit{20};
+    /// The same for what is asked while a song waits to be written.
+    static constexpr std::chrono::milliseconds playerTimeLimit{1500};
     /// A longer result is none.
     static constexpr qint64 maxBytesOfResult = 64LL * 1024 * 1024;
     /// After a script had to be ended, the program is taken to be stuck: for so long nothing is
@@ -27,7 +29,9 @@ public:
     bool isApplicationRunning(const QString &name) override;
 
 private:
-    [[nodiscard]] std::optional<QByteArray> resultOf(QProcess &process);
+    using Limit = std::chrono::milliseconds;
+    [[nodiscard]] std::optional<QString> run(const QString &script, Limit limit);
+    [[nodiscard]] std::optional<QByteArray> resultOf(QProcess &process, Limit limit);
 
     QString mProgram;
     std::chrono::milliseconds mTimeLimit;

@@ -7,6 +7,7 @@
 #include "support/tempfiles.h"
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -112,6 +113,20 @@ private Q_SLOTS:
             makeOsascript("echo again");
             QVERIFY(!runner.run({})); // it was stuck a moment ago
         }
+    }
+
+    /// The player is asked before a write and told things around it, none of which may take long.
+    void programThatHangsHoldsNoWriteUp()
+    {
+        makeOsascript("case $(cat) in *running) echo true;; *) sleep 1000;; esac");
+        OsascriptRunner runner(mFolder->filePath(u"osascript"_s));
+        iTunesInterface itunes(runner);
+        QVERIFY(itunes.isiTunesRunning());
+        const QDeadlineTimer limit(2000);
+        QVERIFY(!itunes.pathOfCurrentlyPlayingTrack());
+        itunes.pausePlaying();
+        itunes.resumePlaying();
+        QVERIFY(!limit.hasExpired());
     }
 
     void ourOwnRunnerAnswersFromLibraryAndPlaylists()
