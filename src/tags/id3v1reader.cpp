@@ -3,20 +3,12 @@
 #include "base/bytes.h"
 #include "tags/genretable.h"
 #include "tags/id3strings.h"
+#include "tags/id3v1layout.h"
 #include "text/integervalue.h"
 
 namespace {
 
-constexpr qsizetype tagLength = 128;
-constexpr qsizetype textLength = 30;
-constexpr qsizetype titleAt = 3;
-constexpr qsizetype artistAt = 33;
-constexpr qsizetype albumAt = 63;
-constexpr qsizetype yearAt = 93;
-constexpr qsizetype commentAt = 97;
-constexpr qsizetype zeroBeforeTrackAt = 125;
-constexpr qsizetype trackAt = 126;
-constexpr qsizetype genreAt = 127;
+using namespace ID3v1Layout;
 
 class Reader {
 public:
@@ -59,7 +51,7 @@ void Reader::set(const std::optional<QString> &text, const char16_t *v22ID, cons
 /// Kept: a year must be above 1000 here, and above 999 in the ID3v2 frames.
 std::optional<QString> Reader::year() const
 {
-    const auto year = text(yearAt, 4);
+    const auto year = text(yearAt, yearLength);
     return year && integerValue(*year) > 1000 ? year : std::nullopt;
 }
 

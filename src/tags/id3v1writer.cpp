@@ -4,6 +4,7 @@
 #include "tags/fieldframes.h"
 #include "tags/framebodies.h"
 #include "tags/genretable.h"
+#include "tags/id3v1layout.h"
 #include "text/integervalue.h"
 
 #include <algorithm>
@@ -13,12 +14,8 @@
 namespace {
 
 using FrameBodies::isLatin1;
+using namespace ID3v1Layout;
 
-constexpr qsizetype textLength = 30;
-constexpr qsizetype yearLength = 4;
-constexpr qsizetype tagLength = 128;
-constexpr qsizetype trackOffset = 126;
-constexpr qsizetype genreOffset = 127;
 constexpr int noGenre = 255;
 
 QString textOf(const FrameStore &frames, const FieldFrames &field)
@@ -122,17 +119,17 @@ QByteArray ID3Writer::dataForID3v11(const FrameStore &frames, const ID3Dialect &
 {
     const bool keeps = dialect.losesNothing && previous.size() == tagLength;
     TagWriter tag(frames, keeps ? previous : QByteArray());
-    tag.put(3, textLength, Fields::title);
-    tag.put(33, textLength, Fields::artist);
-    tag.put(63, textLength, Fields::album);
-    tag.put(93, yearLength, Fields::year);
+    tag.put(titleAt, textLength, Fields::title);
+    tag.put(artistAt, textLength, Fields::artist);
+    tag.put(albumAt, textLength, Fields::album);
+    tag.put(yearAt, yearLength, Fields::year);
     // Asking for the year is kept: other programs' copies of such tags compare equal to ours.
     const bool hasTrack = dialect.writesID3v1TrackAlways || !textOf(frames, Fields::year).isEmpty();
     if (hasTrack && !tag.stays(Fields::track)) {
-        tag.putNumber(trackOffset - 1, 0);
-        tag.putNumber(trackOffset, leadingNumber(textOf(frames, Fields::track)) & 0xFF);
+        tag.putNumber(zeroBeforeTrackAt, 0);
+        tag.putNumber(trackAt, leadingNumber(textOf(frames, Fields::track)) & 0xFF);
     }
     if (!tag.stays(Fields::genres))
-        tag.putNumber(genreOffset, genreNumber(frames));
+        tag.putNumber(genreAt, genreNumber(frames));
     return std::move(tag).take();
 }
