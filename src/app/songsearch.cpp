@@ -16,7 +16,7 @@ constexpr qsizetype mostAtOnce = 100;
 std::shared_ptr<SongSearch> SongSearch::start(const QString &path, QObject &context,
                                               Listener listener)
 {
-    const std::shared_ptr<SongSearch> search(new SongSearch(context, std::move(listener)));
+    std::shared_ptr<SongSearch> search(new SongSearch(context, std::move(listener)));
     std::thread([search, path] {
         search->search(path);
         search->tellFound();
