@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     buffer.setData(reinterpret_cast<const char *>(data), int(size));
     buffer.open(QIODevice::ReadOnly);
     const LibraryReading reading = readLibraryFile(&buffer);
-    if (reading.library.has_value() != reading.problem.isEmpty())
+    if (!reading.library && reading.problem.isEmpty())
         __builtin_trap();
     if (reading.library)
         for (const LibraryTrack &track : reading.library->tracks())
