@@ -13,6 +13,9 @@ struct SampleAlbum {
     QString year;
     QString genre;
     QStringList tracks;
+    QStringList sources; ///< class names of the sources whose sample sites know it
 };
 
-const std::vector<SampleAlbum> &sampleAlbums();
+[[nodiscard]] const std::vector<SampleAlbum> &sampleAlbums();
+/// Those that the sample site of one source knows.
+[[nodiscard]] std::vector<SampleAlbum> sampleAlbumsAt(const QString &className);

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "demo/samplesite.h"
 #include "gathering/sitedefinition.h"
 
 #include <QHttpServer>
 
-/// The sample sites of the demo, served on a loopback port from inside the process: the track
-/// database, with its search form and its disc records.
+/// The sample sites of the demo, one for each source, served on a loopback port from inside the
+/// process.
 class SampleSites {
 public:
     /// False when no port could be had.

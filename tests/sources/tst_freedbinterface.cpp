@@ -1,25 +1,14 @@
 #include "sources/freedbinterface.h"
 
-#include "base/propertylist.h"
-#include "base/resources.h"
 #include "sources/freedbrecord.h"
-#include "support/httpserver.h"
+#include "support/sourcesearch.h"
 #include "support/table.h"
-
-#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Song {
-    std::optional<QString> artist{u"Nila Oster"_s};
-    std::optional<QString> alternateArtist{};
-    std::optional<QString> album{u"Salt & Iron"_s};
-    std::optional<QString> title{u"First Light"_s};
-    Substrings substrings = Substrings::Refuse;
-    bool isCompilation = false;
-};
+using Song = SearchedSong;
 
 /// A row of the results: a number, the disc, artist and title.
 QByteArray row(const QByteArray &disc, const QByteArray &artistAndTitle)
@@ -38,14 +27,10 @@ constexpr char more[] = R"(<input type="submit" name="iButton" value="&gt;&gt;">
 
 using Pages = QList<HttpAnswer>;
 
-/// "artist|name|year|genre|track,track"; what is absent is "-".
-QString shown(const AlbumInfo &album)
+/// A record's album; records hold no pictures.
+QString shownRecord(const QByteArray &record)
 {
-    QStringList parts;
-    for (const auto &part : {album.artist(), album.name(), album.year(), album.genre()})
-        parts << part.value_or(u"-"_s);
-    parts << (album.trackNames() ? album.trackNames()->join(u',') : u"-"_s);
-    return parts.join(u'|');
+    return shown(albumWithFreeDBData(record).value()).chopped(2);
 }
 } // namespace
 
@@ -137,7 +122,7 @@ private Q_SLOTS:
         serve({{.body = page(1, row("1", "Nila Oster / Salt"), more)}, {.body = page(2, {})}});
         search(song);
         QList<QByteArray> forms;
-        for (const SeenRequest &request : mServer->requests())
+        for (const SeenRequest &request : mScene->server.requests())
             if (request.method == "POST")
                 forms << request.body;
         QCOMPARE(forms, (QList<QByteArray>{"iButton=Search" + rest, "iButton=%3E%3E" + rest}));
@@ -148,8 +133,8 @@ private Q_SLOTS:
         serve({{.body = page(1, row("garbage", "Nila Oster / A") + row("1", "Nila Oster / B"))}});
         search({});
         search({});
-        QCOMPARE(mServer->paths().count(u"/disc?id=garbage"_s), 2);
-        QCOMPARE(mServer->paths().count(u"/disc?id=1"_s), 1); // the second from the cache
+        QCOMPARE(mScene->server.paths().count(u"/disc?id=garbage"_s), 2);
+        QCOMPARE(mScene->server.paths().count(u"/disc?id=1"_s), 1); // the second from the cache
     }
 
     void recordsAreRead_data()
@@ -186,7 +171,7 @@ private Q_SLOTS:
     void recordsAreRead()
     {
         QFETCH(QByteArray, record);
-        QTEST(shown(albumWithFreeDBData(record).value()), "album");
+        QTEST(shownRecord(record), "album");
         QVERIFY(!albumWithFreeDBData(QByteArrayView()));
         QCOMPARE(albumWithFreeDBData("DYEAR=\xC3\xA9", u"UTF-8"_s)->year(), u"é"_s);
     }
@@ -204,55 +189,33 @@ private Q_SLOTS:
 private:
     void serve(const Pages &results)
     {
-        mServer = std::make_unique<HttpServer>();
-        mQueue = std::make_unique<HVHTTPQueue>(QString());
-        mServer->serveInTurn(u"/search"_s, results);
+        mScene = std::make_unique<SampleSiteScene>();
+        mScene->server.serveInTurn(u"/search"_s, results);
         const QList<std::pair<QString, QByteArray>> discs{
             {u"1"_s, "Nila Oster / Salt & Iron"}, {u"2"_s, "Nila Oster / Harbour"},
             {u"3"_s, "Someone Else / Salt"},      {u"4"_s, "Nila Oster Trio / Trio"},
             {u"5"_s, "Oster Nila Duo / Duo"},     {u"6"_s, "Oster / Alone"},
         };
         for (const auto &[disc, title] : discs)
-            mServer->serve(
+            mScene->server.serve(
                 u"/disc?id="_s + disc,
                 {.body = "DTITLE=" + title
                      + "\nDYEAR=1998\nDGENRE=Folk\nTTITLE0=First Light\nTTITLE1=Low Tide\n"});
-        mServer->serve(u"/disc?id=garbage"_s, {.body = "\x01\x02<html>busy</html>"});
-        mServer->serve(u"/disc?id=empty"_s, {});
-        mServer->serve(u"/disc?id=reset"_s, {.then = HttpAnswer::Then::Reset});
-    }
-
-    /// The built-in definition with the test server's addresses.
-    [[nodiscard]] QVariantMap definition(const QVariantMap &changes) const
-    {
-        const QByteArray builtIn = resourceData(u"defaultres.xml"_s).value();
-        QVariantMap values =
-            PropertyList::parse(builtIn).value.toMap().value(u"res_FreeDBInterface"_s).toMap();
-        values[u"simulConns"_s] = 1; // so that albums come in the order of the rows
-        values[u"queryPOST"_s] = mServer->url(u"/search"_s).toString();
-        values[u"discInfoURL"_s] = mServer->url(u"/disc?id="_s).toString() + u"%@"_s;
-        values.insert(changes);
-        return values;
+        mScene->server.serve(u"/disc?id=garbage"_s, {.body = "\x01\x02<html>busy</html>"});
+        mScene->server.serve(u"/disc?id=empty"_s, {});
+        mScene->server.serve(u"/disc?id=reset"_s, {.then = HttpAnswer::Then::Reset});
     }
 
     AlbumList search(const Song &song, const QVariantMap &changes = {})
     {
-        FreeDBInterface source(SiteDefinition(definition(changes)), *mQueue);
-        source.setArtist(song.artist);
-        source.setAlternateArtist(song.alternateArtist);
-        source.setAlbumTitle(song.album);
-        source.setSongTitle(song.title);
-        source.setAllowSubstringTrackMatches(song.substrings);
-        source.setIsCompilation(song.isCompilation);
-        QSignalSpy complete(&source, &WebDBInterface::searchComplete);
-        source.beginSearch();
-        if (!complete.wait(20'000) || complete.size() != 1)
-            return {AlbumInfo({}, u"the search did not complete once"_s)};
-        return source.albums();
+        QVariantMap definition = mScene->definition(
+            u"FreeDBInterface"_s,
+            {{u"queryPOST"_s, u"search"_s}, {u"discInfoURL"_s, u"disc?id=%@"_s}});
+        definition.insert(changes);
+        return mScene->search<FreeDBInterface>(song, definition);
     }
 
-    std::unique_ptr<HttpServer> mServer;
-    std::unique_ptr<HVHTTPQueue> mQueue;
+    std::unique_ptr<SampleSiteScene> mScene;
 };
 
 QTEST_GUILESS_MAIN(TestFreeDBInterface)

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "gathering/webdbinterface.h"
+#include "support/httpserver.h"
+
+#include <memory>
+
+/// What a source is asked for.
+struct SearchedSong {
+    std::optional<QString> artist{QStringLiteral("Nila Oster")};
+    std::optional<QString> alternateArtist{};
+    std::optional<QString> album{QStringLiteral("Salt & Iron")};
+    std::optional<QString> title{QStringLiteral("First Light")};
+    Substrings substrings = Substrings::Refuse;
+    bool isCompilation = false;
+    float minImageWidth = 0; ///< pixels
+};
+
+/// The definition of a source in the built-in set.
+[[nodiscard]] QVariantMap builtInDefinition(const QString &className);
+
+/// "artist|name|year|genre|track,track|picture's address"; what is absent is "-".
+[[nodiscard]] QString shown(const AlbumInfo &album);
+[[nodiscard]] QStringList shown(const AlbumList &albums);
+
+/// A server with a site's pages, and the queue that fetches them.
+class SampleSiteScene {
+public:
+    HttpServer server;
+    HVHTTPQueue queue{QString()};
+
+    /// The built-in definition with addresses of the server put in: for each key what stands
+    /// below the server's own address. One fetch at a time, so that albums come in the order of
+    /// the rows.
+    [[nodiscard]] QVariantMap definition(const QString &className,
+                                         const QMap<QString, QString> &addresses) const;
+
+    /// One whole search; an album that says so when it did not complete exactly once.
+    template<typename Source>
+    [[nodiscard]] AlbumList search(const SearchedSong &song, const QVariantMap &definition)
+    {
+        return run(std::make_unique<Source>(SiteDefinition(definition), queue), song);
+    }
+
+private:
+    [[nodiscard]] static AlbumList run(std::unique_ptr<WebDBInterface> source,
+                                       const SearchedSong &song);
+};
+
+Q_DECLARE_METATYPE(SearchedSong)
