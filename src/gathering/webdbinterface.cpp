@@ -3,6 +3,7 @@
 #include "base/nextturn.h"
 #include "base/progress.h"
 #include "gathering/decodedpage.h"
+#include "text/htmlpage.h"
 
 #include <algorithm>
 #include <chrono>
@@ -164,6 +165,33 @@ std::optional<QString> WebDBInterface::usablePage(const FetchResult &result)
         return pageText(result);
     mQueue.removeURLFromCache(result.url);
     return std::nullopt;
+}
+
+QList<QStringList> WebDBInterface::rowsOn(const QString &page, const QString &key) const
+{
+    const auto recipe = mResources.dictionary(key);
+    return recipe ? HVUtility::parsedContentsOfHTML(page, *recipe).value_or(QList<QStringList>())
+                  : QList<QStringList>();
+}
+
+std::optional<QString> WebDBInterface::visibleTextOn(const QString &page, const QString &key,
+                                                     int numStrings) const
+{
+    const QString marker = mResources.textOrEmpty(key);
+    return marker.isEmpty() ? std::nullopt : HVUtility::visibleHTMLTextIn(page, numStrings, marker);
+}
+
+std::optional<QString> WebDBInterface::textBetweenOn(const QString &page, const QString &beginKey,
+                                                     const QString &endKey) const
+{
+    const QString begin = mResources.textOrEmpty(beginKey);
+    const QString end = mResources.textOrEmpty(endKey);
+    const qsizetype foundBegin = begin.isEmpty() ? -1 : page.indexOf(begin);
+    if (foundBegin < 0 || end.isEmpty())
+        return std::nullopt;
+    const qsizetype from = foundBegin + begin.size();
+    const qsizetype to = page.indexOf(end, from);
+    return to < 0 ? std::nullopt : std::optional(page.mid(from, to - from));
 }
 
 void WebDBInterface::addAlbum(AlbumInfo album)

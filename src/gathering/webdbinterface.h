@@ -85,6 +85,16 @@ protected:
     /// The same for sites where an answer of 99 bytes or fewer is none: nothing then, and the
     /// queue forgets it, so that a later search fetches the page afresh.
     [[nodiscard]] std::optional<QString> usablePage(const FetchResult &result);
+    /// The rows that the parse recipe below `key` cuts out of the page; none where the recipe or
+    /// the list is missing.
+    [[nodiscard]] QList<QStringList> rowsOn(const QString &page, const QString &key) const;
+    /// The numStrings-th run of visible text behind the marker below `key`, the first being 1.
+    [[nodiscard]] std::optional<QString> visibleTextOn(const QString &page, const QString &key,
+                                                       int numStrings = 1) const;
+    /// What stands between the two markers, the first end that follows counting; nothing where
+    /// one of them is missing or empty.
+    [[nodiscard]] std::optional<QString> textBetweenOn(const QString &page, const QString &beginKey,
+                                                       const QString &endKey) const;
     /// Adds an album under this source's name. With the last of maxAlbums() nothing further is
     /// fetched.
     void addAlbum(AlbumInfo album);

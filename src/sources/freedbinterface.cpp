@@ -3,7 +3,6 @@
 #include "sources/artistmatch.h"
 #include "sources/freedbrecord.h"
 #include "text/characterreferences.h"
-#include "text/htmlpage.h"
 #include "text/queryterms.h"
 #include "text/simplifier.h"
 #include "text/stringextensions.h"
@@ -52,9 +51,8 @@ void FreeDBInterface::freedb2SearchComplete(const FetchResult &result)
 /// Only a first page asks for a further one, so at most two are read in a search.
 void FreeDBInterface::readResultsPage(const QString &page)
 {
-    const auto recipe = resources().dictionary(QStringLiteral("parseAlbumList"));
-    const auto rows = recipe ? HVUtility::parsedContentsOfHTML(page, *recipe) : std::nullopt;
-    if (!rows || rows->isEmpty())
+    const QList<QStringList> rows = rowsOn(page, QStringLiteral("parseAlbumList"));
+    if (rows.isEmpty())
         return;
     const QString firstPageMarker = resources().textOrEmpty(QStringLiteral("firstResultsFragment"));
     if (page.contains(firstPageMarker)) {
@@ -64,7 +62,7 @@ void FreeDBInterface::readResultsPage(const QString &page)
         if (!more.isEmpty() && page.contains(more))
             postForm(nextPageButton);
     }
-    for (const QStringList &row : *rows)
+    for (const QStringList &row : rows)
         addSearchOfRow(row);
 }
 
