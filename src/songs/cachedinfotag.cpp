@@ -45,44 +45,28 @@ std::optional<CachedInfo> CachedInfoTag::infoDictForTag(const AudioInfoTag &tag,
     return info;
 }
 
-std::optional<QString> CachedInfoTag::title() const
+std::optional<QString> CachedInfoTag::text(TagText which) const
 {
-    return presentText(mCachedInfo->title);
-}
-
-std::optional<QString> CachedInfoTag::artist() const
-{
-    return presentText(mCachedInfo->artist);
-}
-
-std::optional<QString> CachedInfoTag::album() const
-{
-    return presentText(mCachedInfo->album);
-}
-
-std::optional<QString> CachedInfoTag::year() const
-{
-    return presentText(mCachedInfo->year);
-}
-
-std::optional<QString> CachedInfoTag::track() const
-{
-    return presentText(mCachedInfo->track);
-}
-
-std::optional<QString> CachedInfoTag::genres() const
-{
-    return presentText(mCachedInfo->genre);
-}
-
-std::optional<QString> CachedInfoTag::lyrics() const
-{
-    return mCachedInfo->lyrics();
-}
-
-std::optional<QString> CachedInfoTag::bpm() const
-{
-    return presentText(mCachedInfo->bpm);
+    const CachedInfo &info = *mCachedInfo;
+    switch (which) {
+    case TagText::Title:
+        return presentText(info.title);
+    case TagText::Artist:
+        return presentText(info.artist);
+    case TagText::Album:
+        return presentText(info.album);
+    case TagText::Year:
+        return presentText(info.year);
+    case TagText::Track:
+        return presentText(info.track);
+    case TagText::Genres:
+        return presentText(info.genre);
+    case TagText::BPM:
+        return presentText(info.bpm);
+    case TagText::Lyrics:
+        break;
+    }
+    return info.lyrics();
 }
 
 bool CachedInfoTag::isPartOfCompilation() const

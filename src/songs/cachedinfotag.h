@@ -19,30 +19,16 @@ public:
     void setCachedInfo(CachedInfoPointer info) { mCachedInfo = std::move(info); }
 
     [[nodiscard]] TagType type() const override { return TagType::Cached; }
-    [[nodiscard]] std::optional<QString> title() const override;
-    [[nodiscard]] std::optional<QString> artist() const override;
-    [[nodiscard]] std::optional<QString> album() const override;
-    [[nodiscard]] std::optional<QString> year() const override;
-    [[nodiscard]] std::optional<QString> track() const override;
-    [[nodiscard]] std::optional<QString> genres() const override;
-    [[nodiscard]] std::optional<QString> lyrics() const override;
-    [[nodiscard]] std::optional<QString> bpm() const override;
     [[nodiscard]] bool isPartOfCompilation() const override;
     [[nodiscard]] int numberOfImages() const override;
 
-    void setTitle(const QString &) override { whineAboutImmutability(); }
-    void setArtist(const QString &) override { whineAboutImmutability(); }
-    void setAlbum(const QString &) override { whineAboutImmutability(); }
-    void setYear(const QString &) override { whineAboutImmutability(); }
-    void setTrack(const QString &) override { whineAboutImmutability(); }
-    void setGenres(const QString &) override { whineAboutImmutability(); }
-    void setLyrics(const QString &) override { whineAboutImmutability(); }
-    void setBPM(const QString &) override { whineAboutImmutability(); }
     void setIsPartOfCompilation(bool) override { whineAboutImmutability(); }
     bool addImage(const ID3Image &) override;
     bool removeImageAtIndex(int index) override;
 
 private:
+    [[nodiscard]] std::optional<QString> text(TagText which) const override;
+    void setText(TagText, const QString &) override { whineAboutImmutability(); }
     [[nodiscard]] std::shared_ptr<const QImage> storedIcon() const override;
     void whineAboutImmutability() const;
 

@@ -2,6 +2,7 @@
 
 #include "tags/atomname.h"
 #include "tags/id3image.h"
+#include "tags/tagtext.h"
 
 #include <QList>
 #include <QString>
@@ -11,22 +12,18 @@
 #include <bitset>
 #include <optional>
 
-/// The texts that an AAC tag holds.
-enum class AACText { Title, Artist, Album, Year, Genre, Lyrics, Track, BPM };
-inline constexpr size_t aacTextCount = 8;
-
 /// The items of a metadata list that hold plain text, in the order in which they are written.
 struct AACTextItem {
-    AACText text;
+    TagText text;
     AtomName name;
 };
 inline constexpr std::array aacTextItems = {
-    AACTextItem{AACText::Title, atomName("\251nam")},
-    AACTextItem{AACText::Artist, atomName("\251ART")},
-    AACTextItem{AACText::Album, atomName("\251alb")},
-    AACTextItem{AACText::Year, atomName("\251day")},
-    AACTextItem{AACText::Genre, atomName("\251gen")},
-    AACTextItem{AACText::Lyrics, atomName("\251lyr")},
+    AACTextItem{TagText::Title, atomName("\251nam")},
+    AACTextItem{TagText::Artist, atomName("\251ART")},
+    AACTextItem{TagText::Album, atomName("\251alb")},
+    AACTextItem{TagText::Year, atomName("\251day")},
+    AACTextItem{TagText::Genres, atomName("\251gen")},
+    AACTextItem{TagText::Lyrics, atomName("\251lyr")},
 };
 
 /// The items that hold other values, each in a 'data' atom of four bytes type and flags, four
@@ -46,7 +43,7 @@ constexpr qint64 largestValue = 64 << 20;
 
 /// What an AAC tag holds, and which of it was set since it was read.
 struct AACAttributes {
-    std::array<std::optional<QString>, aacTextCount> texts; ///< by AACText
+    std::array<std::optional<QString>, tagTextCount> texts; ///< by TagText
     bool compilation = false;
     QList<ID3Image> images;
     /// Whether there is a title item, be it one that holds no text that we can read.
@@ -54,11 +51,11 @@ struct AACAttributes {
     /// Whether some item holds no value that we can read.
     bool hasUnreadItem = false;
 
-    std::bitset<aacTextCount> textsSet;
+    std::bitset<tagTextCount> textsSet;
     bool compilationSet = false;
     bool imagesSet = false;
 
-    [[nodiscard]] const std::optional<QString> &text(AACText which) const
+    [[nodiscard]] const std::optional<QString> &text(TagText which) const
     {
         return texts.at(static_cast<size_t>(which));
     }
@@ -69,5 +66,5 @@ struct AACAttributes {
             && std::none_of(texts.begin(), texts.end(),
                             [](const auto &held) { return bool(held); });
     }
-    [[nodiscard]] bool isSet(AACText which) const { return textsSet[static_cast<size_t>(which)]; }
+    [[nodiscard]] bool isSet(TagText which) const { return textsSet[static_cast<size_t>(which)]; }
 };

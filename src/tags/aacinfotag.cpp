@@ -28,46 +28,13 @@ try {
     return {nullptr, qtTrId("ErrorMP4Unreadable").arg(malformed.reason())};
 }
 
-std::optional<QString> AACInfoTag::title() const
+std::optional<QString> AACInfoTag::text(TagText which) const
 {
-    return mAttribs.text(AACText::Title);
-}
-
-std::optional<QString> AACInfoTag::artist() const
-{
-    return mAttribs.text(AACText::Artist);
-}
-
-std::optional<QString> AACInfoTag::album() const
-{
-    return mAttribs.text(AACText::Album);
-}
-
-std::optional<QString> AACInfoTag::year() const
-{
-    constexpr qsizetype digits = 4;
-    const std::optional<QString> &stored = mAttribs.text(AACText::Year);
-    return stored && stored->size() >= digits ? std::optional(stored->first(digits)) : std::nullopt;
-}
-
-std::optional<QString> AACInfoTag::track() const
-{
-    return mAttribs.text(AACText::Track);
-}
-
-std::optional<QString> AACInfoTag::genres() const
-{
-    return mAttribs.text(AACText::Genre);
-}
-
-std::optional<QString> AACInfoTag::lyrics() const
-{
-    return mAttribs.text(AACText::Lyrics);
-}
-
-std::optional<QString> AACInfoTag::bpm() const
-{
-    return mAttribs.text(AACText::BPM);
+    constexpr qsizetype yearLength = 4;
+    const std::optional<QString> &stored = mAttribs.text(which);
+    if (which != TagText::Year || !stored)
+        return stored;
+    return stored->size() < yearLength ? std::nullopt : std::optional(stored->first(yearLength));
 }
 
 bool AACInfoTag::isPartOfCompilation() const
@@ -82,55 +49,15 @@ bool AACInfoTag::hasTitle() const
 
 bool AACInfoTag::hasHiddenValues() const
 {
-    return mAttribs.hasUnreadItem || (mAttribs.text(AACText::Year) && !year());
+    return mAttribs.hasUnreadItem || (mAttribs.text(TagText::Year) && !year());
 }
 
-void AACInfoTag::setString(const QString &string, AACText forKey)
+void AACInfoTag::setText(TagText which, const QString &text)
 {
-    const auto key = static_cast<size_t>(forKey);
+    const auto key = static_cast<size_t>(which);
     setTagHasBeenModified(true);
-    mAttribs.texts.at(key) = string.isEmpty() ? std::nullopt : std::optional(string);
+    mAttribs.texts.at(key) = text.isEmpty() ? std::nullopt : std::optional(text);
     mAttribs.textsSet.set(key);
-}
-
-void AACInfoTag::setTitle(const QString &title)
-{
-    setString(title, AACText::Title);
-}
-
-void AACInfoTag::setArtist(const QString &artist)
-{
-    setString(artist, AACText::Artist);
-}
-
-void AACInfoTag::setAlbum(const QString &album)
-{
-    setString(album, AACText::Album);
-}
-
-void AACInfoTag::setYear(const QString &year)
-{
-    setString(year, AACText::Year);
-}
-
-void AACInfoTag::setTrack(const QString &track)
-{
-    setString(track, AACText::Track);
-}
-
-void AACInfoTag::setGenres(const QString &genres)
-{
-    setString(genres, AACText::Genre);
-}
-
-void AACInfoTag::setLyrics(const QString &lyrics)
-{
-    setString(lyrics, AACText::Lyrics);
-}
-
-void AACInfoTag::setBPM(const QString &bpm)
-{
-    setString(bpm, AACText::BPM);
 }
 
 void AACInfoTag::setIsPartOfCompilation(bool isPartOfCompilation)

@@ -20,28 +20,11 @@ public:
 
     [[nodiscard]] TagType type() const override { return TagType::AAC; }
 
-    [[nodiscard]] std::optional<QString> title() const override;
-    [[nodiscard]] std::optional<QString> artist() const override;
-    [[nodiscard]] std::optional<QString> album() const override;
-    /// Four characters; nothing where the file holds fewer.
-    [[nodiscard]] std::optional<QString> year() const override;
-    [[nodiscard]] std::optional<QString> track() const override;
-    [[nodiscard]] std::optional<QString> genres() const override;
-    [[nodiscard]] std::optional<QString> lyrics() const override;
-    [[nodiscard]] std::optional<QString> bpm() const override;
     [[nodiscard]] bool isPartOfCompilation() const override;
     [[nodiscard]] QList<ID3Image> images() const override { return mAttribs.images; }
     [[nodiscard]] bool hasTitle() const override;
     [[nodiscard]] bool hasHiddenValues() const override;
 
-    void setTitle(const QString &title) override;
-    void setArtist(const QString &artist) override;
-    void setAlbum(const QString &album) override;
-    void setYear(const QString &year) override;
-    void setTrack(const QString &track) override;
-    void setGenres(const QString &genres) override;
-    void setLyrics(const QString &lyrics) override;
-    void setBPM(const QString &bpm) override;
     void setIsPartOfCompilation(bool isPartOfCompilation) override;
     bool addImage(const ID3Image &image) override;
     bool removeImageAtIndex(int index) override;
@@ -52,7 +35,9 @@ public:
                                                             const WriteOptions &options) override;
 
 private:
-    void setString(const QString &string, AACText forKey);
+    /// Of the year four characters; nothing where the file holds fewer.
+    [[nodiscard]] std::optional<QString> text(TagText which) const override;
+    void setText(TagText which, const QString &text) override;
 
     AACAttributes mAttribs;
 };

@@ -113,9 +113,9 @@ void setCompilation(Atom &list, bool isPartOfCompilation)
 void setGenre(Atom &list, AtomName name, const AACAttributes &attributes)
 {
     const bool hadNumber = list.firstChild(AACItem::genreNumber) != nullptr;
-    const std::optional<QString> &genre = attributes.text(AACText::Genre);
+    const std::optional<QString> &genre = attributes.text(TagText::Genres);
     remove(list, AACItem::genreNumber);
-    if (attributes.isSet(AACText::Genre) || (hadNumber && genre))
+    if (attributes.isSet(TagText::Genres) || (hadNumber && genre))
         setText(list, name, genre);
 }
 
@@ -191,15 +191,15 @@ void markPictures(const Atom &list)
 void AACItems::apply(const AACAttributes &attributes, Atom &list)
 {
     for (const AACTextItem &item : aacTextItems) {
-        if (item.text == AACText::Genre)
+        if (item.text == TagText::Genres)
             setGenre(list, item.name, attributes);
         else if (attributes.isSet(item.text))
             setText(list, item.name, attributes.text(item.text));
     }
-    if (attributes.isSet(AACText::Track))
-        setTrack(list, attributes.text(AACText::Track));
-    if (attributes.isSet(AACText::BPM))
-        setTempo(list, attributes.text(AACText::BPM));
+    if (attributes.isSet(TagText::Track))
+        setTrack(list, attributes.text(TagText::Track));
+    if (attributes.isSet(TagText::BPM))
+        setTempo(list, attributes.text(TagText::BPM));
     if (attributes.compilationSet)
         setCompilation(list, attributes.compilation);
     if (attributes.imagesSet)

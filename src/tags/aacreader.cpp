@@ -93,10 +93,10 @@ public:
     {
         for (const AACTextItem &item : aacTextItems)
             read(item.name, item.text, textIn);
-        read(AACItem::genreNumber, AACText::Genre, genreReferenceIn);
-        read(AACItem::track, AACText::Track, trackIn);
-        read(AACItem::tempo, AACText::BPM, tempoIn);
-        std::optional<QString> &genre = text(AACText::Genre);
+        read(AACItem::genreNumber, TagText::Genres, genreReferenceIn);
+        read(AACItem::track, TagText::Track, trackIn);
+        read(AACItem::tempo, TagText::BPM, tempoIn);
+        std::optional<QString> &genre = text(TagText::Genres);
         genre = GenreTable::expandedGenres(genre);
         if (const Atom *item = mList.firstChild(AACItem::compilation))
             mAttributes.compilation = isTrue(*item);
@@ -107,13 +107,13 @@ public:
     }
 
 private:
-    std::optional<QString> &text(AACText which)
+    std::optional<QString> &text(TagText which)
     {
         return mAttributes.texts.at(static_cast<size_t>(which));
     }
 
     /// What is there wins over what was read before.
-    void read(AtomName name, AACText into, std::optional<QString> (*value)(const Atom &))
+    void read(AtomName name, TagText into, std::optional<QString> (*value)(const Atom &))
     {
         const Atom *item = mList.firstChild(name);
         if (!item)

@@ -2,6 +2,7 @@
 
 #include "tags/id3image.h"
 #include "tags/tagoptions.h"
+#include "tags/tagtext.h"
 
 #include <QList>
 #include <QString>
@@ -28,16 +29,16 @@ public:
 
     [[nodiscard]] virtual TagType type() const = 0;
 
-    [[nodiscard]] virtual std::optional<QString> title() const { return {}; }
-    [[nodiscard]] virtual std::optional<QString> artist() const { return {}; }
-    [[nodiscard]] virtual std::optional<QString> album() const { return {}; }
-    [[nodiscard]] virtual std::optional<QString> year() const { return {}; }
+    [[nodiscard]] std::optional<QString> title() const { return text(TagText::Title); }
+    [[nodiscard]] std::optional<QString> artist() const { return text(TagText::Artist); }
+    [[nodiscard]] std::optional<QString> album() const { return text(TagText::Album); }
+    [[nodiscard]] std::optional<QString> year() const { return text(TagText::Year); }
     /// "N" or "N/M": number on the album, tracks on the album.
-    [[nodiscard]] virtual std::optional<QString> track() const { return {}; }
+    [[nodiscard]] std::optional<QString> track() const { return text(TagText::Track); }
     /// Several genres are separated by "/".
-    [[nodiscard]] virtual std::optional<QString> genres() const { return {}; }
-    [[nodiscard]] virtual std::optional<QString> lyrics() const { return {}; }
-    [[nodiscard]] virtual std::optional<QString> bpm() const { return {}; }
+    [[nodiscard]] std::optional<QString> genres() const { return text(TagText::Genres); }
+    [[nodiscard]] std::optional<QString> lyrics() const { return text(TagText::Lyrics); }
+    [[nodiscard]] std::optional<QString> bpm() const { return text(TagText::BPM); }
     [[nodiscard]] virtual bool isPartOfCompilation() const { return false; }
     [[nodiscard]] virtual QList<ID3Image> images() const { return {}; }
     [[nodiscard]] virtual int numberOfImages() const;
@@ -49,14 +50,14 @@ public:
     [[nodiscard]] virtual bool hasHiddenValues() const { return false; }
 
     // An empty text removes the field. Every setter of a concrete tag marks it as modified.
-    virtual void setTitle(const QString &) { }
-    virtual void setArtist(const QString &) { }
-    virtual void setAlbum(const QString &) { }
-    virtual void setYear(const QString &) { }
-    virtual void setTrack(const QString &) { }
-    virtual void setGenres(const QString &) { }
-    virtual void setLyrics(const QString &) { }
-    virtual void setBPM(const QString &) { }
+    void setTitle(const QString &title) { setText(TagText::Title, title); }
+    void setArtist(const QString &artist) { setText(TagText::Artist, artist); }
+    void setAlbum(const QString &album) { setText(TagText::Album, album); }
+    void setYear(const QString &year) { setText(TagText::Year, year); }
+    void setTrack(const QString &track) { setText(TagText::Track, track); }
+    void setGenres(const QString &genres) { setText(TagText::Genres, genres); }
+    void setLyrics(const QString &lyrics) { setText(TagText::Lyrics, lyrics); }
+    void setBPM(const QString &bpm) { setText(TagText::BPM, bpm); }
     virtual void setIsPartOfCompilation(bool) { }
     virtual bool addImage(const ID3Image &) { return false; }
     /// False when the tag has no images; an index beyond them is a mistake of the caller.
@@ -106,6 +107,10 @@ public:
     [[nodiscard]] QImage imageIconNoLargerThan(double maxWidth, double maxHeight) const;
 
 protected:
+    [[nodiscard]] virtual std::optional<QString> text(TagText) const { return {}; }
+    /// An empty text removes the field.
+    virtual void setText(TagText, const QString &) { }
+
     void setEncounteredProblemDecoding() { mEncounteredProblemDecoding = true; }
     /// The icon of a tag that has no pictures to make one from.
     [[nodiscard]] virtual std::shared_ptr<const QImage> storedIcon() const { return {}; }

@@ -5,7 +5,20 @@
 #include "tags/mp3rewrite.h"
 #include "text/integervalue.h"
 
+#include <array>
 #include <utility>
+
+namespace {
+
+FieldFrames framesOf(TagText which)
+{
+    static constexpr std::array<FieldFrames, tagTextCount> frames{
+        Fields::title, Fields::artist, Fields::album,  Fields::year,
+        Fields::track, Fields::genres, Fields::lyrics, Fields::bpm};
+    return frames.at(static_cast<size_t>(which));
+}
+
+} // namespace
 
 std::unique_ptr<MP3InfoTag> MP3InfoTag::tagWithBytes(const SongBytes &song,
                                                      const ReadOptions &options)
@@ -24,57 +37,22 @@ std::unique_ptr<MP3InfoTag> MP3InfoTag::tagWithBytes(const SongBytes &song,
     return tag;
 }
 
-std::optional<QString> MP3InfoTag::text(FieldFrames field) const
+std::optional<QString> MP3InfoTag::text(TagText which) const
 {
-    return mFrames.firstStringForFrameID(field.v24, field.v22);
-}
-
-std::optional<QString> MP3InfoTag::title() const
-{
-    return text(Fields::title);
-}
-
-std::optional<QString> MP3InfoTag::artist() const
-{
-    return text(Fields::artist);
-}
-
-std::optional<QString> MP3InfoTag::album() const
-{
-    return text(Fields::album);
-}
-
-std::optional<QString> MP3InfoTag::year() const
-{
-    return text(Fields::year);
-}
-
-std::optional<QString> MP3InfoTag::track() const
-{
-    return text(Fields::track);
-}
-
-std::optional<QString> MP3InfoTag::genres() const
-{
-    return text(Fields::genres);
-}
-
-std::optional<QString> MP3InfoTag::bpm() const
-{
-    return text(Fields::bpm);
-}
-
-std::optional<QString> MP3InfoTag::lyrics() const
-{
-    const FrameContent *content =
-        mFrames.firstObjectForFrameID(Fields::lyrics.v24, Fields::lyrics.v22);
+    const FieldFrames field = framesOf(which);
+    if (which != TagText::Lyrics)
+        return mFrames.firstStringForFrameID(field.v24, field.v22);
+    const FrameContent *content = mFrames.firstObjectForFrameID(field.v24, field.v22);
     const auto *block = content ? std::get_if<TextBlock>(content) : nullptr;
     return block ? block->text : std::nullopt;
 }
 
 bool MP3InfoTag::isPartOfCompilation() const
 {
-    return integerValue(text(Fields::compilation).value_or(QString())) >= 1;
+    return integerValue(
+               mFrames.firstStringForFrameID(Fields::compilation.v24, Fields::compilation.v22)
+                   .value_or(QString()))
+        >= 1;
 }
 
 QList<ID3Image> MP3InfoTag::images() const
@@ -113,42 +91,15 @@ void MP3InfoTag::setString(const QString &string, FieldFrames field)
         mFrames.setString(string, frameID(field));
 }
 
-void MP3InfoTag::setTitle(const QString &title)
+void MP3InfoTag::setText(TagText which, const QString &text)
 {
-    setString(title, Fields::title);
+    if (which == TagText::Lyrics)
+        setLyricsFrame(text);
+    else
+        setString(text, framesOf(which));
 }
 
-void MP3InfoTag::setArtist(const QString &artist)
-{
-    setString(artist, Fields::artist);
-}
-
-void MP3InfoTag::setAlbum(const QString &album)
-{
-    setString(album, Fields::album);
-}
-
-void MP3InfoTag::setYear(const QString &year)
-{
-    setString(year, Fields::year);
-}
-
-void MP3InfoTag::setTrack(const QString &track)
-{
-    setString(track, Fields::track);
-}
-
-void MP3InfoTag::setGenres(const QString &genres)
-{
-    setString(genres, Fields::genres);
-}
-
-void MP3InfoTag::setBPM(const QString &bpm)
-{
-    setString(bpm, Fields::bpm);
-}
-
-void MP3InfoTag::setLyrics(const QString &lyrics)
+void MP3InfoTag::setLyricsFrame(const QString &lyrics)
 {
     setTagHasBeenModified(true);
     const QString id = frameID(Fields::lyrics);

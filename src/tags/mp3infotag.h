@@ -21,27 +21,11 @@ public:
 
     [[nodiscard]] TagType type() const override { return TagType::MP3; }
 
-    [[nodiscard]] std::optional<QString> title() const override;
-    [[nodiscard]] std::optional<QString> artist() const override;
-    [[nodiscard]] std::optional<QString> album() const override;
-    [[nodiscard]] std::optional<QString> year() const override;
-    [[nodiscard]] std::optional<QString> track() const override;
-    [[nodiscard]] std::optional<QString> genres() const override;
-    [[nodiscard]] std::optional<QString> lyrics() const override;
-    [[nodiscard]] std::optional<QString> bpm() const override;
     [[nodiscard]] bool isPartOfCompilation() const override;
     [[nodiscard]] QList<ID3Image> images() const override;
     [[nodiscard]] int numberOfImages() const override;
     [[nodiscard]] bool hasTitle() const override;
 
-    void setTitle(const QString &title) override;
-    void setArtist(const QString &artist) override;
-    void setAlbum(const QString &album) override;
-    void setYear(const QString &year) override;
-    void setTrack(const QString &track) override;
-    void setGenres(const QString &genres) override;
-    void setLyrics(const QString &lyrics) override;
-    void setBPM(const QString &bpm) override;
     void setIsPartOfCompilation(bool isPartOfCompilation) override;
     bool addImage(const ID3Image &image) override;
     bool removeImageAtIndex(int index) override;
@@ -56,8 +40,10 @@ public:
     [[nodiscard]] ByteRange id3v2Range() const { return mID3v2Range; }
 
 private:
-    [[nodiscard]] std::optional<QString> text(FieldFrames field) const;
+    [[nodiscard]] std::optional<QString> text(TagText which) const override;
+    void setText(TagText which, const QString &text) override;
     void setString(const QString &string, FieldFrames field);
+    void setLyricsFrame(const QString &lyrics);
     /// The ID under which the field stands in a tag of the version that was read.
     [[nodiscard]] QString frameID(FieldFrames field) const;
 

@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         return 0;
     const AtomSource again = AtomSource::ofBytes(written);
     const auto read = AACReader::getAttributesFromAACFile(*Atom::atomContainerFromFile(again));
-    if (read.text(AACText::Title) != QStringLiteral("12/34") || read.images.isEmpty())
+    if (read.text(TagText::Title) != QStringLiteral("12/34") || read.images.isEmpty())
         std::abort();
     return 0;
 }

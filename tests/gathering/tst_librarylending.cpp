@@ -157,8 +157,12 @@ private Q_SLOTS:
         public:
             Summary() { setIsLazy(true); }
             [[nodiscard]] TagType type() const override { return TagType::Cached; }
-            [[nodiscard]] std::optional<QString> album() const override { return u"Night"_qs; }
-            [[nodiscard]] std::optional<QString> artist() const override { return u"Ann"_qs; }
+            [[nodiscard]] std::optional<QString> text(TagText which) const override
+            {
+                if (which == TagText::Album)
+                    return u"Night"_qs;
+                return which == TagText::Artist ? std::optional(u"Ann"_qs) : std::nullopt;
+            }
             [[nodiscard]] int numberOfImages() const override { return 1; }
         };
         const SongList library = libraryFrom(u"Night|Ann|||300"_qs);

@@ -24,19 +24,17 @@ public:
     }
 
     [[nodiscard]] TagType type() const override { return TagType::MP3; }
-    [[nodiscard]] Text title() const override { return text(u"title"_s); }
-    [[nodiscard]] Text artist() const override { return text(u"artist"_s); }
-    [[nodiscard]] Text album() const override { return text(u"album"_s); }
-    [[nodiscard]] Text year() const override { return text(u"year"_s); }
-    [[nodiscard]] Text track() const override { return text(u"track"_s); }
-    [[nodiscard]] Text genres() const override { return text(u"genre"_s); }
-    [[nodiscard]] Text lyrics() const override { return text(u"lyrics"_s); }
-    [[nodiscard]] Text bpm() const override { return text(u"bpm"_s); }
     [[nodiscard]] Text readVersion() const override { return text(u"version"_s); }
     [[nodiscard]] bool isPartOfCompilation() const override { return !!text(u"compilation"_s); }
     [[nodiscard]] int numberOfImages() const override { return mFields.value(u"art"_s).toInt(); }
 
 private:
+    [[nodiscard]] Text text(TagText which) const override
+    {
+        static const QStringList names{u"title"_s, u"artist"_s, u"album"_s,  u"year"_s,
+                                       u"track"_s, u"genre"_s,  u"lyrics"_s, u"bpm"_s};
+        return text(names.at(static_cast<int>(which)));
+    }
     [[nodiscard]] Text text(const QString &name) const
     {
         return mFields.value(name).isNull() ? Text() : mFields.value(name);
