@@ -7,7 +7,7 @@
 
 /// An album of the sample sites. Artists and titles are made up.
 struct SampleAlbum {
-    QString discID; ///< "genre/number", as the track database names discs
+    QString discID; ///< "genre/number", as the track database names discs; empty if not there
     QString artist;
     QString name;
     QString year;
