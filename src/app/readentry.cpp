@@ -20,12 +20,13 @@ public:
     ReadEntry read(const InfoLookUp &storedInfo, const CachedInfoPointer &neighbour)
     {
         mRead.info = storedInfo(path());
-        if (!mRead.info && !claimsToBeSong())
+        const bool hasSummary = mRead.info != nullptr;
+        if (!hasSummary && !isSong())
             return std::move(mRead);
         lookAtFile(storedInfo);
         if (mRead.info && !(mAttributes && mRead.info->holdsFor(*mAttributes, mOptions.dialect)))
             mRead.info = nullptr;
-        if (mRead.info || claimsToBeSong())
+        if (mRead.info || !hasSummary || isSong())
             makeSong(neighbour);
         return std::move(mRead);
     }
@@ -33,9 +34,17 @@ public:
 private:
     [[nodiscard]] const QString &path() const { return mRead.entry.path; }
 
-    [[nodiscard]] bool claimsToBeSong() const
+    [[nodiscard]] bool isSong() const
     {
-        return FileType::claimsToBeMP3(path()) || FileType::claimsToBeAAC(path());
+        return mRead.entry.proof == SongProof::None || FileType::claimsToBeMP3(path())
+            || FileType::claimsToBeAAC(path())
+            || (mRead.entry.proof == SongProof::NameOrContents && holdsSong());
+    }
+
+    [[nodiscard]] bool holdsSong() const
+    {
+        const auto bytes = SongBytes::open(path());
+        return bytes && FileType::songDataType(*bytes) != FileType::SongDataType::Unknown;
     }
 
     /// Libraries that were made on a Mac name files in another Unicode form.

@@ -23,7 +23,7 @@ struct ReadEntry {
 using InfoLookUp = std::function<CachedInfoPointer(const QString &path)>;
 
 /// The song of an entry: by its stored summary where that still holds, else read from the file,
-/// which then has to claim by its name to be a song. `neighbour`, which may be null, is the
+/// where its proof says that it is a song. `neighbour`, which may be null, is the
 /// summary of a song before it, with which it shares texts.
 [[nodiscard]] ReadEntry readSourceEntry(const SourceEntry &entry, const ReadOptions &options,
                                         const InfoLookUp &storedInfo,

@@ -85,14 +85,17 @@ void LoadedSongs::deliver()
         for (const ReadEntry &read : entries.value_or(ReadEntries()))
             add(read);
     }
-    for (const auto &[subject, reason] : mReading->takeProblems())
-        logProblem(QStringLiteral("%1: %2").arg(subject, reason), subject, reason);
+    const bool isOver = mReading->isOver(); // asked before the problems: those of its end count
+    for (const auto &[subject, reason] : mReading->takeProblems()) {
+        mLog.addLog(QStringLiteral("%1: %2").arg(subject, reason), LogColor::Error);
+        Q_EMIT problemFound(subject, reason);
+    }
     if (mAllSongs.size() > before)
         Q_EMIT songsAdded(static_cast<qsizetype>(mAllSongs.size() - before));
     showProgress();
     if (!isAllTaken)
         onNextTurn(this, [this] { deliver(); });
-    else if (mIsCancelled || mReading->isOver())
+    else if (mIsCancelled || isOver)
         finish();
 }
 
@@ -104,13 +107,14 @@ void LoadedSongs::add(const ReadEntry &read)
         break;
     case ReadEntry::Result::NoRecord:
         // A folder's or library's small and missing files are passed over: they are no songs.
-        if (mSource.kind == SourceKind::Playlist)
-            logProblem(QStringLiteral("%1 %2").arg(qtTrId("NoInitializeSong"), read.entry.path),
-                       read.entry.path, qtTrId("ErrorNoSong"));
+        if (mSource.kind == SourceKind::Playlist || read.entry.proof == SongProof::None)
+            refuse(read, qtTrId("NoInitializeSong"), qtTrId("ErrorNoSong"));
         break;
     case ReadEntry::Result::NoTag:
-        logProblem(QStringLiteral("%1 %2").arg(qtTrId("NoInitializeTag"), read.entry.path),
-                   read.entry.path, read.song->reasonOfNoTag());
+        if (mSource.unreadable == UnreadableSongs::Keep)
+            addSong(read);
+        else
+            refuse(read, qtTrId("NoInitializeTag"), read.song->reasonOfNoTag());
         break;
     case ReadEntry::Result::Song:
         addSong(read);
@@ -147,10 +151,10 @@ std::shared_ptr<SongFile> LoadedSongs::recordFor(const ReadEntry &read) const
     return song;
 }
 
-void LoadedSongs::logProblem(const QString &line, const QString &subject, const QString &reason)
+void LoadedSongs::refuse(const ReadEntry &read, const QString &line, const QString &reason)
 {
-    mLog.addLog(line, LogColor::Error);
-    Q_EMIT problemFound(subject, reason);
+    mLog.addLog(QStringLiteral("%1 %2").arg(line, read.entry.path), LogColor::Error);
+    Q_EMIT songRefused(read.entry.path, reason);
 }
 
 void LoadedSongs::showProgress()

@@ -45,6 +45,8 @@ Q_SIGNALS:
     void songsAdded(qsizetype count);
     /// Was logged as well. `subject` is a path, or the name of a source that cannot be read.
     void problemFound(const QString &subject, const QString &reason);
+    /// Was logged as well: a file that the source names, and why it is not in the list.
+    void songRefused(const QString &path, const QString &reason);
     void loadFinished(LoadedSongs::End end);
 
 private:
@@ -52,7 +54,7 @@ private:
     void add(const ReadEntry &read);
     void addSong(const ReadEntry &read);
     [[nodiscard]] std::shared_ptr<SongFile> recordFor(const ReadEntry &read) const;
-    void logProblem(const QString &line, const QString &subject, const QString &reason);
+    void refuse(const ReadEntry &read, const QString &line, const QString &reason);
     void showProgress();
     void finish();
     void abandonReading();

@@ -8,11 +8,19 @@
 #include <functional>
 #include <optional>
 
+/// What has to speak for it that a file of a source is a song.
+enum class SongProof {
+    Name, ///< its ending
+    NameOrContents,
+    None, ///< the user named it
+};
+
 /// One file that a source names.
 struct SourceEntry {
     QString path;
     int databaseID = 0; ///< of the library's track; 0 when unknown
     int playlistIndex = AudioInfoTag::notFound; ///< position in the playlist, from 1 on
+    SongProof proof = SongProof::Name;
 };
 
 /// Takes what a source finds.
@@ -30,6 +38,10 @@ public:
     [[nodiscard]] virtual bool goesOn() const = 0;
 };
 
+/// What becomes of songs whose tag cannot be read: they are told of and left out, or they stay in
+/// the list, and what is done with them tells why it fails.
+enum class UnreadableSongs { LeaveOut, Keep };
+
 /// Where the songs of the list come from.
 struct SongSource {
     SourceKind kind = SourceKind::Folder;
@@ -38,6 +50,7 @@ struct SongSource {
     QString progressText; ///< shown while it is read
     /// How the list is sorted once it is read; null: as it was sorted before.
     SongOrder::Comparison order = nullptr;
+    UnreadableSongs unreadable = UnreadableSongs::LeaveOut;
     /// Hands over all entries in order. Called once, on a thread of its own.
     std::function<void(EntrySink &)> readEntries;
 };

@@ -1,6 +1,7 @@
 #include "app/songsources.h"
 
 #include "base/folderwalk.h"
+#include "base/namedpaths.h"
 #include "itunes/libraryreader.h"
 
 #include <QFileInfo>
@@ -19,6 +20,19 @@ void readFolder(const QString &path, EntrySink &sink)
                                       const QString &reason) { sink.problem(name, reason); },
                    .goesOn = [&sink] { return sink.goesOn(); },
                });
+}
+
+void readPaths(const QStringList &paths, EntrySink &sink)
+{
+    forEachPath(
+        paths,
+        [&sink](const FoundPath &found) {
+            const bool isNamed = found.origin == FoundPath::Origin::Named;
+            sink.add({.path = found.path,
+                      .proof = isNamed ? SongProof::None : SongProof::NameOrContents});
+        },
+        [&sink](const QString &path, const QString &reason) { sink.problem(path, reason); },
+        [&sink] { return sink.goesOn(); });
 }
 
 /// Streams have no file.
@@ -71,6 +85,15 @@ std::optional<SongSource> folderSource(const QString &folder)
     source.windowTitle = qtTrId("WindowTitleDirectory").arg(path);
     source.progressText = qtTrId("ScanningDirectory");
     source.readEntries = [path](EntrySink &sink) { readFolder(path, sink); };
+    return source;
+}
+
+SongSource pathsSource(const QStringList &paths)
+{
+    SongSource source;
+    source.kind = SourceKind::Folder;
+    source.progressText = qtTrId("ScanningDirectory");
+    source.readEntries = [paths](EntrySink &sink) { readPaths(paths, sink); };
     return source;
 }
 

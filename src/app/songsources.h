@@ -7,6 +7,10 @@
 /// Every song file in the folder at any depth; nothing when there is no such folder.
 [[nodiscard]] std::optional<SongSource> folderSource(const QString &folder);
 
+/// Every song at these paths: a file, whatever its name, or every song in a folder at any depth.
+/// In the order given, a folder's songs in sorted order of their paths.
+[[nodiscard]] SongSource pathsSource(const QStringList &paths);
+
 /// Every track of the library file, in the order of their keys.
 [[nodiscard]] SongSource librarySource(const QString &libraryFile, const MovedFolders &moved = {});
 

@@ -278,7 +278,7 @@ void WorkList::storeSummary(SongFile &song)
         return;
     const ID3Dialect &dialect = song.readOptions().dialect;
     if (const auto info = CachedInfoTag::infoDictForTag(*tag, song.path(), dialect))
-        mInfoCache->storeInfo(*info, QFileInfo(song.path()).absoluteFilePath());
+        mInfoCache->storeInfo(*info, song.path());
 }
 
 /// The list shows the song by its summary. One that could not be written stays a problem.

@@ -1,11 +1,11 @@
 #include "cli/gathercommand.h"
 
+#include "app/songsources.h"
 #include "app/usersources.h"
 #include "cli/chosenoptions.h"
 #include "cli/gatherrun.h"
 #include "cli/interrupt.h"
 #include "cli/outcomereport.h"
-#include "cli/songopening.h"
 #include "cli/sourceloading.h"
 
 #include <QFileInfo>
@@ -15,62 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The songs of the arguments. What is named and is no song is told of as a failed one.
-class SongCollection {
-public:
-    SongCollection(const ReadOptions &options, const GatherRun::TellOutcome &tell, Report &report)
-    {
-        mAdd = [this, options, tell](const FoundPath &found) {
-            OpenedSong opened = openSong(found, options);
-            if (opened.song)
-                songs.push_back(std::move(opened.song));
-            else if (!opened.error.isEmpty())
-                fail(found.path, opened.error, options, tell);
-        };
-        mProblem = [&report](const QString &path, const QString &reason) {
-            report.error(path, reason);
-        };
-    }
-
-    void collect(const QStringList &paths) { forEachPath(paths, mAdd, mProblem); }
-
-    /// Songs that are there already are not taken twice.
-    void add(const SongList &more)
-    {
-        QSet<QString> known;
-        for (const auto &song : songs)
-            known.insert(QFileInfo(song->path()).absoluteFilePath());
-        for (const auto &song : more) {
-            if (known.contains(song->path()))
-                continue;
-            known.insert(song->path());
-            songs.push_back(song);
-        }
-    }
-
-    SongList songs;
-    int failed = 0;
-
-private:
-    void fail(const QString &path, const QString &error, const ReadOptions &options,
-              const GatherRun::TellOutcome &tell)
-    {
-        ++failed;
-        SongOutcome outcome;
-        outcome.song = std::make_shared<SongFile>(path, options);
-        outcome.failed = true;
-        outcome.error = error;
-        tell(outcome);
-    }
-
-    std::function<void(const FoundPath &)> mAdd;
-    std::function<void(const QString &, const QString &)> mProblem;
-};
-
 std::vector<SongSource> sourcesOf(const Arguments &arguments, const PrefsController &prefs,
                                   Report &report)
 {
     std::vector<SongSource> sources;
+    if (!arguments.paths.isEmpty())
+        sources.push_back(pathsSource(arguments.paths));
     if (arguments.library) {
         if (auto library = usersLibrary(prefs))
             sources.push_back(*std::move(library));
@@ -82,6 +32,23 @@ std::vector<SongSource> sourcesOf(const Arguments &arguments, const PrefsControl
     return sources;
 }
 
+/// The songs of all sources, each once, at its first place.
+SongList loadedSongs(const std::vector<SongSource> &sources, const ReadOptions &options,
+                     SourceLoading &loading)
+{
+    SongList songs;
+    QSet<QString> paths;
+    for (const SongSource &source : sources) {
+        for (const auto &song : loading.load(source, options)) {
+            const auto known = paths.size();
+            paths.insert(QFileInfo(song->path()).absoluteFilePath());
+            if (paths.size() > known)
+                songs.push_back(song);
+        }
+    }
+    return songs;
+}
+
 void tellOutcome(const SongOutcome &outcome, Report &report)
 {
     if (report.format() == ReportFormat::JsonLines)
@@ -91,6 +58,15 @@ void tellOutcome(const SongOutcome &outcome, Report &report)
     report.flush();
     if (outcome.failed)
         report.error(outcome.song->path(), outcome.error.value_or(QString()));
+}
+
+SongOutcome failedOutcome(const QString &path, const QString &reason, const ReadOptions &options)
+{
+    SongOutcome outcome;
+    outcome.song = std::make_shared<SongFile>(path, options);
+    outcome.failed = true;
+    outcome.error = reason;
+    return outcome;
 }
 
 void tellSummary(const GatherRun::Summary &summary, Report &report)
@@ -128,19 +104,23 @@ int runGather(const Arguments &arguments, Report &report)
     engine.start(arguments.definitions ? Engine::Definitions::Fixed : Engine::Definitions::Live);
 
     const auto tell = [&report](const SongOutcome &outcome) { tellOutcome(outcome, report); };
-    SongCollection collection(readOptionsOf(arguments, engine.prefs), tell, report);
-    collection.collect(arguments.paths);
-    SourceLoading loading(engine, interrupt, report);
-    for (const SongSource &source : sourcesOf(arguments, engine.prefs, report))
-        collection.add(loading.load(source, readOptionsOf(arguments, engine.prefs)));
+    const ReadOptions reading = readOptionsOf(arguments, engine.prefs);
+    int refused = 0;
+    SourceLoading loading(engine, interrupt, report,
+                          [&](const QString &path, const QString &reason) {
+                              ++refused;
+                              tell(failedOutcome(path, reason, reading));
+                          });
+    const SongList songs =
+        loadedSongs(sourcesOf(arguments, engine.prefs, report), reading, loading);
     GatherRun::Summary summary{.cancelled = true};
     if (!loading.isCancelled())
-        summary = GatherRun(engine, collection.songs, interrupt)
+        summary = GatherRun(engine, songs, interrupt)
                       .run(gatheringOptionsOf(arguments, engine.prefs),
                            writeOptionsOf(arguments, engine.prefs),
                            arguments.dryRun ? WriteSongs::No : WriteSongs::Yes, tell);
-    summary.processed += collection.failed;
-    summary.failed += collection.failed;
+    summary.processed += refused;
+    summary.failed += refused;
     tellSummary(summary, report);
     return report.finish();
 }

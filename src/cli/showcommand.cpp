@@ -1,7 +1,7 @@
 #include "cli/showcommand.h"
 
 #include "app/prefscontroller.h"
-#include "cli/songpaths.h"
+#include "base/namedpaths.h"
 #include "cli/tagsummary.h"
 #include "songs/songfile.h"
 #include "sources/sitedefinitionstore.h"

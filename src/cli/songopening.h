@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/songpaths.h"
+#include "base/namedpaths.h"
 #include "songs/songfile.h"
 
 /// What a path that the user gave turned out to be.

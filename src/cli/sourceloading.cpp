@@ -7,7 +7,8 @@
 
 #include <algorithm>
 
-SourceLoading::SourceLoading(Engine &engine, const Interrupt &interrupt, Report &report)
+SourceLoading::SourceLoading(Engine &engine, const Interrupt &interrupt, Report &report,
+                             TellRefused refused)
     : mLoaded(engine.infoCache, engine.log)
 {
     connect(&interrupt, &Interrupt::interrupted, this, [this] {
@@ -19,6 +20,11 @@ SourceLoading::SourceLoading(Engine &engine, const Interrupt &interrupt, Report 
                 mProgress.clear();
                 report.error(subject, reason);
             });
+    connect(&mLoaded, &LoadedSongs::songRefused, this,
+            [this, refused = std::move(refused)](const QString &path, const QString &reason) {
+                mProgress.clear();
+                refused(path, reason);
+            });
     connect(&mLoaded.progress(), &Progress::changed, this, [this] {
         const Progress &progress = mLoaded.progress();
         mProgress.show(mLoaded.source().progressText, static_cast<int>(progress.value()),
@@ -26,12 +32,13 @@ SourceLoading::SourceLoading(Engine &engine, const Interrupt &interrupt, Report 
     });
 }
 
-SongList SourceLoading::load(const SongSource &source, const ReadOptions &options)
+SongList SourceLoading::load(SongSource source, const ReadOptions &options)
 {
     if (mIsCancelled)
         return {};
     QEventLoop loop;
     connect(&mLoaded, &LoadedSongs::loadFinished, &loop, &QEventLoop::quit);
+    source.unreadable = UnreadableSongs::Keep;
     mLoaded.load(source, options);
     loop.exec();
     mProgress.clear();

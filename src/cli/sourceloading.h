@@ -12,12 +12,15 @@ class SourceLoading : public QObject {
     Q_OBJECT
 
 public:
-    /// All three must outlive this.
-    SourceLoading(Engine &engine, const Interrupt &interrupt, Report &report);
+    /// Called for each file that is named and is no song.
+    using TellRefused = std::function<void(const QString &path, const QString &reason)>;
 
-    /// The songs of the source in the order in which the list shows them. Runs an event loop;
-    /// after an interrupt nothing is loaded any more.
-    SongList load(const SongSource &source, const ReadOptions &options);
+    /// All three must outlive this.
+    SourceLoading(Engine &engine, const Interrupt &interrupt, Report &report, TellRefused refused);
+
+    /// The songs of the source in the order in which the list shows them, also those that cannot
+    /// be read. Runs an event loop; after an interrupt nothing is loaded any more.
+    SongList load(SongSource source, const ReadOptions &options);
     [[nodiscard]] bool isCancelled() const { return mIsCancelled; }
 
 private:

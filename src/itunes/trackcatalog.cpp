@@ -146,9 +146,10 @@ bool TrackCatalog::readTracksOfFile(const QString &playlistFile)
                   qUtf8Printable(reading.problem));
         return false;
     }
-    if (const auto missing = reading.playlist->missing.size())
-        qCWarning(logItunes, "The playlist %s names %lld songs that are not there",
-                  qUtf8Printable(playlistFile), static_cast<long long>(missing));
+    if (const QStringList &missing = reading.playlist->missing; !missing.isEmpty())
+        qCWarning(logItunes, "The playlist %s names %lld songs that are not there, such as %s",
+                  qUtf8Printable(playlistFile), static_cast<long long>(missing.size()),
+                  qUtf8Printable(missing.first()));
     for (const QString &path : reading.playlist->paths)
         mTracks.push_back({nullptr, path});
     return true;

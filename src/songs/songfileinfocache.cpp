@@ -46,6 +46,12 @@ CacheBucket soundBucketInFile(const QString &path)
     }
 }
 
+/// Looks at no file, and at absolute paths but once.
+QString absolutePath(const QString &path)
+{
+    return QDir::isAbsolutePath(path) ? path : QDir::current().absoluteFilePath(path);
+}
+
 QString writtenAtomically(const QString &path, const QByteArray &bytes)
 {
     QTemporaryFile file(path + QStringLiteral(".XXXXXX"));
@@ -85,24 +91,26 @@ CachedInfoPointer SongFileInfoCache::infoForSongFileAtPath(const QString &path,
 
 CachedInfoPointer SongFileInfoCache::storedInfo(const QString &forSongFileAtPath)
 {
-    Bucket *bucket = hostDictionaryForPath(forSongFileAtPath);
+    const QString path = absolutePath(forSongFileAtPath);
+    Bucket *bucket = hostDictionaryForPath(path);
     if (!bucket)
         return nullptr;
     const std::shared_lock lock(bucket->mutex);
-    return bucket->songs.value(forSongFileAtPath);
+    return bucket->songs.value(path);
 }
 
 void SongFileInfoCache::storeInfo(const CachedInfo &info, const QString &forSongFileAtPath)
 {
     QString key;
-    Bucket *bucket = hostDictionaryForPath(forSongFileAtPath, &key);
+    const QString path = absolutePath(forSongFileAtPath);
+    Bucket *bucket = hostDictionaryForPath(path, &key);
     if (!bucket)
         return;
     auto stored = std::make_shared<CachedInfo>(info);
     stored->madeAt = QDateTime::currentMSecsSinceEpoch();
     {
         const std::scoped_lock lock(bucket->mutex);
-        bucket->songs.insert(forSongFileAtPath, std::move(stored));
+        bucket->songs.insert(path, std::move(stored));
     }
     mDirtyDicts.insert(key);
     cacheMemoryDirty();

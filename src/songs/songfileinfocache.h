@@ -32,6 +32,8 @@ public:
     [[nodiscard]] CachedInfoPointer infoForSongFileAtPath(const QString &path,
                                                           const ID3Dialect &dialect);
 
+    // Summaries are kept by absolute paths, whatever form of them is given.
+
     /// The stored summary, which may hold no longer: the file is not asked.
     [[nodiscard]] CachedInfoPointer storedInfo(const QString &forSongFileAtPath);
 

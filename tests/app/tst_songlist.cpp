@@ -81,6 +81,29 @@ private Q_SLOTS:
         QVERIFY(mLines.contains(u"No tag can be read from %1/b/3.mp3"_s.arg(mMusic)));
     }
 
+    void namedPathsAreTakenByWhatTheyHold()
+    {
+        addSongs({u"b.mp3"_s, u"sub/song"_s, u"sub/a.mp3"_s});
+        writeFile(mMusic + u"/sub/text"_s, QByteArray(300, 'x'));
+        writeFile(mMusic + u"/text"_s, QByteArray(300, 'x'));
+        writeFile(mMusic + u"/empty"_s, {});
+        QStringList given;
+        for (const char *name : {"b.mp3", "none", "text", "empty", "sub", "b.mp3"})
+            given << mMusic + u'/' + QString::fromLatin1(name);
+        QSignalSpy problems(mList.get(), &LoadedSongs::problemFound);
+        QSignalSpy refusals(mList.get(), &LoadedSongs::songRefused);
+        SongSource source = pathsSource(given);
+        source.unreadable = UnreadableSongs::Keep;
+        loadSource(source);
+        QCOMPARE(paths(),
+                 (QStringList{u"b.mp3"_s, u"text"_s, u"sub/a.mp3"_s, u"sub/song"_s, u"b.mp3"_s}));
+        QVERIFY(!mList->allSongs()[1]->infotag());
+        QCOMPARE(problems.size(), 1);
+        QCOMPARE(problems[0][0].toString(), given[1]);
+        QCOMPARE(refusals.size(), 1);
+        QCOMPARE(refusals[0][0].toString(), given[3]);
+    }
+
     void damagedSongsAreKeptAndListed()
     {
         addSongs({u"a.mp3"_s});

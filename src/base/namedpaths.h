@@ -19,6 +19,8 @@ struct FoundPath {
 ///
 /// A path that does not exist as written is tried in the other Unicode forms (names made on a
 /// Mac are decomposed). What exists in no form, and a folder that cannot be read, is told of by
-/// `problem`, with the path and the reason.
+/// `problem`, with the path and the reason. `goesOn` is asked before each step where it is set; a
+/// walk that does not go on ends early.
 void forEachPath(const QStringList &paths, const std::function<void(const FoundPath &)> &visit,
-                 const std::function<void(const QString &path, const QString &reason)> &problem);
+                 const std::function<void(const QString &path, const QString &reason)> &problem,
+                 const std::function<bool()> &goesOn = {});

@@ -1,4 +1,4 @@
-#include "cli/songpaths.h"
+#include "base/namedpaths.h"
 
 #include "base/folderwalk.h"
 #include "base/unicodeforms.h"
@@ -8,7 +8,8 @@
 #include <filesystem>
 
 void forEachPath(const QStringList &paths, const std::function<void(const FoundPath &)> &visit,
-                 const std::function<void(const QString &, const QString &)> &problem)
+                 const std::function<void(const QString &, const QString &)> &problem,
+                 const std::function<bool()> &goesOn)
 {
     const FolderVisitor visitor{
         .file =
@@ -16,8 +17,11 @@ void forEachPath(const QStringList &paths, const std::function<void(const FoundP
                 visit({path, FoundPath::Origin::InFolder});
             },
         .problem = problem,
+        .goesOn = goesOn,
     };
     for (const QString &given : paths) {
+        if (goesOn && !goesOn())
+            return;
         const QString path = existingForm(given);
         std::error_code error;
         if (path.isNull())
