@@ -41,7 +41,7 @@ const std::vector<SampleAlbum> &sampleAlbums()
          {freeDB, coverKingdom}},
         {u"rock/7c0d1f06"_s,
          u"The Lanterns"_s,
-         u"Paper Moons"_s,
+         u"Paper Moons (Anniversary Edition)"_s,
          u"2004"_s,
          u"Rock"_s,
          {u"Paper Moons"_s, u"Last Tram Home"_s, u"Neon Rain"_s, u"Second Floor Window"_s,

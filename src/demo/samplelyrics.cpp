@@ -30,8 +30,8 @@ const std::vector<SampleLyrics> &sampleLyrics()
           u"It carries back like hope."_s},
          {lyricsAndSongs, leosLyrics, askLyrics}},
         // Every other text stands at one place only.
-        {u"Nila Oster"_s,
-         u"Slack Tide"_s,
+        {u"Halloran Quay"_s,
+         u"Bell Buoy"_s,
          {u"Nothing pulls and nothing pushes,"_s,
           u"Nothing asks me where I've been,"_s,
           {},

@@ -5,6 +5,7 @@ import http.server
 import json
 import os
 import plistlib
+import re
 import shutil
 import signal
 import subprocess
@@ -72,6 +73,30 @@ class Site(http.server.BaseHTTPRequestHandler):
 
     def log_message(self, *arguments):
         pass
+
+
+DEMO_FIELDS = (  # file, field, what the file holds afterwards, source
+    ("01 Low Water.mp3", "Album", "Harbour Lights", "FreeDB"),
+    ("02 Harbour Lights.m4a", "Track", "2/6", "FreeDB"),
+    ("02 Harbour Lights.m4a", "Year", "2007", "library"),
+    ("lanterns - neon rain.mp3", "Year", "1987", "FreeDB"),
+    ("lanterns - neon rain.mp3", "Genre", "Rock", "FreeDB"),
+    ("Rue des Étoiles.mp3", "Album", "Café Minuit", "FreeDB"),
+    ("Borrowed Telescope.mp3", "Track", "3/6", "FreeDB"),
+    ("Sodium Lights.mp3", "Track", "5/5", "FreeDB"),
+    ("Track 03.mp3", "Title", "Marram", "FreeDB"),
+)
+
+
+def demo_fields(report):
+    """The fields that the demo filled: (file, field) to (value, source)."""
+    fields, file = {}, None
+    for line in report.splitlines():
+        if line and line[0] != " ":
+            file = line.rsplit(" (", 1)[0]
+        elif match := re.fullmatch(r"  (\w+) .*→ (.*?) +(\S+)", line):
+            fields[file, match[1]] = match[2], match[3]
+    return fields
 
 
 class Programs(unittest.TestCase):
@@ -248,11 +273,15 @@ class Programs(unittest.TestCase):
         self.assertEqual([s["path"] for s in shown], sorted(s["path"] for s in shown))
         self.assertEqual(len(shown), 5)
 
-    def test_the_demo_fills_its_songs(self):
+    def test_the_demo_fills_each_field_from_the_source_meant_for_it(self):
         done = self.run_program("demo", "--headless")
-        self.assertIn("Harbour Lights", done.stdout)
-        self.assertRegex(done.stdout, "1987.*AAC")
         self.assertEqual(done.stderr, "")
+        filled = demo_fields(done.stdout)
+        for file, field, value, source in DEMO_FIELDS:
+            with self.subTest(file=file, field=field):
+                self.assertEqual(filled.get((file, field)), (value, source))
+        self.assertNotIn("Garage Tape 3.mp3", [file for file, _ in filled])
+        self.assertLessEqual(max(map(len, done.stdout.splitlines())), 80)
 
 
 if __name__ == "__main__":
