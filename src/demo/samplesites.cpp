@@ -4,17 +4,11 @@
 
 #include <QHttpServerResponse>
 
-#include <vector>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const std::vector<SampleSite> &sampleSites()
-{
-    static const std::vector<SampleSite> sites{freeDBPages()};
-    return sites;
-}
 
 /// Each site stands below the name of its source.
 QString pathOf(const SampleSite &site)
@@ -22,39 +16,60 @@ QString pathOf(const SampleSite &site)
     return u'/' + site.className + u'/';
 }
 
-SampleRequest sampleRequest(const QUrl &path, const QHttpServerRequest &request)
+/// A plus stands for a blank.
+QUrlQuery fieldsOf(QString encoded)
 {
-    return {.path = path.path(QUrl::FullyDecoded),
-            .query = request.query(),
-            .form = QUrlQuery(QString::fromLatin1(request.body()).replace(u'+', u' '))};
+    return QUrlQuery(encoded.replace(u'+', u' '));
 }
 
 } // namespace
 
+const std::vector<SampleSite> &sampleSites()
+{
+    static const std::vector<SampleSite> sites{freeDBPages()};
+    return sites;
+}
+
+std::optional<SamplePage> samplePageAt(const QUrl &address, const QByteArray &form)
+{
+    const QString path = address.path(QUrl::FullyDecoded);
+    const auto &sites = sampleSites();
+    const auto site = std::find_if(sites.begin(), sites.end(), [&](const SampleSite &each) {
+        return path.startsWith(pathOf(each));
+    });
+    if (site == sites.end())
+        return std::nullopt;
+    return site->answer({.path = path.sliced(pathOf(*site).size()),
+                         .query = fieldsOf(address.query(QUrl::FullyEncoded)),
+                         .form = fieldsOf(QString::fromLatin1(form))});
+}
+
+SiteDefinitions sampleDefinitions(const SiteDefinitions &defaults, const QString &server)
+{
+    QVariantMap values = defaults.values();
+    for (const SampleSite &site : sampleSites()) {
+        const QString key = u"res_"_s + site.className;
+        QVariantMap definition = values.value(key).toMap();
+        for (const auto &[name, below] : site.addresses.asKeyValueRange())
+            definition[name] = QString(server + pathOf(site) + below);
+        values[key] = definition;
+    }
+    return SiteDefinitions(values);
+}
+
 bool SampleSites::listen()
 {
     for (const SampleSite &site : sampleSites())
-        mServer.route(pathOf(site),
-                      [answer = site.answer](const QUrl &path, const QHttpServerRequest &request) {
-                          const auto page = answer(sampleRequest(path, request));
-                          return page
-                              ? QHttpServerResponse(page->mimeType, page->body)
-                              : QHttpServerResponse(QHttpServerResponse::StatusCode::NotFound);
-                      });
+        mServer.route(pathOf(site), [](const QUrl &, const QHttpServerRequest &request) {
+            const auto page = samplePageAt(request.url(), request.body());
+            return page ? QHttpServerResponse(page->mimeType, page->body)
+                        : QHttpServerResponse(QHttpServerResponse::StatusCode::NotFound);
+        });
     mPort = mServer.listen(QHostAddress::LocalHost);
     return mPort != 0;
 }
 
 SiteDefinitions SampleSites::definitions(const SiteDefinitions &defaults) const
 {
-    QVariantMap values = defaults.values();
-    for (const SampleSite &site : sampleSites()) {
-        const QString root = u"http://127.0.0.1:%1%2"_s.arg(mPort).arg(pathOf(site));
-        const QString key = u"res_"_s + site.className;
-        QVariantMap definition = values.value(key).toMap();
-        for (const auto &[name, below] : site.addresses.asKeyValueRange())
-            definition[name] = QString(root + below);
-        values[key] = definition;
-    }
-    return SiteDefinitions(values);
+    return sampleDefinitions(defaults, u"http://127.0.0.1:%1"_s.arg(mPort));
 }

@@ -5,6 +5,18 @@
 
 #include <QHttpServer>
 
+#include <vector>
+
+[[nodiscard]] const std::vector<SampleSite> &sampleSites();
+
+/// What the site at that address answers, the fields of a posted form given; nothing: there is no
+/// such page.
+[[nodiscard]] std::optional<SamplePage> samplePageAt(const QUrl &address, const QByteArray &form);
+
+/// The definitions with the sites' addresses put in, all on one server ("http://host:port").
+[[nodiscard]] SiteDefinitions sampleDefinitions(const SiteDefinitions &defaults,
+                                                const QString &server);
+
 /// The sample sites of the demo, one for each source, served on a loopback port from inside the
 /// process.
 class SampleSites {
