@@ -130,6 +130,8 @@ void HttpServer::answer(QTcpSocket *socket, const SeenRequest &request)
     const auto answers = mAnswers.find(request.path);
     if (answers != mAnswers.end())
         chosen = answers->size() > 1 ? answers->takeFirst() : answers->constFirst();
+    if (mChooser)
+        chosen = mChooser(request);
     if (chosen.echoesBody)
         chosen.body = request.body;
     if (chosen.delay.count() == 0)

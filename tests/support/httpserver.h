@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include <chrono>
+#include <functional>
 #include <optional>
 
 class QTcpSocket;
@@ -62,6 +63,12 @@ public:
     }
     void serve(const QString &path, const HttpAnswer &answer) { mAnswers.insert(path, {answer}); }
 
+    /// From now on `chooser` says what every request is answered, whatever was served.
+    void serveBy(std::function<HttpAnswer(const SeenRequest &)> chooser)
+    {
+        mChooser = std::move(chooser);
+    }
+
     /// From now on requests are read but not answered, until release().
     void hold() { mIsHolding = true; }
     void release();
@@ -78,6 +85,7 @@ private:
     void send(QTcpSocket *socket, const HttpAnswer &answer);
 
     QHash<QString, QList<HttpAnswer>> mAnswers;
+    std::function<HttpAnswer(const SeenRequest &)> mChooser;
     QList<SeenRequest> mRequests;
     QList<std::pair<QPointer<QTcpSocket>, SeenRequest>> mHeld;
     int mUnanswered = 0;
