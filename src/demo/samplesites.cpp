@@ -1,6 +1,9 @@
 #include "demo/samplesites.h"
 
+#include "demo/asklyricspages.h"
 #include "demo/freedbpages.h"
+#include "demo/leoslyricspages.h"
+#include "demo/lyricsandsongspages.h"
 
 #include <QHttpServerResponse>
 
@@ -26,7 +29,8 @@ QUrlQuery fieldsOf(QString encoded)
 
 const std::vector<SampleSite> &sampleSites()
 {
-    static const std::vector<SampleSite> sites{freeDBPages()};
+    static const std::vector<SampleSite> sites{freeDBPages(), lyricsAndSongsPages(),
+                                               leosLyricsPages(), askLyricsPages()};
     return sites;
 }
 

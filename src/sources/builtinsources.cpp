@@ -1,6 +1,9 @@
 #include "sources/builtinsources.h"
 
+#include "sources/asklyricsinterface.h"
 #include "sources/freedbinterface.h"
+#include "sources/leoslyricsinterface.h"
+#include "sources/lyricsandsongsinterface.h"
 
 namespace {
 
@@ -19,5 +22,8 @@ SourceCatalog builtInSources()
 {
     return SourceCatalog({
         entry<FreeDBInterface>(QStringLiteral("FreeDBInterface")),
+        entry<LyricsAndSongsInterface>(QStringLiteral("LyricsAndSongsInterface")),
+        entry<LeosLyricsInterface>(QStringLiteral("LeosLyricsInterface")),
+        entry<AskLyricsInterface>(QStringLiteral("AskLyricsInterface")),
     });
 }

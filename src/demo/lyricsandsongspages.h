@@ -1,0 +1,6 @@
+#pragma once
+
+#include "demo/samplesite.h"
+
+/// The sample site whose lyrics have advertisements between the lines.
+[[nodiscard]] SampleSite lyricsAndSongsPages();
