@@ -68,6 +68,8 @@ protected:
     /// same object ends it, also after a cancel.
     void addPlaceholderSearch(const QUrl &placeholder);
     void finishedSearch(const QUrl &url);
+    /// Whether anything is under way, the search whose return method runs not counted.
+    [[nodiscard]] bool isLoading() const { return !mLoadingURLs.isEmpty(); }
 
     [[nodiscard]] const std::optional<QString> &artist() const { return mArtist; }
     [[nodiscard]] const std::optional<QString> &alternateArtist() const { return mAlternateArtist; }

@@ -2,6 +2,7 @@
 
 #include "sources/asklyricsinterface.h"
 #include "sources/freedbinterface.h"
+#include "sources/googleimageinterface.h"
 #include "sources/leoslyricsinterface.h"
 #include "sources/lyricsandsongsinterface.h"
 
@@ -22,6 +23,7 @@ SourceCatalog builtInSources()
 {
     return SourceCatalog({
         entry<FreeDBInterface>(QStringLiteral("FreeDBInterface")),
+        entry<GoogleImageInterface>(QStringLiteral("GoogleImageInterface")),
         entry<LyricsAndSongsInterface>(QStringLiteral("LyricsAndSongsInterface")),
         entry<LeosLyricsInterface>(QStringLiteral("LeosLyricsInterface")),
         entry<AskLyricsInterface>(QStringLiteral("AskLyricsInterface")),
