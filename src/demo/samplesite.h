@@ -9,6 +9,7 @@
 
 /// A request to a sample site.
 struct SampleRequest {
+    QString host; ///< and port, as the visitor named them; for addresses on pages
     QString path; ///< below the site's own address, without a slash in front; decoded
     QUrlQuery query;
     QUrlQuery form; ///< the fields of a posted form

@@ -2,6 +2,7 @@
 
 #include "demo/asklyricspages.h"
 #include "demo/freedbpages.h"
+#include "demo/googleimagepages.h"
 #include "demo/leoslyricspages.h"
 #include "demo/lyricsandsongspages.h"
 
@@ -29,8 +30,9 @@ QUrlQuery fieldsOf(QString encoded)
 
 const std::vector<SampleSite> &sampleSites()
 {
-    static const std::vector<SampleSite> sites{freeDBPages(), lyricsAndSongsPages(),
-                                               leosLyricsPages(), askLyricsPages()};
+    static const std::vector<SampleSite> sites{freeDBPages(), googleImagePages(),
+                                               lyricsAndSongsPages(), leosLyricsPages(),
+                                               askLyricsPages()};
     return sites;
 }
 
@@ -43,7 +45,8 @@ std::optional<SamplePage> samplePageAt(const QUrl &address, const QByteArray &fo
     });
     if (site == sites.end())
         return std::nullopt;
-    return site->answer({.path = path.sliced(pathOf(*site).size()),
+    return site->answer({.host = address.authority(QUrl::FullyEncoded),
+                         .path = path.sliced(pathOf(*site).size()),
                          .query = fieldsOf(address.query(QUrl::FullyEncoded)),
                          .form = fieldsOf(QString::fromLatin1(form))});
 }

@@ -26,10 +26,10 @@ std::shared_ptr<SongFile> writtenSong(const QString &path, const SongFields &fie
     return song;
 }
 
-QByteArray plainPicture(int width, int height, const char *format)
+QByteArray plainPicture(int width, int height, const char *format, Qt::GlobalColor color)
 {
     QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::blue);
+    image.fill(color);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);

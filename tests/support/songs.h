@@ -21,7 +21,8 @@ struct SongFields {
 std::shared_ptr<SongFile> writtenSong(const QString &path, const SongFields &fields);
 
 /// An encoded picture of one colour.
-QByteArray plainPicture(int width, int height, const char *format = "PNG");
+QByteArray plainPicture(int width, int height, const char *format = "PNG",
+                        Qt::GlobalColor color = Qt::blue);
 
 /// Runs `call` as a user that file permissions hold for, also in tests that root starts.
 template<typename Call>
