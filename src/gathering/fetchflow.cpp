@@ -219,7 +219,8 @@ void FetchFlow::loadEnded(const FetchPointer &fetch, const LoadOutcome &outcome)
             .MIMEType = outcome.MIMEType,
             .error = outcome.error,
             .status = outcome.status,
-            .cameInTheClear = outcome.cameInTheClear});
+            .cameInTheClear = outcome.cameInTheClear,
+            .finalURL = outcome.finalURL});
 }
 
 /// Whether the server asked to come back later, and so it will be.

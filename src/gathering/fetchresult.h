@@ -28,6 +28,7 @@ struct FetchResult {
     std::optional<FetchError> error{};
     int status = 0; ///< the HTTP status of the last response; 0 without one
     bool cameInTheClear = false; ///< some step of the way, redirects included, was no https
+    QUrl finalURL{}; ///< where the answer came from, redirects followed; empty for a kept one
 };
 
 using FetchCallback = std::function<void(const FetchResult &)>;

@@ -180,6 +180,7 @@ void HttpLoad::fail(const FetchError &error)
     LoadOutcome failure;
     failure.status = statusOf(*mReply);
     failure.error = error;
+    failure.finalURL = mMessage.request.url();
     cutOff();
     Q_EMIT ended(failure);
 }
@@ -190,6 +191,7 @@ void HttpLoad::finish(bool isWhole)
     success.status = statusOf(*mReply);
     success.MIMEType = mMIMEType;
     success.cameInTheClear = mCameInTheClear;
+    success.finalURL = mMessage.request.url();
     success.retryAfter = mReply->rawHeader("Retry-After");
     success.mayBeStored =
         isWhole && success.status == 200 && !mData.isEmpty() && !forbidsStoring(*mReply);

@@ -3,6 +3,7 @@
 #include "base/nextturn.h"
 #include "base/progress.h"
 #include "gathering/decodedpage.h"
+#include "gathering/searchtrace.h"
 #include "text/htmlpage.h"
 
 #include <algorithm>
@@ -69,6 +70,8 @@ void WebDBInterface::cancelSearch()
 
 void WebDBInterface::addSearchURL(const QUrl &url, Handler returnMethod, QueueEnd at)
 {
+    if (mTrace && url.isValid())
+        mTrace->follow();
     if (mWasCancelled || !url.isValid() || mTotalSearches >= mostSearches
         || mAlreadyLoadedURLs.contains(url))
         return;
@@ -92,14 +95,19 @@ bool WebDBInterface::postSearch(const QUrl &url, const QByteArray &form, Handler
     const auto gotPage = [this, returnMethod = std::move(returnMethod)](const FetchResult &result) {
         gotResult(result, returnMethod);
     };
-    if (mWasCancelled || !mQueue.postURL(url, this, gotPage, form))
+    if (mWasCancelled || !mQueue.postURL(url, this, gotPage, form)) {
+        if (mTrace)
+            mTrace->noteRefused(url);
         return false;
+    }
     addPlaceholderSearch(url);
     return true;
 }
 
 void WebDBInterface::addPlaceholderSearch(const QUrl &placeholder)
 {
+    if (mTrace)
+        mTrace->follow();
     mLoadingURLs << placeholder;
     ++mTotalSearches;
     if (mProgress)
@@ -134,8 +142,13 @@ void WebDBInterface::maintainWaitingURLs()
 void WebDBInterface::gotResult(const FetchResult &result, const Handler &returnMethod)
 {
     finishedSearch(result.url);
-    if (!mWasCancelled)
-        returnMethod(result);
+    if (mWasCancelled)
+        return;
+    if (mTrace)
+        mTrace->beginPage(result);
+    returnMethod(result);
+    if (mTrace)
+        mTrace->endPage();
 }
 
 // Whether the search is complete is decided on the next turn: a fetch is counted off before its
@@ -164,21 +177,32 @@ std::optional<QString> WebDBInterface::usablePage(const FetchResult &result)
     if (result.data.size() > longestUselessPage)
         return pageText(result);
     mQueue.removeURLFromCache(result.url);
+    if (mTrace)
+        mTrace->noteShortAnswer();
     return std::nullopt;
 }
 
 QList<QStringList> WebDBInterface::rowsOn(const QString &page, const QString &key) const
 {
     const auto recipe = mResources.dictionary(key);
-    return recipe ? HVUtility::parsedContentsOfHTML(page, *recipe).value_or(QList<QStringList>())
-                  : QList<QStringList>();
+    QList<QStringList> rows;
+    if (recipe)
+        rows = HVUtility::parsedContentsOfHTML(page, *recipe).value_or(rows);
+    if (mTrace)
+        mTrace->noteRows(key, page, recipe.value_or(QVariantMap()), rows);
+    return rows;
 }
 
 std::optional<QString> WebDBInterface::visibleTextOn(const QString &page, const QString &key,
                                                      int numStrings) const
 {
     const QString marker = mResources.textOrEmpty(key);
-    return marker.isEmpty() ? std::nullopt : HVUtility::visibleHTMLTextIn(page, numStrings, marker);
+    std::optional<QString> text;
+    if (!marker.isEmpty())
+        text = HVUtility::visibleHTMLTextIn(page, numStrings, marker);
+    if (mTrace)
+        mTrace->noteField(key, page, marker, text);
+    return text;
 }
 
 std::optional<QString> WebDBInterface::textBetweenOn(const QString &page, const QString &beginKey,
@@ -187,15 +211,22 @@ std::optional<QString> WebDBInterface::textBetweenOn(const QString &page, const 
     const QString begin = mResources.textOrEmpty(beginKey);
     const QString end = mResources.textOrEmpty(endKey);
     const qsizetype foundBegin = begin.isEmpty() ? -1 : page.indexOf(begin);
-    if (foundBegin < 0 || end.isEmpty())
-        return std::nullopt;
-    const qsizetype from = foundBegin + begin.size();
-    const qsizetype to = page.indexOf(end, from);
-    return to < 0 ? std::nullopt : std::optional(page.mid(from, to - from));
+    const qsizetype from = foundBegin < 0 ? -1 : foundBegin + begin.size();
+    const qsizetype to = from < 0 || end.isEmpty() ? -1 : page.indexOf(end, from);
+    std::optional<QString> text;
+    if (to >= 0)
+        text = page.mid(from, to - from);
+    if (mTrace && from < 0)
+        mTrace->noteField(beginKey, page, begin, text);
+    else if (mTrace)
+        mTrace->noteField(endKey, page, end, text, from);
+    return text;
 }
 
 void WebDBInterface::addAlbum(AlbumInfo album)
 {
+    if (mTrace)
+        mTrace->follow();
     if (mAlbums.size() >= mMaxAlbums)
         return;
     album.setSourceInterfaceName(className());

@@ -11,6 +11,7 @@
 #include <deque>
 
 class Progress;
+class SearchTrace;
 
 /// One web source searching one song, once. The base queues the source's fetches, never the same
 /// URL twice and only so many at a time, counts them, and reports completion once; a subclass
@@ -38,6 +39,8 @@ public:
     void setAllowSubstringTrackMatches(Substrings allowed) { mAllowSubstrings = allowed; }
     /// One bar shared by the sources of a task; may be null. (The name is spelled so.)
     void setProgessIndicator(Progress *progress) { mProgress = progress; }
+    /// Keeps what each step looked for and found; null, as it is unless somebody asks: nobody does.
+    void setTrace(SearchTrace *trace) { mTrace = trace; }
 
     /// Starts the search; searchComplete() follows on a later turn, exactly once.
     void beginSearch();
@@ -117,6 +120,7 @@ private:
     SiteDefinition mResources;
     HVHTTPQueue &mQueue;
     Progress *mProgress = nullptr;
+    SearchTrace *mTrace = nullptr;
     AlbumList mAlbums;
     QList<QUrl> mLoadingURLs;
     QSet<QUrl> mAlreadyLoadedURLs;

@@ -1,0 +1,183 @@
+#include "gathering/searchtrace.h"
+
+#include "gathering/decodedpage.h"
+
+#include <algorithm>
+
+namespace {
+
+QString firstRow(const QList<QStringList> &rows)
+{
+    return pieceOfPage(rows.constFirst().join(QStringLiteral(" | ")), 0);
+}
+
+/// A list without an entry is a list; it only holds no row.
+SearchStep stepOf(SearchStep used, const MissingMarker &missing)
+{
+    const bool isInsideList = !missing.key.isEmpty() && !missing.key.startsWith(u"list");
+    return used == SearchStep::List && isInsideList ? SearchStep::Row : used;
+}
+
+QString reasonOf(const MissingMarker &missing)
+{
+    if (missing.marker.isEmpty())
+        return QStringLiteral("the definition lacks it");
+    return missing.piece.isEmpty() ? QStringLiteral("the page is empty")
+                                   : QStringLiteral("the marker is not there");
+}
+
+} // namespace
+
+void SearchTrace::beginPage(const FetchResult &result)
+{
+    mResult = &result;
+    const bool isElsewhere = !result.finalURL.isEmpty() && result.finalURL != result.url;
+    mPages.push_back({.url = result.url, .redirectedTo = isElsewhere ? result.finalURL : QUrl()});
+}
+
+/// A page of which something came was the one that was asked for, whatever else stands on it.
+void SearchTrace::endPage()
+{
+    Page &page = mPages.back();
+    if (!page.isFollowed) {
+        page.obstacle = obstacleOf(*mResult);
+        page.beginning = pieceOfPage(decodedPage(mResult->data.left(1000)), 0);
+    }
+    mResult = nullptr;
+}
+
+void SearchTrace::follow()
+{
+    if (mResult)
+        mPages.back().isFollowed = true;
+}
+
+/// Null when no page is at hand.
+SearchTrace::Use *SearchTrace::useOf(const QString &key, SearchStep step)
+{
+    if (!mResult)
+        return nullptr;
+    QList<Use> &uses = mPages.back().uses;
+    const auto found =
+        std::find_if(uses.begin(), uses.end(), [&](const Use &use) { return use.key == key; });
+    return found == uses.end() ? &uses.emplace_back(Use{step, key}) : &*found;
+}
+
+void SearchTrace::noteRows(const QString &key, const QString &page, const QVariantMap &recipe,
+                           const QList<QStringList> &rows)
+{
+    Use *use = useOf(key, SearchStep::List);
+    if (!use || use->wasFound)
+        return;
+    use->wasFound = !rows.isEmpty();
+    if (use->wasFound)
+        use->value = firstRow(rows);
+    else if (use->missing.piece.isEmpty())
+        use->missing = missingMarkerOfRecipe(page, recipe);
+}
+
+void SearchTrace::noteField(const QString &key, const QString &page, const QString &marker,
+                            const std::optional<QString> &found, qsizetype from)
+{
+    Use *use = useOf(key, SearchStep::Field);
+    if (!use || use->wasFound)
+        return;
+    use->wasFound = found.has_value();
+    if (found)
+        use->value = pieceOfPage(*found, 0);
+    else if (use->missing.piece.isEmpty())
+        use->missing =
+            missingMarker(page, QString(), marker, Qt::CaseSensitive, from)
+                .value_or(MissingMarker{{}, marker, pieceOfPage(page, page.indexOf(marker, from))});
+}
+
+void SearchTrace::noteShortAnswer()
+{
+    if (mResult)
+        mPages.back().isTooShort = true;
+}
+
+void SearchTrace::noteRefused(const QUrl &url)
+{
+    mPages.push_back(
+        {.url = url,
+         .obstacle = FetchObstacle{Obstacle::NotReachable, QStringLiteral("cannot be asked")}});
+}
+
+std::optional<SearchFailure> SearchTrace::firstFailure() const
+{
+    const auto page = std::find_if(mPages.begin(), mPages.end(),
+                                   [](const Page &each) { return !each.isFollowed; });
+    return page == mPages.end() ? std::nullopt : std::optional(failureOf(*page));
+}
+
+std::optional<SearchFailure> SearchTrace::firstMissingField(const QStringList &words) const
+{
+    const auto isWanted = [&words](const Use &use) {
+        return use.step == SearchStep::Field && !use.wasFound
+            && std::any_of(words.begin(), words.end(),
+                           [&use](const QString &word) { return use.key.contains(word); });
+    };
+    for (const Page &page : mPages) {
+        const auto use = std::find_if(page.uses.begin(), page.uses.end(), isWanted);
+        if (use != page.uses.end())
+            return failureOf(*use, page);
+    }
+    return std::nullopt;
+}
+
+SearchFailure SearchTrace::failureOf(const Page &page)
+{
+    SearchFailure failure{.url = page.url, .redirectedTo = page.redirectedTo};
+    failure.piece = page.beginning;
+    if (page.obstacle) {
+        failure.obstacle = page.obstacle->kind;
+        failure.reason = page.obstacle->reason;
+    } else if (page.isTooShort) {
+        failure.reason = QStringLiteral("the answer is too short to be a page");
+    } else if (!page.uses.isEmpty()) {
+        failure = failureOfUses(page);
+    } else {
+        failure.step = SearchStep::Field;
+        failure.reason = QStringLiteral("nothing that was looked for is on the page");
+    }
+    return failure;
+}
+
+/// Of several lists that a page may hold, one is enough.
+SearchFailure SearchTrace::failureOfUses(const Page &page)
+{
+    const auto list = std::find_if(page.uses.begin(), page.uses.end(), [](const Use &use) {
+        return use.step == SearchStep::List && use.wasFound;
+    });
+    const bool hasList = list != page.uses.end();
+    const auto missing = std::find_if(page.uses.begin(), page.uses.end(), [&](const Use &use) {
+        return !use.wasFound && !(hasList && use.step == SearchStep::List);
+    });
+    if (missing != page.uses.end())
+        return failureOf(*missing, page);
+    return mismatchOf(hasList ? *list : page.uses.constFirst(), page);
+}
+
+SearchFailure SearchTrace::failureOf(const Use &use, const Page &page)
+{
+    const bool isInRecipe = !use.missing.key.isEmpty();
+    return {.step = stepOf(use.step, use.missing),
+            .reason = reasonOf(use.missing),
+            .url = page.url,
+            .redirectedTo = page.redirectedTo,
+            .key = isInRecipe ? use.key + u'/' + use.missing.key : use.key,
+            .marker = use.missing.marker,
+            .piece = use.missing.piece};
+}
+
+/// Everything was cut out, and nothing of it is what was searched for.
+SearchFailure SearchTrace::mismatchOf(const Use &use, const Page &page)
+{
+    return {.step = SearchStep::Row,
+            .reason = QStringLiteral("what was read does not fit the song"),
+            .url = page.url,
+            .redirectedTo = page.redirectedTo,
+            .key = use.key,
+            .piece = use.value};
+}

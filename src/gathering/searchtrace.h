@@ -1,0 +1,83 @@
+#pragma once
+
+#include "gathering/fetchobstacle.h"
+#include "text/missingmarker.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <vector>
+
+/// The steps of a search, each of which needs the one before.
+enum class SearchStep {
+    Page, ///< an answer with a page in it
+    List, ///< a list on the page
+    Row, ///< a row of it that fits the song
+    Field, ///< a field that is read from a page
+};
+
+/// The first step of a search that led nowhere.
+struct SearchFailure {
+    SearchStep step = SearchStep::Page;
+    std::optional<Obstacle> obstacle{}; ///< none: the site answered, and nothing was found
+    QString reason{};
+    QUrl url{}; ///< the page; empty when none was asked for
+    QUrl redirectedTo{}; ///< empty: not redirected
+    QString key{}; ///< of the definition, such as "parseAlbumList/listBegin"
+    QString marker{}; ///< that the page lacks
+    QString piece{}; ///< of the page, where the marker was expected
+};
+
+/// What each step of a search looked for and found. A source keeps one only for somebody who asks
+/// why nothing was found.
+class SearchTrace {
+public:
+    // Told by the base of all sources, in the order in which things happen. What is told between
+    // beginPage() and endPage() is about that page.
+    void beginPage(const FetchResult &result);
+    void endPage();
+    /// Something came of the page at hand: an album, or a further fetch.
+    void follow();
+    void noteRows(const QString &key, const QString &page, const QVariantMap &recipe,
+                  const QList<QStringList> &rows);
+    /// `found` is what was read behind the marker, which was looked for from `from` on.
+    void noteField(const QString &key, const QString &page, const QString &marker,
+                   const std::optional<QString> &found, qsizetype from = 0);
+    void noteShortAnswer();
+    /// A form that the queue did not take: its host failed a moment ago, or nothing is in it.
+    void noteRefused(const QUrl &url);
+
+    /// Nothing when something came of every page, or when none was asked for.
+    [[nodiscard]] std::optional<SearchFailure> firstFailure() const;
+    /// The first field that some page lacked, of those whose key holds one of the words.
+    [[nodiscard]] std::optional<SearchFailure> firstMissingField(const QStringList &words) const;
+
+private:
+    /// One key of the definition, used on a page once or often.
+    struct Use {
+        SearchStep step;
+        QString key;
+        bool wasFound = false;
+        MissingMarker missing{}; ///< of the first time that it was not found
+        QString value{}; ///< of the first time that it was
+    };
+
+    struct Page {
+        QUrl url;
+        QUrl redirectedTo{};
+        std::optional<FetchObstacle> obstacle{};
+        bool isFollowed = false;
+        bool isTooShort = false;
+        QList<Use> uses{};
+        QString beginning{};
+    };
+
+    [[nodiscard]] Use *useOf(const QString &key, SearchStep step);
+    [[nodiscard]] static SearchFailure failureOf(const Page &page);
+    [[nodiscard]] static SearchFailure failureOfUses(const Page &page);
+    [[nodiscard]] static SearchFailure failureOf(const Use &use, const Page &page);
+    [[nodiscard]] static SearchFailure mismatchOf(const Use &use, const Page &page);
+
+    std::vector<Page> mPages;
+    const FetchResult *mResult = nullptr; ///< of the page at hand
+};
