@@ -7,6 +7,7 @@
 #include "cli/commandline.h"
 #include "cli/democommand.h"
 #include "cli/gathercommand.h"
+#include "cli/sitescommand.h"
 #include "cli/writingcommands.h"
 
 #include <QCoreApplication>
@@ -24,6 +25,8 @@ int runCommand(const Arguments &arguments, Report &report)
         return runRegenerate(arguments, report);
     case Command::Gather:
         return runGather(arguments, report);
+    case Command::Sites:
+        return runSites(arguments, report);
     case Command::Demo:
         return runDemo(report);
     case Command::Show:

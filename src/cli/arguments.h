@@ -10,7 +10,8 @@
 
 #include <optional>
 
-enum class Command { None, Show, Set, Regenerate, Gather, Demo };
+enum class Command { None, Show, Set, Regenerate, Gather, Sites, Demo };
+enum class SitesAction { List, Check, Update };
 
 /// A field of a song as the command line names it, and the text to give it.
 struct FieldAssignment {
@@ -43,6 +44,7 @@ struct Arguments {
     std::optional<double> artBelow; ///< pixels
     std::optional<bool> squareArt;
     std::optional<QString> definitions;
+    SitesAction sites = SitesAction::List;
     bool library = false;
     std::optional<QString> playlist;
 };

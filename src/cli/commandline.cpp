@@ -77,7 +77,9 @@ private:
     void addGatherSources(CLI::App &gather);
     void addGatherChoices(CLI::App &gather);
     void addGatherArtwork(CLI::App &gather);
+    void addSites();
     void addDemo();
+    void addDefinitions(CLI::App &command);
     void addDialect(CLI::App &command);
     void addKeepTime(CLI::App &command);
     void addWriteOptions(CLI::App &command);
@@ -103,6 +105,7 @@ Parser::Parser(std::string_view command)
     addSet();
     addRegenerate();
     addGather();
+    addSites();
     addDemo();
 }
 
@@ -197,7 +200,12 @@ void Parser::addGather()
     addWriteOptions(*gather);
     addGatherChoices(*gather);
     addGatherArtwork(*gather);
-    gather->add_option_function<std::string>(
+    addDefinitions(*gather);
+}
+
+void Parser::addDefinitions(CLI::App &command)
+{
+    command.add_option_function<std::string>(
         "--definitions",
         [this](const std::string &file) {
             mArguments.definitions = QFile::decodeName(file.c_str());
@@ -260,6 +268,24 @@ void Parser::addGatherArtwork(CLI::App &gather)
         "Refuse artwork that is far from square");
 }
 
+void Parser::addSites()
+{
+    static const std::map<std::string, SitesAction> actions{
+        {"list", SitesAction::List},
+        {"check", SitesAction::Check},
+        {"update", SitesAction::Update},
+    };
+    CLI::App *sites = addCommand("sites", "The web sites that are searched", Command::Sites);
+    sites
+        ->add_option_function<std::string>(
+            "ACTION", [this](const std::string &name) { mArguments.sites = actions.at(name); },
+            "list them, check whether each still answers, or update their definitions")
+        ->required()
+        ->check(CLI::IsMember({"list", "check", "update"}));
+    addDefinitions(*sites);
+    sites->add_flag("--json", mArguments.json, "Print JSON Lines");
+}
+
 void Parser::addDemo()
 {
     CLI::App *demo =
@@ -280,6 +306,9 @@ void Parser::sortPositionals()
         throw CLI::ValidationError("set: no FIELD=VALUE was given");
     if (isSet && mArguments.paths.isEmpty())
         throw CLI::ValidationError("set: no PATH was given");
+    if (mArguments.command == Command::Sites && mArguments.sites == SitesAction::Update
+        && mArguments.definitions)
+        throw CLI::ValidationError("sites update: the definitions in a file are not updated");
     const bool hasSource = mArguments.library || mArguments.playlist;
     if (mArguments.command == Command::Gather && mArguments.paths.isEmpty() && !hasSource)
         throw CLI::ValidationError("gather: no PATH, --library or --playlist was given");

@@ -2,6 +2,7 @@
 
 #include "app/songsources.h"
 #include "app/usersources.h"
+#include "cli/chosendefinitions.h"
 #include "cli/chosenoptions.h"
 #include "cli/gatherrun.h"
 #include "cli/interrupt.h"
@@ -93,14 +94,8 @@ int runGather(const Arguments &arguments, Report &report)
 {
     const Interrupt interrupt; // also while the songs are collected
     Engine engine;
-    if (arguments.definitions) {
-        auto loaded = SiteDefinitionStore::loadFile(*arguments.definitions);
-        if (!loaded.error.isEmpty()) {
-            report.error(*arguments.definitions, loaded.error);
-            return ExitStatus::wrongArguments;
-        }
-        engine.definitions.useDefinitions(std::move(loaded.definitions));
-    }
+    if (!useChosenDefinitions(arguments, engine, report))
+        return ExitStatus::wrongArguments;
     engine.start(arguments.definitions ? Engine::Definitions::Fixed : Engine::Definitions::Live);
 
     const auto tell = [&report](const SongOutcome &outcome) { tellOutcome(outcome, report); };

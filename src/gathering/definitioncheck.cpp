@@ -178,15 +178,6 @@ Fault faultOfDictionary(const QVariant &value, std::span<const DefinitionKey> sc
     return fault ? u'/' + *fault : fault;
 }
 
-std::span<const DefinitionKey> schemaOf(const QString &className)
-{
-    const auto schemas = sourceSchemas();
-    const auto found = std::find_if(schemas.begin(), schemas.end(), [&](const auto &schema) {
-        return className == QLatin1String(schema.className);
-    });
-    return found == schemas.end() ? std::span<const DefinitionKey>() : found->keys;
-}
-
 } // namespace
 
 std::optional<QString> problemOfDefinitions(const QVariantMap &values)
@@ -199,7 +190,8 @@ std::optional<QString> problemOfDefinitions(const QVariantMap &values)
             continue;
         Fault fault = faultOfDictionary(*entry, commonSchema());
         if (!fault)
-            fault = faultOfDictionary(*entry, schemaOf(entry.key().mid(resourcePrefix.size())));
+            fault =
+                faultOfDictionary(*entry, schemaOfSource(entry.key().mid(resourcePrefix.size())));
         if (fault)
             return faultBelow(entry.key(), *fault);
     }

@@ -1,5 +1,6 @@
 #include "gathering/definitionschema.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -16,13 +17,16 @@ constexpr std::array topLevel{
     DefinitionKey{"latestVersion", Text},
     DefinitionKey{"latestDLLocation", Address},
     DefinitionKey{"latestReleaseNotes", Text},
+    DefinitionKey{"checkArtist", Text},
+    DefinitionKey{"checkAlbum", Text},
+    DefinitionKey{"checkSong", Text},
 };
 
 constexpr std::array common{
-    DefinitionKey{"simulConns", Integer},
-    DefinitionKey{"maxPossibleArtWidth", Integer},
-    DefinitionKey{"charset", Charset},
-    DefinitionKey{"minInterval", Number},
+    DefinitionKey{"simulConns", Integer}, DefinitionKey{"maxPossibleArtWidth", Integer},
+    DefinitionKey{"charset", Charset},    DefinitionKey{"minInterval", Number},
+    DefinitionKey{"checkArtist", Text},   DefinitionKey{"checkAlbum", Text},
+    DefinitionKey{"checkSong", Text},
 };
 
 constexpr std::array parseRecipe{
@@ -171,6 +175,14 @@ std::span<const DefinitionKey> commonSchema()
 std::span<const SourceSchema> sourceSchemas()
 {
     return sources;
+}
+
+std::span<const DefinitionKey> schemaOfSource(const QString &className)
+{
+    const auto found = std::find_if(sources.begin(), sources.end(), [&](const auto &schema) {
+        return className == QLatin1String(schema.className);
+    });
+    return found == sources.end() ? std::span<const DefinitionKey>() : found->keys;
 }
 
 std::span<const DefinitionKey> parseRecipeSchema()

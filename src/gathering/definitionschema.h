@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <span>
 
 // What site definitions may hold, as data: every key and the kind of its value. A definition is
@@ -38,5 +40,7 @@ struct SourceSchema {
 [[nodiscard]] std::span<const DefinitionKey> commonSchema();
 /// The keys of each source class.
 [[nodiscard]] std::span<const SourceSchema> sourceSchemas();
+/// The keys of one of them; none when no class has that name.
+[[nodiscard]] std::span<const DefinitionKey> schemaOfSource(const QString &className);
 /// The five markers of a parse recipe.
 [[nodiscard]] std::span<const DefinitionKey> parseRecipeSchema();

@@ -25,6 +25,7 @@ struct Fetch {
     FetchMethod method = FetchMethod::Get;
     CacheUse cacheUse = CacheUse::KeptIfAny;
     QByteArray body{};
+    qint64 mostBytes = 0; ///< where an answer may be no longer than this; 0: as long as any
     qint64 turn = 0; ///< the lower, the sooner
     bool isInLine = false; ///< waits for its turn, or for its host's pace
     int retries = 0;

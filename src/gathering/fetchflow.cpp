@@ -30,7 +30,7 @@ FetchFlow::~FetchFlow()
 }
 
 void FetchFlow::addGet(const QUrl &url, OwedResult owed, QueueEnd at, CacheUse cacheUse,
-                       Progress *indicator)
+                       Progress *indicator, qint64 mostBytes)
 {
     if (!isFetchable(url)) {
         owed.deliver({.url = url, .error = notFetchableError(url)});
@@ -39,7 +39,8 @@ void FetchFlow::addGet(const QUrl &url, OwedResult owed, QueueEnd at, CacheUse c
     const qint64 place = at == QueueEnd::Front ? --mFirstPlace : ++mLastPlace;
     FetchPointer fetch = mTable.getOf(url, cacheUse);
     if (!fetch) {
-        fetch = std::make_shared<Fetch>(Fetch{.url = url, .cacheUse = cacheUse, .turn = place});
+        fetch = std::make_shared<Fetch>(
+            Fetch{.url = url, .cacheUse = cacheUse, .mostBytes = mostBytes, .turn = place});
         mTable.add(fetch);
         mLine.add(fetch);
     } else if (fetch->isInLine && at == QueueEnd::Front) {
@@ -171,7 +172,7 @@ HttpLoad::Bounds FetchFlow::boundsFor(const Fetch &fetch) const
     return {.silence = isHead ? mLimits.headSilence : mLimits.silence,
             .total = mLimits.total,
             .redirects = mLimits.redirects,
-            .bodyBytes = mLimits.bodyBytes,
+            .bodyBytes = fetch.mostBytes > 0 ? fetch.mostBytes : mLimits.bodyBytes,
             .htmlBytes = mMaxHTMLLength};
 }
 

@@ -23,7 +23,7 @@ public:
     ~FetchFlow() override;
 
     void addGet(const QUrl &url, OwedResult owed, QueueEnd at, CacheUse cacheUse,
-                Progress *indicator);
+                Progress *indicator, qint64 mostBytes = 0);
     /// A POST or HEAD, which waits for nothing but its host's pace.
     void sendAtOnce(const QUrl &url, OwedResult owed, FetchMethod method, const QByteArray &body);
     void cancel(const QUrl &url, const QObject *owner);

@@ -27,7 +27,7 @@ struct FetchResult {
     std::optional<QString> MIMEType{}; ///< there when a response arrived
     std::optional<FetchError> error{};
     int status = 0; ///< the HTTP status of the last response; 0 without one
-    bool cameInTheClear = false; ///< some step of the way, redirects included, was no https
+    bool cameInTheClear = false; ///< any step of the way, redirects included, was so
     QUrl finalURL{}; ///< where the answer came from, redirects followed; empty for a kept one
 };
 

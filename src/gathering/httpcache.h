@@ -9,7 +9,7 @@
 struct KeptResponse {
     QByteArray data;
     QString MIMEType;
-    bool cameInTheClear = false; ///< some step of its way was no https
+    bool cameInTheClear = false; ///< any step of its way was so
 };
 
 /// The responses that need not be asked for again, in memory and, where there is a folder, on

@@ -1,5 +1,6 @@
 #include "gathering/httpload.h"
 
+#include "gathering/cleartext.h"
 #include "gathering/fetchable.h"
 
 #include <utility>
@@ -36,11 +37,6 @@ QUrl redirectOf(const QNetworkReply &reply)
 bool forbidsStoring(const QNetworkReply &reply)
 {
     return reply.rawHeader("Cache-Control").toLower().contains("no-store");
-}
-
-bool isInTheClear(const QUrl &url)
-{
-    return url.scheme() != QLatin1String("https");
 }
 } // namespace
 

@@ -16,7 +16,7 @@ struct LoadOutcome {
     std::optional<QString> MIMEType; ///< absent after a failure
     std::optional<FetchError> error;
     int status = 0; ///< 0 without a response
-    bool cameInTheClear = false; ///< some step of the way, redirects included, was no https
+    bool cameInTheClear = false; ///< any step of the way, redirects included, was so
     QUrl finalURL; ///< of the last request
     QByteArray retryAfter; ///< the header of that name, as it stands
     bool mayBeStored = false; ///< a whole answer of status 200 that does not forbid it

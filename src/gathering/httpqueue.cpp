@@ -67,10 +67,11 @@ void HVHTTPQueue::addURLUsingIndicator(const QUrl &url, QObject *owner, FetchCal
                   indicator);
 }
 
-void HVHTTPQueue::addURLIgnoringCache(const QUrl &url, QObject *owner, FetchCallback returnMethod)
+void HVHTTPQueue::addURLIgnoringCache(const QUrl &url, QObject *owner, FetchCallback returnMethod,
+                                      qint64 mostBytes)
 {
     mFlow->addGet(url, {owner, std::move(returnMethod)}, QueueEnd::Back, CacheUse::AskServer,
-                  nullptr);
+                  nullptr, mostBytes);
 }
 
 bool HVHTTPQueue::postURL(const QUrl &url, QObject *owner, FetchCallback returnMethod,

@@ -43,8 +43,10 @@ public:
     /// The same at the end of the queue; `indicator` (may be null) follows the load.
     void addURLUsingIndicator(const QUrl &url, QObject *owner, FetchCallback returnMethod,
                               Progress *indicator);
-    /// A GET that asks the server and not the cache.
-    void addURLIgnoringCache(const QUrl &url, QObject *owner, FetchCallback returnMethod);
+    /// A GET that asks the server and not the cache. An answer longer than `mostBytes` is a
+    /// failure, and is not read further.
+    void addURLIgnoringCache(const QUrl &url, QObject *owner, FetchCallback returnMethod,
+                             qint64 mostBytes);
     /// Sends a form at once. False, and no answer follows, when there is no URL or body or when
     /// the host failed within the last 300 seconds.
     [[nodiscard]] bool postURL(const QUrl &url, QObject *owner, FetchCallback returnMethod,

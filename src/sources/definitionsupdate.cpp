@@ -1,9 +1,10 @@
 #include "sources/definitionsupdate.h"
 
 #include "base/log.h"
+#include "base/nextturn.h"
+#include "gathering/cleartext.h"
 #include "gathering/definitionformat.h"
-
-#include <QHostAddress>
+#include "gathering/fetchable.h"
 
 namespace {
 
@@ -12,18 +13,6 @@ constexpr qint64 secondsOfADay = 86400;
 qint64 secondsOf(Clock::Time time)
 {
     return std::chrono::duration_cast<std::chrono::seconds>(time.time_since_epoch()).count();
-}
-
-bool isLoopback(const QString &host)
-{
-    return host == QLatin1String("localhost") || QHostAddress(host).isLoopback();
-}
-
-/// Whoever can change definitions on their way decides which hosts the program asks.
-bool isTrustworthy(const QUrl &url)
-{
-    return url.scheme() == QLatin1String("https")
-        || (url.scheme() == QLatin1String("http") && isLoopback(url.host()));
 }
 
 } // namespace
@@ -48,10 +37,17 @@ void DefinitionsUpdate::setAddresses(const QString &address, const QString &fall
 void DefinitionsUpdate::checkDaily()
 {
     mStore.liveResources(); // the built-in ones clear the last check when they come into use
-    if (mAddress.isEmpty() || wasCheckedWithinADay())
-        return;
+    if (!wasCheckedWithinADay())
+        checkNow();
+}
+
+bool DefinitionsUpdate::checkNow()
+{
+    if (mAddress.isEmpty())
+        return false;
     SiteDefinitionStore::lastCheck.set(mSettings, secondsOf(mClock.now()));
     fetch(mAddress);
+    return true;
 }
 
 bool DefinitionsUpdate::wasCheckedWithinADay() const
@@ -62,28 +58,40 @@ bool DefinitionsUpdate::wasCheckedWithinADay() const
     return age >= 0 && age <= secondsOfADay;
 }
 
+/// Whoever can change definitions on their way decides which hosts the program asks.
 void DefinitionsUpdate::fetch(const QString &address)
 {
     const QUrl url(filledFormat(address, {QStringLiteral(TAGWRIGHT_VERSION)}));
-    if (!isTrustworthy(url)) {
+    if (!isFetchable(url) || isInTheClear(url)) {
         qCWarning(logSources, "newer definitions come over https only, not from %s",
                   qUtf8Printable(url.toString()));
-        fetchFailed(address);
+        fetchFailed(address, QStringLiteral("%1 is no https address").arg(url.toString()));
         return;
     }
-    mQueue.addURLIgnoringCache(url, this, [this, address](const FetchResult &result) {
-        gotNewResources(result, address);
-    });
+    mQueue.addURLIgnoringCache(
+        url, this, [this, address](const FetchResult &result) { gotNewResources(result, address); },
+        SiteDefinitionStore::maxSize);
 }
 
 void DefinitionsUpdate::gotNewResources(const FetchResult &result, const QString &address)
 {
-    if (result.error || result.data.isEmpty())
-        fetchFailed(address);
-    else if (result.cameInTheClear && !isLoopback(result.url.host()))
+    const QString from = result.url.toString();
+    if (result.error || result.data.isEmpty()) {
+        const QString nothing =
+            QStringLiteral("the answer is empty (status %1)").arg(result.status);
+        const QString reason = result.error ? result.error->localizedDescription : nothing;
+        fetchFailed(address, QStringLiteral("%1: %2").arg(from, reason));
+        return;
+    }
+    if (result.cameInTheClear) {
         qCWarning(logSources, "newer definitions were redirected away from https and are refused");
-    else if (mStore.mergeAndStore(result.data))
+        fetchFailed(address, QStringLiteral("%1 leads away from https").arg(from));
+        return;
+    }
+    const QString problem = mStore.mergeAndStore(result.data);
+    if (problem.isEmpty())
         tellOfMerged();
+    Q_EMIT finished(problem.isEmpty() ? problem : QStringLiteral("%1: %2").arg(from, problem));
 }
 
 void DefinitionsUpdate::tellOfMerged()
@@ -93,10 +101,13 @@ void DefinitionsUpdate::tellOfMerged()
         Q_EMIT releaseAnnounced(*release);
 }
 
-void DefinitionsUpdate::fetchFailed(const QString &address)
+void DefinitionsUpdate::fetchFailed(const QString &address, const QString &reason)
 {
-    if (address != mFallbackAddress && !mFallbackAddress.isEmpty())
+    qCInfo(logSources).noquote() << "newer definitions not fetched:" << reason;
+    if (address != mFallbackAddress && !mFallbackAddress.isEmpty()) {
         fetch(mFallbackAddress);
-    else
-        SiteDefinitionStore::lastCheck.unset(mSettings); // the next start tries again
+        return;
+    }
+    SiteDefinitionStore::lastCheck.unset(mSettings); // the next start tries again
+    onNextTurn(this, [this, reason] { Q_EMIT finished(reason); });
 }

@@ -21,8 +21,12 @@ public:
     void setAddresses(const QString &address, const QString &fallbackAddress);
     /// Asks when there is an address and the last check is not of the last 24 hours.
     void checkDaily();
+    /// Asks whenever the last check was; false when there is no address.
+    bool checkNow();
 
 Q_SIGNALS:
+    /// A check is over, once for each: `problem` is why there are no newer definitions, one line.
+    void finished(const QString &problem);
     /// Newer definitions are in use from now on.
     void merged();
     /// They tell of a newer release.
@@ -33,7 +37,7 @@ private:
     void fetch(const QString &address);
     void gotNewResources(const FetchResult &result, const QString &address);
     void tellOfMerged();
-    void fetchFailed(const QString &address);
+    void fetchFailed(const QString &address, const QString &reason);
 
     SiteDefinitionStore &mStore;
     QSettings &mSettings;

@@ -111,20 +111,23 @@ void SiteDefinitionStore::useDefinitions(SiteDefinitions definitions)
     mLive = std::move(definitions);
 }
 
-bool SiteDefinitionStore::mergeAndStore(const QByteArray &propertyList)
+QString SiteDefinitionStore::mergeAndStore(const QByteArray &propertyList)
 {
     const Loaded parsed = parsedSet(propertyList);
     if (parsed.error == tooLarge)
         logRefusal("newer", parsed.error);
+    if (!parsed.error.isEmpty())
+        return parsed.error;
     if (!isForThisRelease(parsed.definitions))
-        return false;
-    const SiteDefinitions newer = setThatHolds(parsed.definitions, "newer");
-    if (newer.isEmpty())
-        return false;
+        return QStringLiteral("is meant for a release before %1").arg(thisReleaseNumber);
+    if (const auto problem = problemOfDefinitions(parsed.definitions.values())) {
+        logRefusal("newer", *problem);
+        return *problem;
+    }
     QVariantMap merged = liveResources().values();
-    merged.insert(newer.values());
+    merged.insert(parsed.definitions.values());
     mLive = SiteDefinitions(merged);
     mSettings.setValue(storedKey(), PropertyList::toXml(merged));
     mSettings.sync();
-    return true;
+    return {};
 }

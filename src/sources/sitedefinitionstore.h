@@ -36,9 +36,9 @@ public:
     void useDefinitions(SiteDefinitions definitions);
 
     /// Puts every top-level value of a newer set in place of the live one's and stores the
-    /// result. False, and nothing changes, when the data is no set that holds or is meant for
-    /// an older release.
-    bool mergeAndStore(const QByteArray &propertyList);
+    /// result. Empty when it did; else nothing changed, and it is one line that says why: the data
+    /// is no set that holds, or is meant for an older release.
+    [[nodiscard]] QString mergeAndStore(const QByteArray &propertyList);
 
 private:
     [[nodiscard]] SiteDefinitions storedDefinitions() const;

@@ -441,7 +441,7 @@ private Q_SLOTS:
         world.queue.removeURLFromCache(world.server.url(u"/old"_s));
         QCOMPARE(world.ask(u"/old"_s).data, "2nd"_ba);
         world.queue.addURLIgnoringCache(world.server.url(u"/old"_s), &world.asker,
-                                        world.asker.callback());
+                                        world.asker.callback(), 3);
         QTRY_COMPARE(world.asker.answers.size(), 2);
         for (const QString &path : {u"/missing"_s, u"/missing"_s, u"/secret"_s, u"/secret"_s})
             world.ask(path);
