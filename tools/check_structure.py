@@ -18,7 +18,7 @@ BELOW = {
     "demo": "base text tags itunes songs gathering sources app",
     "cli": "base text tags itunes songs gathering sources app demo",
     "gui": "base text tags itunes songs gathering sources app demo",
-    "main": "base cli gui",
+    "main": "base text cli gui",
 }
 GUI_MODULE = re.compile(r"#include <(QWidget|QApplication|QGuiApplication|QPixmap|QtWidgets)")
 INCLUDE = re.compile(r'^\s*#include "([^"]+)"', re.MULTILINE)

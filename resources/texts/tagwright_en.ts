@@ -39,6 +39,22 @@
         <source>The file cannot be read</source>
         <translation>The file cannot be read</translation>
     </message>
+    <message id="ErrorDigestEmptyField">
+        <source>Album title or path is empty</source>
+        <translation>Album title or path is empty</translation>
+    </message>
+    <message id="ErrorDigestFields">
+        <source>Artist, album and path with tabs between are expected; here are %1 fields</source>
+        <translation>Artist, album and path with tabs between are expected; here are %1 fields</translation>
+    </message>
+    <message id="ErrorDigestNotUTF8">
+        <source>This is no text in UTF-8</source>
+        <translation>This is no text in UTF-8</translation>
+    </message>
+    <message id="ErrorDigestTwoPaths">
+        <source>Line %1 gives another path for this album</source>
+        <translation>Line %1 gives another path for this album</translation>
+    </message>
     <message id="ErrorFileChanged">
         <source>The file is not the song that it was</source>
         <translation>The file is not the song that it was</translation>

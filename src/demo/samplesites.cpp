@@ -1,6 +1,9 @@
 #include "demo/samplesites.h"
 
 #include "demo/asklyricspages.h"
+#include "demo/bestcoverspages.h"
+#include "demo/coverkingdompages.h"
+#include "demo/digestpages.h"
 #include "demo/freedbpages.h"
 #include "demo/googleimagepages.h"
 #include "demo/leoslyricspages.h"
@@ -30,9 +33,11 @@ QUrlQuery fieldsOf(QString encoded)
 
 const std::vector<SampleSite> &sampleSites()
 {
-    static const std::vector<SampleSite> sites{freeDBPages(), googleImagePages(),
-                                               lyricsAndSongsPages(), leosLyricsPages(),
-                                               askLyricsPages()};
+    static const std::vector<SampleSite> sites{
+        freeDBPages(),         ckDigestPages(),     fredoCoversPages(),
+        bestCoversPages(),     coverKingdomPages(), googleImagePages(),
+        lyricsAndSongsPages(), leosLyricsPages(),   askLyricsPages(),
+    };
     return sites;
 }
 

@@ -184,7 +184,8 @@ std::optional<QString> WebDBInterface::usablePage(const FetchResult &result)
 
 QList<QStringList> WebDBInterface::rowsOn(const QString &page, const QString &key) const
 {
-    const auto recipe = mResources.dictionary(key);
+    const auto recipe =
+        key.isEmpty() ? std::optional(mResources.values()) : mResources.dictionary(key);
     QList<QStringList> rows;
     if (recipe)
         rows = HVUtility::parsedContentsOfHTML(page, *recipe).value_or(rows);

@@ -91,8 +91,8 @@ protected:
     /// queue forgets it, so that a later search fetches the page afresh.
     [[nodiscard]] std::optional<QString> usablePage(const FetchResult &result);
     /// The rows that the parse recipe below `key` cuts out of the page; none where the recipe or
-    /// the list is missing.
-    [[nodiscard]] QList<QStringList> rowsOn(const QString &page, const QString &key) const;
+    /// the list is missing. Without a key the whole definition is the recipe.
+    [[nodiscard]] QList<QStringList> rowsOn(const QString &page, const QString &key = {}) const;
     /// The numStrings-th run of visible text behind the marker below `key`, the first being 1.
     [[nodiscard]] std::optional<QString> visibleTextOn(const QString &page, const QString &key,
                                                        int numStrings = 1) const;

@@ -48,3 +48,10 @@ bool matchesAlbumArtist(const SearchedArtist &searched, const QString &ofAlbum,
     return contains(ofAlbum, searched.name) || contains(searched.name, ofAlbum)
         || contains(alternate, ofAlbum);
 }
+
+bool matchesListedTitle(const QString &searched, const QString &listed, Substrings substrings)
+{
+    return substrings == Substrings::Allow
+        ? contains(searched, listed) || contains(listed, searched)
+        : equal(searched, listed);
+}

@@ -6,8 +6,8 @@
 
 #include <optional>
 
-// The tests of an artist's name that sources share. All names are simplified strings; an empty
-// one matches nothing.
+// The tests of names that sources share. All names are simplified strings; an empty one matches
+// nothing.
 
 /// The artist that is searched, in both forms of the name.
 struct SearchedArtist {
@@ -25,4 +25,9 @@ struct SearchedArtist {
 /// The test of an album's own page: equal names, or one containing the other where substrings
 /// are allowed. Without an alternate artist the artist stands for it.
 [[nodiscard]] bool matchesAlbumArtist(const SearchedArtist &searched, const QString &ofAlbum,
+                                      Substrings substrings);
+
+/// The test of an album's title on a list: equal titles, or one containing the other where
+/// substrings are allowed.
+[[nodiscard]] bool matchesListedTitle(const QString &searched, const QString &listed,
                                       Substrings substrings);

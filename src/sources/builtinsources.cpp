@@ -1,6 +1,10 @@
 #include "sources/builtinsources.h"
 
 #include "sources/asklyricsinterface.h"
+#include "sources/bestcoversinterface.h"
+#include "sources/ckdigestinterface.h"
+#include "sources/coverkingdominterface.h"
+#include "sources/fredocoversinterface.h"
 #include "sources/freedbinterface.h"
 #include "sources/googleimageinterface.h"
 #include "sources/leoslyricsinterface.h"
@@ -17,12 +21,28 @@ SourceCatalog::Entry entry(const QString &className)
             }};
 }
 
+/// The source's digest is read once, when the first search asks it, and lives as long as the
+/// catalog.
+template<typename Source>
+SourceCatalog::Entry digestEntry(const QString &className)
+{
+    const auto digest = std::make_shared<CoverDigest>(QString::fromLatin1(Source::digest));
+    return {className, Source::resourcesPossiblyAvailable,
+            [digest](SiteDefinition resources, HVHTTPQueue &queue) {
+                return std::make_unique<Source>(std::move(resources), queue, digest);
+            }};
+}
+
 } // namespace
 
 SourceCatalog builtInSources()
 {
     return SourceCatalog({
         entry<FreeDBInterface>(QStringLiteral("FreeDBInterface")),
+        digestEntry<CKDigestInterface>(QStringLiteral("CKDigestInterface")),
+        digestEntry<FredoCoversInterface>(QStringLiteral("FredoCoversInterface")),
+        entry<BestCoversInterface>(QStringLiteral("BestCoversInterface")),
+        entry<CoverKingdomInterface>(QStringLiteral("CoverKingdomInterface")),
         entry<GoogleImageInterface>(QStringLiteral("GoogleImageInterface")),
         entry<LyricsAndSongsInterface>(QStringLiteral("LyricsAndSongsInterface")),
         entry<LeosLyricsInterface>(QStringLiteral("LeosLyricsInterface")),

@@ -35,11 +35,13 @@ public:
     [[nodiscard]] QVariantMap definition(const QString &className,
                                          const QMap<QString, QString> &addresses) const;
 
-    /// One whole search; an album that says so when it did not complete exactly once.
-    template<typename Source>
-    [[nodiscard]] AlbumList search(const SearchedSong &song, const QVariantMap &definition)
+    /// One whole search; an album that says so when it did not complete exactly once. `more`: what
+    /// else the source is made with.
+    template<typename Source, typename... More>
+    [[nodiscard]] AlbumList search(const SearchedSong &song, const QVariantMap &definition,
+                                   More... more)
     {
-        return run(std::make_unique<Source>(SiteDefinition(definition), queue), song);
+        return run(std::make_unique<Source>(SiteDefinition(definition), queue, more...), song);
     }
 
 private:
