@@ -8,26 +8,28 @@
 
 #include <QStringDecoder>
 
+#include <algorithm>
+
 namespace {
 
 constexpr QStringView newline = u"\n";
 
-/// Replaces until none is left. Looking again after each replacement at what then stands at the
-/// end gives the same as going through the text in rounds, without a round for each level.
-QString replacedUntilNoneIsLeft(const QString &text, QStringView what, QStringView by)
+/// Replaces by something no longer until none is left. Looking again after each replacement at what
+/// then stands at the end gives the same as going through the text in rounds, without a round for
+/// each level.
+QString replacedUntilNoneIsLeft(QString text, QStringView what, QStringView by)
 {
-    if (what.isEmpty() || by.contains(what))
+    if (by.size() > what.size() || by == what)
         return text;
-    QString result;
-    result.reserve(text.size());
-    for (const QChar c : text) {
-        result += c;
-        while (QStringView(result).endsWith(what)) {
-            result.chop(what.size());
-            result += by;
-        }
+    QChar *const begin = text.data();
+    QChar *end = begin;
+    for (const QChar c : std::as_const(text)) {
+        *end++ = c;
+        while (end != begin && end[-1] == what.back() && QStringView(begin, end).endsWith(what))
+            end = std::copy(by.begin(), by.end(), end - what.size());
     }
-    return result;
+    text.truncate(end - begin);
+    return text;
 }
 
 /// Deletes blocks one after the other, the first beginning and the first end behind it each time,
@@ -40,7 +42,7 @@ QString withoutBlocks(const QString &text, QStringView begin, QStringView end)
     result.reserve(text.size());
     for (qsizetype at = 0; at < text.size();) {
         result += text[at++];
-        if (!QStringView(result).endsWith(begin))
+        if (result.back() != begin.back() || !result.endsWith(begin))
             continue;
         const qsizetype foundEnd = QStringView(text).indexOf(end, at);
         if (foundEnd < 0)

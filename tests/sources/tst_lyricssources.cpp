@@ -31,14 +31,14 @@ HttpAnswer page(const QByteArray &content)
     return {.body = "<html>" + content + "</html>" + QByteArray(100, ' ')};
 }
 
-QByteArray lasRow(const QByteArray &artist, const QByteArray &title, const QByteArray &link)
+/// A row of results.
+QByteArray rowOf(const QString &source, const QByteArray &artist, const QByteArray &title,
+                 const QByteArray &link)
 {
-    return "<tr><td>1</td><td>" + artist + "</td><td><a href=\"" + link + "\">" + title
-        + "</a></td><td>*</td></tr>";
-}
-QByteArray leoRow(const QByteArray &artist, const QByteArray &title, const QByteArray &link)
-{
-    return "<tr>\r<td>" + artist + "</td><td><a href=\"" + link + "\">" + title + "</a></td></tr>";
+    const QByteArray cells =
+        "<td>" + artist + "</td><td><a href=\"" + link + "\">" + title + "</a></td>";
+    return source == las ? "<tr><td>1</td>" + cells + "<td>*</td></tr>"
+                         : "<tr>\r" + cells + "</tr>";
 }
 QByteArray askRow(const QByteArray &name, const QByteArray &link)
 {
@@ -71,8 +71,7 @@ Answers siteOf(const QString &source)
         site[u"/search"_s] = list("artists", askRow("Nila Oster", "songs"));
         site[u"/songs"_s] = list("songs", askRow("First Light", "1"));
     } else {
-        const auto row = source == las ? lasRow : leoRow;
-        site[u"/search"_s] = results(source, row("Nila Oster", "First Light", "1"));
+        site[u"/search"_s] = results(source, rowOf(source, "Nila Oster", "First Light", "1"));
     }
     return site;
 }
@@ -105,18 +104,32 @@ private Q_SLOTS:
                                 const QByteArray &rest = {}) {
             return first(results(source, rows, rest));
         };
-        const QByteArray right = lasRow("Nila Oster", "First Light", "1");
-        const QByteArray leosRight = leoRow("Nila Oster", "First Light", "1");
-        const SearchedSong reversed{.alternateArtist = u"Oster Nila"_s};
-        const SearchedSong substrings{.substrings = Substrings::Allow};
+        const QByteArray right = rowOf(las, "Nila Oster", "First Light", "1");
+        const QByteArray leosRight = rowOf(leo, "Nila Oster", "First Light", "1");
+        // A list of one row, and whether it is taken for the song.
+        const auto one = [&](const char *name, const QString &source, const QByteArray &artist,
+                             const QByteArray &title, bool isTaken,
+                             const SearchedSong &searched = {}) {
+            row(name, source, listed(source, rowOf(source, artist, title, "1")),
+                isTaken ? u"la la"_s : QString(), isTaken ? u"/1"_s : QString(), searched);
+        };
+        const SearchedSong signs{.title = u"First & Light"_s};
 
-        row("title equal but for case and signs", las,
-            listed(las, lasRow("nila oster", "FIRST-light!", "1")), u"la la"_s, u"/1"_s);
-        row("title that contains the song's", las,
-            listed(las, lasRow("Nila Oster", "First Light of Day", "1")), {}, {});
+        one("title equal but for case and signs", las, "nila oster", "FIRST-light!", true);
+        one("title that contains the song's", las, "Nila Oster", "First Light of Day", false);
+        one("alternate artist", las, "Oster Nila", "First Light", true,
+            {.alternateArtist = u"Oster Nila"_s});
+        one("artist within another", las, "Trio of Nila Oster", "First Light", false);
+        one("the same with substrings", las, "Trio of Nila Oster", "First Light", true,
+            {.substrings = Substrings::Allow});
+        one("references in rows are not undone", las, "Nila Oster", "First &amp; Light", false,
+            signs);
+        one("references in rows are undone", leo, "Nila Oster", "First &#38; Light", true, signs);
+
         row("the first match alone is followed", las,
             listed(las,
-                   lasRow("Ann", "First Light", "2") + right + lasRow("Nila", "First Light", "2")),
+                   rowOf(las, "Ann", "First Light", "2") + right
+                       + rowOf(las, "Nila", "First Light", "2")),
             u"la la"_s, u"/1"_s);
         row("artist in the first cell", las,
             listed(las,
@@ -130,20 +143,10 @@ private Q_SLOTS:
             {}, {});
         row("links that lead nowhere", las,
             listed(las,
-                   lasRow("Nila Oster", "First Light", "")
-                       + lasRow("Nila Oster", "First Light", "file:///1")
-                       + lasRow("Nila Oster", "First Light", QByteArray(5000, 'x')) + right),
+                   rowOf(las, "Nila Oster", "First Light", "")
+                       + rowOf(las, "Nila Oster", "First Light", "file:///1")
+                       + rowOf(las, "Nila Oster", "First Light", QByteArray(5000, 'x')) + right),
             u"la la"_s, u"/1"_s);
-        row("alternate artist", las, listed(las, lasRow("Oster Nila", "First Light", "1")),
-            u"la la"_s, u"/1"_s, reversed);
-        row("artist within another", las,
-            listed(las, lasRow("Trio of Nila Oster", "First Light", "1")), {}, {});
-        row("the same with substrings", las,
-            listed(las, lasRow("Trio of Nila Oster", "First Light", "1")), u"la la"_s, u"/1"_s,
-            substrings);
-        row("references in rows are not undone", las,
-            listed(las, lasRow("Nila Oster", "First &amp; Light", "1")), {}, {},
-            {.title = u"First & Light"_s});
         row("page without the head", las, {{u"/1"_s, page("la la</div>")}}, {}, u"/1"_s);
         row("page without the foot", las, {{u"/1"_s, page("<div class=\"lyrics\">la la")}}, {},
             u"/1"_s);
@@ -152,15 +155,12 @@ private Q_SLOTS:
         row("a charset of the definition counts", las, {{u"/1"_s, song(las, "l\xC3\xA9")}},
             u"lĂŠ"_s, u"/1"_s, {}, {{u"charset"_s, u"ISO-8859-2"_s}});
 
-        row("references in rows are undone", leo,
-            listed(leo, leoRow("Nila Oster", "First &#38; Light", "1")), u"la la"_s, u"/1"_s,
-            {.title = u"First & Light"_s});
         row("rows of one and three cells", leo,
             listed(leo,
                    "<tr><td>First Light</td></tr>"
                        + QByteArray(leosRight).replace("</tr>", "<td></td></tr>")),
             {}, {});
-        const QByteArray others = leoRow("Ann", "First Light", "2");
+        const QByteArray others = rowOf(leo, "Ann", "First Light", "2");
         const QByteArray next = "<a class=\"next\" href=\"next?a&amp;b\">Next</a>";
         const Answers twoPages{{u"/search"_s, results(leo, others, next)},
                                {u"/next?a&b"_s, results(leo, leosRight)}};
@@ -195,7 +195,7 @@ private Q_SLOTS:
                 u"là & la"_s, way);
             row("no artist", source, {}, {}, u"-"_s, {.artist = {}});
             row("no title", source, {}, {}, u"-"_s, {.title = {}});
-            row("title without letters that are searched", source, {}, {}, u"-"_s,
+            row("title of which no letter is searched", source, {}, {}, u"-"_s,
                 {.title = u"Ключ"_s});
             row("no address", source, {}, {}, u"-"_s, {}, {{queryKeyOf(source), QString()}});
             row("no list", source, first(page("nothing found")), {}, {});
@@ -245,7 +245,7 @@ private Q_SLOTS:
         Answers pages;
         for (int number = 1; number < 30; ++number)
             pages[u"/search%1"_s.arg(number)] =
-                results(leo, leoRow("Ann", "Low Tide", "2"),
+                results(leo, rowOf(leo, "Ann", "Low Tide", "2"),
                         "<a class=\"next\" href=\"search" + QByteArray::number(number + 1) + "\">");
         pages[u"/search"_s] = pages.value(u"/search1"_s);
         serve(leo, pages);
@@ -292,6 +292,10 @@ private Q_SLOTS:
 
         row("marked line ends", leoClean, u"\r\na<br />\r\nb \r\n\r\n<br />\r<br />c\nd<br />"_s,
             u"a\nb\n\nc\nd"_s);
+        row(
+            "marker of one character",
+            [](const QString &markup) { return LyricsPage::leosLyrics(markup, u"|"_s); }, u"a|b|"_s,
+            u"a\nb"_s);
         row("no line end is marked", leoClean, u"a \r\nb\r\r\rc"_s, u"a\nb\n\nc"_s);
         row("references that are line ends", leoClean, u"a&#13;&#10;b&#32;&#10;&#10;&#10;c&#60;"_s,
             u"a\nb\n\nc<"_s);
