@@ -14,4 +14,11 @@ function(tagwright_floor name)
     target_link_libraries(tagwright_${name}
         PUBLIC ${floor_BELOW} ${floor_QT}
         PRIVATE tagwright_strictness ${floor_LIBRARIES})
+    if(name STREQUAL base)
+        tagwright_precompiles(tagwright_base
+            <QByteArray> <QDir> <QFile> <QHash> <QList> <QMap> <QObject> <QString> <QStringList>
+            <QUrl> <QVariant> <algorithm> <chrono> <functional> <memory> <optional> <vector>)
+    else()
+        tagwright_shares_precompiled(tagwright_${name} tagwright_base)
+    endif()
 endfunction()
