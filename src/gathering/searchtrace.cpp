@@ -18,14 +18,6 @@ SearchStep stepOf(SearchStep used, const MissingMarker &missing)
     return used == SearchStep::List && isInsideList ? SearchStep::Row : used;
 }
 
-QString reasonOf(const MissingMarker &missing)
-{
-    if (missing.marker.isEmpty())
-        return QStringLiteral("the definition lacks it");
-    return missing.piece.isEmpty() ? QStringLiteral("the page is empty")
-                                   : QStringLiteral("the marker is not there");
-}
-
 } // namespace
 
 void SearchTrace::beginPage(const FetchResult &result)
@@ -41,6 +33,7 @@ void SearchTrace::endPage()
     Page &page = mPages.back();
     if (!page.isFollowed) {
         page.obstacle = obstacleOf(*mResult);
+        page.isShort = page.isShort || mResult->data.isEmpty();
         page.beginning = pieceOfPage(decodedPage(mResult->data.left(1000)), 0);
     }
     mResult = nullptr;
@@ -76,25 +69,28 @@ void SearchTrace::noteRows(const QString &key, const QString &page, const QVaria
         use->missing = missingMarkerOfRecipe(page, recipe);
 }
 
+/// A field of nothing but blanks tells as little as none.
 void SearchTrace::noteField(const QString &key, const QString &page, const QString &marker,
                             const std::optional<QString> &found, qsizetype from)
 {
     Use *use = useOf(key, SearchStep::Field);
     if (!use || use->wasFound)
         return;
-    use->wasFound = found.has_value();
-    if (found)
+    use->wasFound = found && !found->isEmpty();
+    if (use->wasFound) {
         use->value = pieceOfPage(*found, 0);
-    else if (use->missing.piece.isEmpty())
-        use->missing =
-            missingMarker(page, QString(), marker, Qt::CaseSensitive, from)
-                .value_or(MissingMarker{{}, marker, pieceOfPage(page, page.indexOf(marker, from))});
+    } else if (use->missing.piece.isEmpty()) {
+        const auto missing = missingMarker(page, {}, marker, Qt::CaseSensitive, from);
+        use->markerIsThere = !missing;
+        use->missing = missing.value_or(
+            MissingMarker{{}, marker, pieceOfPage(page, page.indexOf(marker, from))});
+    }
 }
 
 void SearchTrace::noteShortAnswer()
 {
     if (mResult)
-        mPages.back().isTooShort = true;
+        mPages.back().isShort = true;
 }
 
 void SearchTrace::noteRefused(const QUrl &url)
@@ -102,6 +98,14 @@ void SearchTrace::noteRefused(const QUrl &url)
     mPages.push_back(
         {.url = url,
          .obstacle = FetchObstacle{Obstacle::NotReachable, QStringLiteral("cannot be asked")}});
+}
+
+QString SearchTrace::Use::reason() const
+{
+    if (missing.marker.isEmpty())
+        return QStringLiteral("the definition lacks it");
+    return markerIsThere ? QStringLiteral("nothing can be read behind the marker")
+                         : QStringLiteral("the marker is not there");
 }
 
 std::optional<SearchFailure> SearchTrace::firstFailure() const
@@ -133,7 +137,7 @@ SearchFailure SearchTrace::failureOf(const Page &page)
     if (page.obstacle) {
         failure.obstacle = page.obstacle->kind;
         failure.reason = page.obstacle->reason;
-    } else if (page.isTooShort) {
+    } else if (page.isShort) {
         failure.reason = QStringLiteral("the answer is too short to be a page");
     } else if (!page.uses.isEmpty()) {
         failure = failureOfUses(page);
@@ -163,7 +167,7 @@ SearchFailure SearchTrace::failureOf(const Use &use, const Page &page)
 {
     const bool isInRecipe = !use.missing.key.isEmpty();
     return {.step = stepOf(use.step, use.missing),
-            .reason = reasonOf(use.missing),
+            .reason = use.reason(),
             .url = page.url,
             .redirectedTo = page.redirectedTo,
             .key = isInRecipe ? use.key + u'/' + use.missing.key : use.key,

@@ -58,8 +58,11 @@ private:
         SearchStep step;
         QString key;
         bool wasFound = false;
+        bool markerIsThere = false; ///< with nothing behind it
         MissingMarker missing{}; ///< of the first time that it was not found
         QString value{}; ///< of the first time that it was
+
+        [[nodiscard]] QString reason() const; ///< why it was not found
     };
 
     struct Page {
@@ -67,7 +70,7 @@ private:
         QUrl redirectedTo{};
         std::optional<FetchObstacle> obstacle{};
         bool isFollowed = false;
-        bool isTooShort = false;
+        bool isShort = false; ///< too short to be a page
         QList<Use> uses{};
         QString beginning{};
     };

@@ -1,0 +1,294 @@
+#include "app/sharedtables.h"
+#include "base/texts.h"
+#include "cli/sitesreport.h"
+#include "demo/samplesites.h"
+#include "sources/builtinsources.h"
+#include "sources/freedbinterface.h"
+#include "sources/sitedefinitionstore.h"
+#include "support/httpserver.h"
+#include "support/table.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+using Then = HttpAnswer::Then;
+
+namespace {
+
+/// A shop whose album page is asked for at once, under the name and with the keys of one.
+class ShopSource : public WebDBInterface {
+public:
+    static constexpr Assets resourcesPossiblyAvailable = AssetAlbumName | AssetYear | AssetArtwork;
+
+    using WebDBInterface::WebDBInterface;
+    [[nodiscard]] QString className() const override { return u"CDUniverseInterface"_s; }
+
+protected:
+    void startSearch() override
+    {
+        addSearchURL(QUrl(resources().formatted(u"queryAlbumTitle"_s, {*albumTitle()}).value()),
+                     [this](const FetchResult &result) { gotAlbumPage(result); });
+    }
+
+private:
+    void gotAlbumPage(const FetchResult &result)
+    {
+        const auto page = usablePage(result);
+        const auto title = page ? visibleTextOn(*page, u"parseAlbumTitle"_s) : std::nullopt;
+        if (!title || *title != albumTitle())
+            return;
+        AlbumInfo album(artist(), title);
+        album.setYear(visibleTextOn(*page, u"parseAlbumYear1"_s));
+        const auto art = textBetweenOn(*page, u"parseAlbumArtURLBegin"_s, u"parseAlbumArtURLEnd"_s);
+        if (art)
+            album.setArtURLString(result.url.resolved(QUrl(*art)).toString());
+        addAlbum(album);
+    }
+};
+
+template<typename Source>
+SourceCatalog catalogOf(const QString &className)
+{
+    return SourceCatalog({{className, Source::resourcesPossiblyAvailable,
+                           [](SiteDefinition definition, HVHTTPQueue &queue) {
+                               return std::make_unique<Source>(std::move(definition), queue);
+                           }}});
+}
+
+HttpAnswer page(const QByteArray &html)
+{
+    return {.type = "text/html", .body = html + QByteArray(100, ' ')};
+}
+
+QByteArray png()
+{
+    QBuffer buffer;
+    QImage(2, 2, QImage::Format_RGB32).save(&buffer, "png");
+    return buffer.data();
+}
+
+HttpAnswer results(const QByteArray &rows)
+{
+    return page("<p>Results</p><table class=\"results\">" + rows + "</table>");
+}
+} // namespace
+
+class TestSitesCheck : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        installTexts();
+        SiteDefinitionStore store(mSettings);
+        mDefaults = store.liveResources();
+        installTables(mDefaults);
+    }
+
+    void everySampleSiteHasTheKnownAlbum_data()
+    {
+        QTest::addColumn<QString>("className");
+        for (const QString &className : mDefaults.sourcelist())
+            QTest::newRow(qPrintable(className)) << className;
+    }
+    void everySampleSiteHasTheKnownAlbum()
+    {
+        QFETCH(QString, className);
+        SampleSites sites;
+        QVERIFY(sites.listen());
+        const QString told = answerOf(builtInSources(), sites.definitions(mDefaults), className);
+        QVERIFY2(told.startsWith(className + u": found\n"_s), qPrintable(told));
+    }
+
+    void firstStepThatFoundNothing_data()
+    {
+        const QByteArray row = "<tr><td>x</td><td>1</td><td>Nila Oster / Harbour Lights</td></tr>";
+        const QByteArray record = "DTITLE=Nila Oster / Harbour Lights\nDYEAR=2007\n"
+                                  "DGENRE=Folk\nTTITLE0=Low Water\n";
+        // told: pieces of what is told, in their order
+        const Table<HttpAnswer, HttpAnswer, QVariantMap, QStringList> table("search", "disc",
+                                                                            "changes", "told");
+        const HttpAnswer disc{.body = record};
+        const auto fails = [&](const char *name, const HttpAnswer &search,
+                               const QStringList &told) { table(name, search, disc, {}, told); };
+        table("found", results(row), disc, {},
+              {u"found\n"_s, u"Album, Title, Genre, Year, Track"_s});
+        for (const int status : {401, 403, 429})
+            QTest::addRow("status %d", status)
+                << HttpAnswer{.status = status} << disc << QVariantMap()
+                << QStringList{u": blocked\n"_s, u"status %1"_s.arg(status)};
+        fails("challenge", {.status = 503, .body = "<TITLE>Just a moment...</TITLE>"},
+              {u": blocked\n"_s, u"challenge page"_s});
+        fails("challenge that calls itself a page", page("<div class=\"h-captcha\">"),
+              {u": blocked\n"_s, u"captcha"_s});
+        fails("no such page", {.status = 404, .body = "gone"},
+              {u": not reachable\n"_s, u"status 404"_s, u"/search\n"_s, u"gone"_s});
+        fails("reset", {.claimedLength = 9, .then = Then::Reset},
+              {u": not reachable\n"_s, u"/search"_s});
+        fails("silence", {.body = "x", .claimedLength = 9, .then = Then::Stall},
+              {u": not reachable\n"_s});
+        fails("redirected to another page", {.status = 302, .headers = {"Location: /disc?1"}},
+              {u"list not found"_s, u"led to"_s, u"/disc?1\n"_s, u"/listBegin"_s, u"DTITLE"_s});
+        fails("nothing came", {}, {u"nothing found, no page"_s});
+        fails("list begins otherwise", page("<b>\n</b><table class=\"result\x1b\">" + row),
+              {u"nothing found, list not found"_s, u"parseAlbumList/listBegin\n"_s,
+               u"<table class=\"results\">\n"_s, u"<b>\\n</b><table class=\"result\\u001b\">"_s});
+        fails("list has no end", page("<table class=\"results\">" + row),
+              {u"list not found"_s, u"/listEnd\n"_s});
+        fails("list is empty", results({}), {u"no row matched"_s, u"/entryBegin\n"_s});
+        fails("rows have other cells", results("<tr><th>Nila Oster</th></tr>"),
+              {u"no row matched"_s, u"/textBegin\n"_s, u"<th>Nila"_s});
+        fails("rows of others", results("<tr><td>x</td><td>1</td><td>Else / Other</td></tr>"),
+              {u"no row matched"_s, u"parseAlbumList\n"_s, u"<td>Else / Other</td>"_s});
+        table("recipe is missing", results(row), disc, {{u"parseAlbumList"_s, {}}},
+              {u"list not found"_s, u"the definition lacks it"_s});
+        table("further page fails", results(row), {.status = 403}, {},
+              {u": blocked\n"_s, u"/disc?1"_s});
+        table("record of something else", results(row), page("closed"), {},
+              {u"no field read"_s, u"/disc?1\n"_s, u"closed"_s});
+        table("record without a genre", results(row),
+              {.body = QByteArray(record).replace("DGENRE", "X")}, {},
+              {u"incomplete, no field read"_s, u"missing  Genre\n"_s});
+        table("another album is known there", results(row), disc, {{u"checkArtist"_s, u"Else"_s}},
+              {u"no row matched"_s});
+        table("no site", results(row), disc, {{u"queryPOST"_s, u""_s}, {u"discInfoURL"_s, u""_s}},
+              {u": no site configured"_s});
+        table("one address of two", results(row), disc, {{u"queryPOST"_s, u""_s}},
+              {u"nothing was asked"_s});
+    }
+    void firstStepThatFoundNothing()
+    {
+        QFETCH(HttpAnswer, search);
+        QFETCH(HttpAnswer, disc);
+        QFETCH(QVariantMap, changes);
+        HttpServer server;
+        server.serve(u"/search"_s, search);
+        server.serve(u"/disc?1"_s, disc);
+        const QMap<QString, QString> addresses{{u"queryPOST"_s, u"/search"_s},
+                                               {u"discInfoURL"_s, u"/disc?%@"_s}};
+        QFETCH(QStringList, told);
+        verifyTold(answerWith<FreeDBInterface>(server, addresses, changes), told);
+    }
+
+    void fieldsAndPicturesAreLookedAt_data()
+    {
+        const Table<QByteArray, HttpAnswer, QVariantMap, QStringList> table("html", "picture",
+                                                                            "changes", "told");
+        const QByteArray good = "<h1>Harbour Lights</h1><i>2007</i><img src=\"/p.png\">";
+        const HttpAnswer picture{.body = png()};
+        table("found", good, picture, {}, {u": found\n"_s, u"Album, Year, Artwork"_s});
+        table("title stands otherwise", "<h1 id=x>Harbour Lights</h1>", picture, {},
+              {u"nothing found, no field read"_s, u"parseAlbumTitle\n"_s, u"marker   <h1>\n"_s,
+               u"there    <h1 id=x>Harbour"_s});
+        table("nothing behind the title's marker", "<p><h1>", picture, {},
+              {u"no field read"_s, u"behind the marker"_s, u"parseAlbumTitle\n"_s});
+        table("title of another album", "<h1>Other</h1>", picture, {},
+              {u"no row matched"_s, u"parseAlbumTitle\n"_s, u"there    Other"_s});
+        table("one field is missing", QByteArray(good).replace("<i>", "<b>"), picture, {},
+              {u"incomplete, no field read"_s, u"missing  Year\n"_s, u"parseAlbumYear1\n"_s});
+        table("field that the definition leaves out", QByteArray(good).replace("<i>", "<b>"),
+              picture, {{u"parseAlbumYear1"_s, u""_s}}, {u": found\n"_s, u"Album, Artwork"_s});
+        table("end of the picture's address", QByteArray(good).replace(".png\"", ".png'"), picture,
+              {}, {u"incomplete"_s, u"parseAlbumArtURLEnd\n"_s, u"<img src=\"/p.png'>"_s});
+        table("picture is gone", good, {.status = 404}, {},
+              {u"incomplete"_s, u"status 404\n"_s, u"/p.png"_s});
+        table("picture is a page", good, page("<html>"), {},
+              {u"incomplete"_s, u"no picture\n"_s, u"/p.png"_s});
+        table("short answer", "no", picture, {}, {u"nothing found, no page"_s, u"there    no"_s});
+    }
+    void fieldsAndPicturesAreLookedAt()
+    {
+        QFETCH(QByteArray, html);
+        QFETCH(HttpAnswer, picture);
+        QFETCH(QVariantMap, changes);
+        QVariantMap definition{{u"parseAlbumTitle"_s, u"<h1>"_s},
+                               {u"parseAlbumYear1"_s, u"<i>"_s},
+                               {u"parseAlbumYear2"_s, QString()},
+                               {u"parseAlbumArtURLBegin"_s, u"src=\""_s},
+                               {u"parseAlbumArtURLEnd"_s, u"\""_s}};
+        definition.insert(changes);
+        HttpServer server;
+        server.serve(u"/album?Harbour%20Lights"_s,
+                     html.size() < 4 ? HttpAnswer{.body = html} : page(html));
+        server.serve(u"/p.png"_s, picture);
+        QFETCH(QStringList, told);
+        verifyTold(
+            answerWith<ShopSource>(server, {{u"queryAlbumTitle"_s, u"/album?%@"_s}}, definition),
+            told);
+    }
+
+    void listNamesWhatIsMissing()
+    {
+        const SourceCatalog catalog = catalogOf<ShopSource>(u"CDUniverseInterface"_s);
+        const auto told = [&](const QVariantMap &definition) {
+            return listedAsText(
+                listedSource(catalog, SiteDefinitions({{u"res_CDUniverseInterface"_s, definition}}),
+                             u"CDUniverseInterface"_s));
+        };
+        QVERIFY(told({}).startsWith(u"CDUniverseInterface: no site configured\n"_s));
+        const QString partly = told({{u"queryAlbumTitle"_s, u"http://a/%@"_s},
+                                     {u"queryArtistName"_s, u""_s},
+                                     {u"rootURLPrefix"_s, u""_s},
+                                     {u"albumListParse"_s, QVariantMap{{u"listBegin"_s, u"x"_s}}}});
+        QVERIFY(partly.startsWith(u"CDUniverseInterface: configured\n"_s));
+        for (const auto &[key, isMissing] : {std::pair{u"queryAlbumTitle"_s, false},
+                                             {u"queryArtistName"_s, true},
+                                             {u"rootURLPrefix"_s, false},
+                                             {u"albumListParse/listEnd"_s, true},
+                                             {u"albumListParse/listBegin"_s, false},
+                                             {u"maxPossibleArtWidth"_s, true}})
+            QVERIFY2(partly.contains(u' ' + key) == isMissing, qPrintable(key));
+        QCOMPARE(listedAsText(listedSource(catalog, {}, u"NoSuch"_s)),
+                 u"NoSuch: no source of that name"_s);
+    }
+
+private:
+    static QString answerOf(const SourceCatalog &catalog, const SiteDefinitions &definitions,
+                            const QString &className)
+    {
+        const FetchLimits limits{.silence = 300ms};
+        HVHTTPQueue queue(QString(), systemClock(), nullptr, limits);
+        SiteCheck check(catalog, definitions, queue, className);
+        QSignalSpy finished(&check, &SiteCheck::finished);
+        check.begin();
+        return finished.wait() ? findingAsText(check.finding()) : u"the check did not end"_s;
+    }
+
+    /// The default definition with the addresses below the server's, then the changes.
+    template<typename Source>
+    QString answerWith(const HttpServer &server, const QMap<QString, QString> &addresses,
+                       const QVariantMap &changes)
+    {
+        const QString className = Source(SiteDefinition(), mQueue).className();
+        QVariantMap definition =
+            mDefaults.definitionOf(className).value_or(SiteDefinition()).values();
+        for (const auto &[key, below] : addresses.asKeyValueRange())
+            definition[key] = QString(server.url(QString()).toString() + below);
+        definition.insert(changes);
+        QVariantMap values = mDefaults.values();
+        values[u"res_"_s + className] = definition;
+        return answerOf(catalogOf<Source>(className), SiteDefinitions(values), className);
+    }
+
+    /// The pieces stand in the text one behind the other.
+    static void verifyTold(const QString &text, const QStringList &pieces)
+    {
+        qsizetype at = 0;
+        for (const QString &piece : pieces) {
+            at = text.indexOf(piece, at);
+            QVERIFY2(at >= 0, qPrintable(piece + u" is not told in its place: "_s + text));
+        }
+    }
+
+    QTemporaryDir mFolder;
+    QSettings mSettings{mFolder.filePath(u"conf"_s), QSettings::IniFormat};
+    HVHTTPQueue mQueue{QString()};
+    SiteDefinitions mDefaults;
+};
+
+QTEST_GUILESS_MAIN(TestSitesCheck)
+#include "tst_sitescheck.moc"
