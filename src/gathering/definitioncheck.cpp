@@ -3,6 +3,7 @@
 #include "gathering/definitionformat.h"
 #include "gathering/definitionschema.h"
 #include "gathering/fetchable.h"
+#include "text/missingmarker.h"
 
 #include <QStringDecoder>
 #include <QUrl>
@@ -150,10 +151,18 @@ Fault faultOfValue(const QVariant &value, DefinitionKind kind)
     return std::nullopt;
 }
 
-/// "KEY is no text", or "KEY/INNER is no text" when the fault lies inside the value.
-QString faultBelow(const QString &key, const QString &fault)
+/// Behind a fault, so that the place is found in the file: ": file:///etc/passwd". Lists and
+/// dictionaries are not shown.
+QString shown(const QVariant &value)
 {
-    return fault.startsWith(u'/') ? key + fault : key + u' ' + fault;
+    const QString text = value.toString();
+    return text.isEmpty() ? text : QStringLiteral(": ") + pieceOfPage(text, 0);
+}
+
+/// "KEY is no text: VALUE", or "KEY/INNER is no text: VALUE" when the fault lies inside the value.
+QString faultBelow(const QString &key, const QString &fault, const QVariant &value)
+{
+    return fault.startsWith(u'/') ? key + fault : key + u' ' + fault + shown(value);
 }
 
 /// "KEY FAULT" of the first entry that is not of its kind.
@@ -164,7 +173,7 @@ Fault faultOfEntries(const QVariantMap &values, std::span<const DefinitionKey> s
         if (found == values.constEnd())
             continue;
         if (const Fault fault = faultOfValue(*found, kind))
-            return faultBelow(QLatin1String(key), *fault);
+            return faultBelow(QLatin1String(key), *fault, *found);
     }
     return std::nullopt;
 }
@@ -193,7 +202,7 @@ std::optional<QString> problemOfDefinitions(const QVariantMap &values)
             fault =
                 faultOfDictionary(*entry, schemaOfSource(entry.key().mid(resourcePrefix.size())));
         if (fault)
-            return faultBelow(entry.key(), *fault);
+            return faultBelow(entry.key(), *fault, *entry);
     }
     return std::nullopt;
 }

@@ -223,8 +223,11 @@ class Programs(unittest.TestCase):
                  ("gather", "--definitions", no_picture, path), ("set", path), ("set", "title=x"),
                  ("set", path, "compilation=perhaps"), ("set", path, f"artwork={no_picture}"),
                  ("set", path, "title=y", "artwork=gone.png"), ("show",), ("play", path)]
-        wrong.append(("gather", "--definitions",
-                      self.definitions(discInfoURL="file:///etc/%@"), path))
+        refused = self.definitions(discInfoURL="file:///etc/%@")
+        wrong += [("gather", "--definitions", refused, path),
+                  ("sites", "check", "--definitions", refused), ("sites", "play"),
+                  ("sites", "list", "--definitions", no_picture), ("sites",),
+                  ("sites", "update", "--definitions", RESOURCES / "defaultres.xml")]
         for arguments in wrong:
             with self.subTest(arguments=arguments):
                 self.assertTrue(self.run_program(*arguments, status=2).stderr)

@@ -1,5 +1,6 @@
 #include "gathering/fetcherrors.h"
 
+#include "gathering/cleartext.h"
 #include "gathering/hostpace.h"
 #include "gathering/httpcache.h"
 #include "gathering/retryafter.h"
@@ -45,6 +46,18 @@ private Q_SLOTS:
             QCOMPARE(fetchErrorFor(error, u"why"_s, false).code, offline);
             QCOMPARE(fetchErrorFor(error, u"why"_s, true).localizedDescription, u"why"_s);
         }
+    }
+
+    void othersCanReadWhatIsNeitherHttpsNorHere()
+    {
+        for (const auto &[url, isClear] : {std::pair{"https://a.example/", false},
+                                           {"http://a.example/", true},
+                                           {"http://127.0.0.1:8/", false},
+                                           {"http://[::1]/", false},
+                                           {"http://localhost/", false},
+                                           {"http://127.0.0.1.a.example/", true},
+                                           {"http://localhost.a.example/", true}})
+            QVERIFY2(isInTheClear(QUrl(QLatin1String(url))) == isClear, url);
     }
 
     void retryAfterIsRead()

@@ -108,9 +108,11 @@ private Q_SLOTS:
         QStringList path = key.split(u'/');
         if (!source.isEmpty())
             path.prepend(u"res_"_s + source);
+        const QString shown = value.toString().isEmpty() ? QString() : u": "_s + value.toString();
         for (auto step = path.crbegin(); step != path.crend(); ++step)
             value = QVariantMap{{*step, value}};
-        const QString expected = fault.isEmpty() ? QString() : path.join(u'/') + u' ' + fault;
+        const QString expected =
+            fault.isEmpty() ? QString() : path.join(u'/') + u' ' + fault + shown;
         QCOMPARE(problemOfDefinitions(value.toMap()).value_or(QString()), expected);
     }
 

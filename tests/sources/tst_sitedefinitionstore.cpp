@@ -43,6 +43,11 @@ struct World {
         server.serve(u"/empty?" TAGWRIGHT_VERSION ""_s, {});
         server.serve(u"/reset?" TAGWRIGHT_VERSION ""_s, {.then = HttpAnswer::Then::Reset});
         server.serve(u"/page?" TAGWRIGHT_VERSION ""_s, {.body = "<html>hello</html>"});
+        server.serve(u"/old?" TAGWRIGHT_VERSION ""_s, {.body = xml(release(115))});
+        server.serve(u"/long?" TAGWRIGHT_VERSION ""_s,
+                     {.body = QByteArray(3 << 20, ' '),
+                      .claimedLength = 30 << 20,
+                      .then = HttpAnswer::Then::Stall});
     }
 
     [[nodiscard]] QString address(const QString &path) const
@@ -100,7 +105,7 @@ private Q_SLOTS:
         row("with a fault", xml(release(116, {{u"res_FreeDBInterface"_s, badAddress}})), ours,
             false,
             u"stored definitions refused: "
-            "res_FreeDBInterface/queryPOST is no http or https address"_s);
+            "res_FreeDBInterface/queryPOST is no http or https address: file:///etc/passwd"_s);
     }
     void storedSetIsUsed()
     {
@@ -128,7 +133,7 @@ private Q_SLOTS:
         QVERIFY(store.liveResources().isEmpty());
         writeFile(path, xml({{u"genres"_s, 7}}));
         QTest::ignoreMessage(QtWarningMsg,
-                             "built-in definitions refused: genres is no list of texts");
+                             "built-in definitions refused: genres is no list of texts: 7");
         QVERIFY(store.liveResources().isEmpty());
         writeFile(path, xml({{u"genres"_s, QVariantList{u"Own"_s}}}));
         QCOMPARE(store.liveResources().genres(),
@@ -146,7 +151,7 @@ private Q_SLOTS:
         QVariantMap faulty = release(117, genres);
         faulty[u"res_FreeDBInterface"_s] = badAddress;
         row("one fault refuses all of it", xml(faulty), false,
-            u"newer definitions refused: res_FreeDBInterface/queryPOST is no http or https address"_s);
+            u"newer definitions refused: res_FreeDBInterface/queryPOST is no http or https address: file:///etc/passwd"_s);
         row("too large", xml(release(117, {{u"latestReleaseNotes"_s, QString(3 << 20, u'x')}})),
             false, u"newer definitions refused: is larger than 2 MB"_s);
     }
@@ -174,7 +179,7 @@ private Q_SLOTS:
         for (const auto &[contents, error] :
              {std::pair{xml(set), QString()},
               {PropertyList::toBinary(set), QString()},
-              {xml({{u"sourcelist"_s, 7}}), u"sourcelist is no list of texts"_s},
+              {xml({{u"sourcelist"_s, 7}}), u"sourcelist is no list of texts: 7"_s},
               {PropertyList::toXml(u"text"_s), u"is no dictionary"_s},
               {QByteArray(3 << 20, ' '), u"is larger than 2 MB"_s}}) {
             writeFile(path, contents);
@@ -208,6 +213,7 @@ private Q_SLOTS:
         row("first address answers", u"/new"_s, u"/page"_s, false, true, true);
         row("failure", u"/reset"_s, u"/new"_s, true, true, true);
         row("both fail", u"/empty"_s, u"/reset"_s, true, false, false);
+        row("too long: it is not waited for the rest", u"/long"_s, u"/new"_s, true, true, true);
         row("no fallback", u"/reset"_s, {}, false, false, false);
         row("what is no property list is passed over", u"/page"_s, u"/new"_s, false, false, true);
     }
@@ -227,6 +233,28 @@ private Q_SLOTS:
         QCOMPARE(world.server.paths().size(), asksFallback ? 2 : 1);
         QTEST(world.merged.size() == 1, "isMerged");
         QTEST(world.wasChecked(), "staysChecked");
+    }
+
+    void askingNowTellsHowItEnded()
+    {
+        for (const auto &[path, problem] : {std::pair{u"/new"_s, QString()},
+                                            {u"/page"_s, u"/page?" TAGWRIGHT_VERSION ": "_s},
+                                            {u"/old"_s, u": is meant for a release before 116"_s},
+                                            {u"/empty"_s, u": the answer is empty (status 200)"_s},
+                                            {u"/long"_s, u": The answer is longer than 2 MB"_s}}) {
+            World world;
+            QSignalSpy finished(&world.update, &DefinitionsUpdate::finished);
+            QVERIFY(!world.update.checkNow()); // no address
+            world.update.setAddresses(world.address(u"/new"_s), {});
+            world.update.checkDaily();
+            QTRY_COMPARE(finished.size(), 1);
+            world.update.setAddresses(world.address(path), {});
+            QVERIFY(world.update.checkNow());
+            QTRY_COMPARE(finished.size(), 2);
+            const QString told = finished[1][0].toString();
+            QVERIFY2(told.contains(problem) && told.isEmpty() == problem.isEmpty(),
+                     qPrintable(told));
+        }
     }
 
     void onlyTrustedAddressesAreTried()
