@@ -88,13 +88,13 @@ int writeDigest(const QString &path, const QVariantMap &paths)
 
 int makeDigest(const Arguments &arguments)
 {
+    const QString ownSet = QStringLiteral("defaultres.xml");
     const bool usesOwnSet = arguments.definitions.isEmpty();
-    const auto definitions = usesOwnSet ? resourceData(QStringLiteral("defaultres.xml"))
-                                        : contentsOf(arguments.definitions);
+    const auto definitions = usesOwnSet ? resourceData(ownSet) : contentsOf(arguments.definitions);
     if (!definitions)
         return wrongArguments;
     if (!installSimplifiers(*definitions))
-        return complain(wrongArguments, arguments.definitions,
+        return complain(wrongArguments, usesOwnSet ? ownSet : arguments.definitions,
                         QStringLiteral("no property list of definitions"));
     const auto table = contentsOf(arguments.table);
     if (!table)

@@ -1,0 +1,198 @@
+#include "sources/bestcoversinterface.h"
+#include "sources/coverkingdominterface.h"
+#include "support/sourcesearch.h"
+#include "support/table.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Song = SearchedSong;
+
+const QString bestCovers = u"BestCoversInterface"_s;
+const QString coverKingdom = u"CoverKingdomInterface"_s;
+
+/// Lines of cells, where {s} is the searched artist and {t} the title.
+QList<QByteArrayList> cellsOf(QByteArray lines)
+{
+    QList<QByteArrayList> cells;
+    for (const QByteArray &line :
+         lines.replace("{s}", "Nila Oster").replace("{t}", "Salt & Iron").split('\n'))
+        cells << line.split('|');
+    return cells;
+}
+
+/// A page of BestCovers: artist, title and file of each row.
+HttpAnswer rowsPage(const QByteArray &lines)
+{
+    QByteArray page = "<h1>Covers by artist, more each week</h1><table class=\"covers\">";
+    for (const QByteArrayList &row : cellsOf(lines))
+        page += "<tr><td><b>" + row[0] + "</b></td><td>" + row[1] + "</td><td><a href=\"" + row[2]
+            + "\">Front</a></td></tr>\n";
+    return {.body = page + "</table>"};
+}
+
+/// A page of CoverKingdom: folder and title of each album, index and file of each scan.
+HttpAnswer listsPage(const QByteArray &albums, const QByteArray &scans, const char *more = "")
+{
+    QByteArray page = "<h1>Audio covers</h1><ul id=\"albums\">";
+    for (const QByteArrayList &album : cellsOf(albums))
+        page += "<li><a href=\"" + album.join("\">") + "</a></li>\n";
+    page += "</ul><script id=\"scans\">";
+    for (const QByteArrayList &scan : cellsOf(scans))
+        page += "scan([" + scan.join("],\"") + "\",\"Front\");\n";
+    return {.body = page + more + "</script>"};
+}
+
+QVariantMap definitionAt(const SampleSiteScene &scene, const QString &className)
+{
+    QVariantMap definition = builtInDefinition(className);
+    definition[u"baseURL"_s] = scene.server.url(QString()).toString(); // no slash at its end
+    definition[u"query"_s] = u"/index/%@.html"_s;
+    definition[u"coverAudioPrefix"_s] = scene.server.url(u"/"_s).toString();
+    return definition;
+}
+
+AlbumList search(SampleSiteScene &scene, const QString &className, const Song &song,
+                 const QVariantMap &definition)
+{
+    return className == bestCovers ? scene.search<BestCoversInterface>(song, definition)
+                                   : scene.search<CoverKingdomInterface>(song, definition);
+}
+} // namespace
+
+class TestCoverSources : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void searches_data()
+    {
+        // pictures: their addresses on the server, with blanks between
+        const Table<QString, Song, QVariantMap, HttpAnswer, QString> row(
+            "source", "song", "changes", "index", "pictures");
+        const auto best = [&](const char *name, const Song &song, const HttpAnswer &index,
+                              const QString &pictures) {
+            row(name, bestCovers, song, {}, index, pictures);
+        };
+        const HttpAnswer artists = rowsPage("{s}|{t}|/1\n{s} Trio|{t}|/2\nBand of {s}|{t}|/3\n"
+                                            "The Oster, Nila|{t}|/4\n|{t}|/5");
+        const HttpAnswer titles = rowsPage("{s}|{t} Live|/1\n{s}||/2");
+        const HttpAnswer compilations =
+            rowsPage("{t}|Various|/1\n{t}|(Soundtrack)|/2\n"
+                     "{t}|Various Artists|/3\n{t} Two|various|/4\nVarious|{t}|/5");
+        const Song substrings{.substrings = Substrings::Allow};
+        best("one name begins with the other", {.alternateArtist = u"Oster Nila"_s}, artists,
+             u"/1 /2 /4"_s);
+        best("one name contains the other", substrings, artists, u"/1 /2 /3"_s);
+        best("titles are equal", {}, titles, {});
+        best("one title contains the other", substrings, titles, u"/1"_s);
+        best("compilation has its title first", {.isCompilation = true}, compilations, u"/1 /2"_s);
+        best("compilation whose title is contained",
+             {.substrings = Substrings::Allow, .isCompilation = true}, compilations, u"/1 /2 /4"_s);
+        best("empty artist matches nothing", {.artist = QString()}, artists, {});
+        best("character references of a row are no characters", {},
+             rowsPage("{s}|Salt &amp; Iron|/1"), {});
+        best("links empty, to elsewhere, without an end, and none at all", {},
+             rowsPage(
+                 "{s}|{t}|\n{s}|{t}|@elsewhere.example/\n{s}|{t}</td></tr><tr><td>{s}</td><td>{t}"
+                 "</td><td><a href=\"/1></td></tr><tr><td>{s}</td><td>{t}|/2"),
+             u"/2"_s);
+        best("huge row of nothing but cells", {},
+             rowsPage("|" + QByteArray("</td><td>").repeated(1'000'000) + "|"), {});
+        best("rows without end: the most albums are taken", {},
+             rowsPage(QByteArray("{s}|{t}|/1\n").repeated(20'000) + "||"),
+             QStringList(50, u"/1"_s).join(u' '));
+
+        const auto kingdom = [&](const char *name, const HttpAnswer &index, const QString &pictures,
+                                 const Song &song = {}) {
+            row(name, coverKingdom, song, {}, index, pictures);
+        };
+        kingdom("compilation by its title alone",
+                listsPage("s|{s} - {t}\nv|Salt, Iron", "0|f\n1|f"), u"/N/v_f"_s,
+                {.isCompilation = true});
+        kingdom("first row of a title counts",
+                listsPage("s|{s} - {t}\nagain|{s} - {t}", "1|1\n0|2\n1|3"), u"/N/again_1"_s);
+        kingdom("titles that are simply equal all count",
+                listsPage("s|{s} - {t}\nother|{s}: Salt Iron", "0|f\n1|f"), u"/N/s_f /N/other_f"_s);
+        kingdom("indexes past the list, too large, negative, none are skipped",
+                listsPage("s|{s} - {t}", "0|f\n1|a\n99999999999|b\n-1|c\nx|d\n|e",
+                          "scan(\"Front\");scan([0);scan(]0[,\"Front\");"),
+                u"/N/s_f"_s);
+        kingdom("album of two cells ends the walk, which goes backwards",
+                listsPage("s|{s} - {t}\nx|A</a><a href=\"y\">B\nother|{s} {t}", "0|f\n1|f\n2|f"),
+                u"/N/other_f"_s);
+        kingdom("folder, title, file empty or cut short; no front",
+                listsPage("|{s} - {t}\ns|\ns|{s} - {t}\ns", "0|f\n1|f\n2|\n3|f",
+                          "scan([2],\"b\",\"Back\");scan([2], \"f\",\"Front\");"),
+                {});
+        kingdom("empty title matches nothing", listsPage("s|&", "0|f"), {},
+                {.album = QString(), .isCompilation = true});
+        kingdom("scans without end of an endless album",
+                listsPage("s|" + QByteArray(2'000'000, 'x'),
+                          QByteArray("0|f\n").repeated(50'000) + "0|f"),
+                {});
+
+        for (const QString &source : {bestCovers, coverKingdom}) {
+            const HttpAnswer good =
+                source == bestCovers ? rowsPage("{s}|{t}|/1") : listsPage("s|{s} - {t}", "0|f");
+            const QList<std::tuple<QString, Song, HttpAnswer>> failures{
+                {u"no artist"_s, {.artist = {}}, good},
+                {u"no album"_s, {.album = {}}, good},
+                {u"no list"_s, {}, {.body = QByteArray(200, ' ')}},
+                {u"garbage"_s, {}, {.body = QByteArray(5000, '\xFF')}},
+                {u"reset"_s, {}, {.then = HttpAnswer::Then::Reset}}};
+            for (const auto &[what, song, index] : failures)
+                row(qPrintable(source + u' ' + what), source, song, {}, index, {});
+            for (const char *key :
+                 {"baseURL", "query", "linkBegin", "textEnd", "coverAudioPrefix", "mainListParse"})
+                if (builtInDefinition(source).contains(QLatin1String(key)))
+                    row(key, source, {}, {{QLatin1String(key), QString()}}, good, {});
+        }
+    }
+    void searches()
+    {
+        QFETCH(QString, source);
+        QFETCH(Song, song);
+        QFETCH(QVariantMap, changes);
+        QFETCH(HttpAnswer, index);
+        SampleSiteScene scene;
+        for (const char letter : {'n', 's', 'N'})
+            scene.server.serve(u"/index/%1.html"_s.arg(QLatin1Char(letter)), index);
+        QVariantMap definition = definitionAt(scene, source);
+        definition.insert(changes);
+        QStringList pictures;
+        for (const AlbumInfo &album : search(scene, source, song, definition))
+            pictures << QString(album.artURLString().value_or(QString()))
+                            .remove(scene.server.url(QString()).toString());
+        QTEST(pictures.join(u' '), "pictures");
+    }
+
+    void indexPagesAreNamedByALetter_data()
+    {
+        const Table<QString, Song, QString> row("source", "song", "page");
+        row("lower case", bestCovers, {}, u"n"_s);
+        row("title of a compilation", bestCovers, {.isCompilation = true}, u"s"_s);
+        row("digit", bestCovers, {.artist = u"3 Lanterns"_s}, u"zz"_s);
+        row("letter beyond z", bestCovers, {.artist = u"Édouard"_s}, u"zz"_s);
+        row("upper case", coverKingdom, {.artist = u"nila"_s}, u"N"_s);
+        row("artist of a compilation", coverKingdom, {.isCompilation = true}, u"N"_s);
+        row("digit in capitals", coverKingdom, {.artist = u"3 Lanterns"_s}, u"1"_s);
+        row("letter beyond Z", coverKingdom, {.artist = u"Édouard"_s}, u"1"_s);
+    }
+    /// Pages of 99 bytes are no pages, and are asked for anew by the next search.
+    void indexPagesAreNamedByALetter()
+    {
+        QFETCH(QString, source);
+        QFETCH(Song, song);
+        QFETCH(QString, page);
+        SampleSiteScene scene;
+        const QString path = u"/index/"_s + page + u".html"_s;
+        scene.server.serve(path, {.body = QByteArray(99, ' ')});
+        for (int i = 0; i < 2; ++i)
+            QCOMPARE(search(scene, source, song, definitionAt(scene, source)).size(), 0);
+        QCOMPARE(scene.server.paths(), (QStringList{path, path}));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCoverSources)
+#include "tst_coversources.moc"
