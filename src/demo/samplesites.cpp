@@ -2,12 +2,14 @@
 
 #include "demo/asklyricspages.h"
 #include "demo/bestcoverspages.h"
+#include "demo/cduniversepages.h"
 #include "demo/coverkingdompages.h"
 #include "demo/digestpages.h"
 #include "demo/freedbpages.h"
 #include "demo/googleimagepages.h"
 #include "demo/leoslyricspages.h"
 #include "demo/lyricsandsongspages.h"
+#include "demo/towerpages.h"
 
 #include <QHttpServerResponse>
 
@@ -34,9 +36,9 @@ QUrlQuery fieldsOf(QString encoded)
 const std::vector<SampleSite> &sampleSites()
 {
     static const std::vector<SampleSite> sites{
-        freeDBPages(),         ckDigestPages(),     fredoCoversPages(),
-        bestCoversPages(),     coverKingdomPages(), googleImagePages(),
-        lyricsAndSongsPages(), leosLyricsPages(),   askLyricsPages(),
+        freeDBPages(),         cdUniversePages(), towerPages(),        ckDigestPages(),
+        fredoCoversPages(),    bestCoversPages(), coverKingdomPages(), googleImagePages(),
+        lyricsAndSongsPages(), leosLyricsPages(), askLyricsPages(),
     };
     return sites;
 }

@@ -61,6 +61,7 @@ constexpr std::array cdUniverse{
     DefinitionKey{"parseAlbumTrack", TrackFormat},
     DefinitionKey{"parseAlbumYear1", Text},
     DefinitionKey{"parseAlbumYear2", Text},
+    DefinitionKey{"characterReferences", Switch},
 };
 
 constexpr std::array tower{
@@ -81,6 +82,7 @@ constexpr std::array tower{
     DefinitionKey{"parseAlbumTrack", TrackFormat},
     DefinitionKey{"parseAlbumYear1", Text},
     DefinitionKey{"parseAlbumYear2", Text},
+    DefinitionKey{"characterReferences", Switch},
 };
 
 constexpr std::array googleImage{

@@ -207,21 +207,48 @@ std::optional<QString> WebDBInterface::visibleTextOn(const QString &page, const 
 }
 
 std::optional<QString> WebDBInterface::textBetweenOn(const QString &page, const QString &beginKey,
-                                                     const QString &endKey) const
+                                                     const QString &endKey,
+                                                     Qt::CaseSensitivity ofEnd) const
+{
+    return textCutOut(page, beginKey, {endKey, mResources.textOrEmpty(endKey), ofEnd});
+}
+
+std::optional<QString> WebDBInterface::textUpToOn(const QString &page, const QString &beginKey,
+                                                  const QString &end) const
+{
+    return textCutOut(page, beginKey, {beginKey, end, Qt::CaseSensitive});
+}
+
+std::optional<QString> WebDBInterface::textCutOut(const QString &page, const QString &beginKey,
+                                                  const EndMarker &end) const
 {
     const QString begin = mResources.textOrEmpty(beginKey);
-    const QString end = mResources.textOrEmpty(endKey);
     const qsizetype foundBegin = begin.isEmpty() ? -1 : page.indexOf(begin);
     const qsizetype from = foundBegin < 0 ? -1 : foundBegin + begin.size();
-    const qsizetype to = from < 0 || end.isEmpty() ? -1 : page.indexOf(end, from);
+    const qsizetype to =
+        from < 0 || end.text.isEmpty() ? -1 : page.indexOf(end.text, from, end.sensitivity);
     std::optional<QString> text;
     if (to >= 0)
         text = page.mid(from, to - from);
     if (mTrace && from < 0)
         mTrace->noteField(beginKey, page, begin, text);
     else if (mTrace)
-        mTrace->noteField(endKey, page, end, text, from);
+        mTrace->noteField(end.key, page, end.text, text, from);
     return text;
+}
+
+QStringList WebDBInterface::numberedTextsOn(const QString &page, const QString &key) const
+{
+    const QChar number(QChar::ObjectReplacementCharacter); // stands in no marker of a page
+    const QString marker = mResources.formatted(key, {number}).value_or(QString());
+    const QStringList around = marker.split(number);
+    QStringList texts;
+    if (around.size() == 2)
+        texts = HVUtility::numberedHTMLTextsIn(page, around[0], around[1]);
+    if (mTrace)
+        mTrace->noteField(key, page, mResources.formatted(key, {QString(u'1')}).value_or(marker),
+                          texts.isEmpty() ? std::nullopt : std::optional(texts.first()));
+    return texts;
 }
 
 void WebDBInterface::addAlbum(AlbumInfo album)

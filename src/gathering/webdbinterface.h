@@ -98,8 +98,15 @@ protected:
                                                        int numStrings = 1) const;
     /// What stands between the two markers, the first end that follows counting; nothing where
     /// one of them is missing or empty.
-    [[nodiscard]] std::optional<QString> textBetweenOn(const QString &page, const QString &beginKey,
-                                                       const QString &endKey) const;
+    [[nodiscard]] std::optional<QString>
+    textBetweenOn(const QString &page, const QString &beginKey, const QString &endKey,
+                  Qt::CaseSensitivity ofEnd = Qt::CaseSensitive) const;
+    /// The same up to an end that is no key of the definition.
+    [[nodiscard]] std::optional<QString> textUpToOn(const QString &page, const QString &beginKey,
+                                                    const QString &end) const;
+    /// The first visible text behind each marker that the track format below `key` makes with 1,
+    /// 2, 3 and so on, up to the first number that has none.
+    [[nodiscard]] QStringList numberedTextsOn(const QString &page, const QString &key) const;
     /// Adds an album under this source's name. With the last of maxAlbums() nothing further is
     /// fetched.
     void addAlbum(AlbumInfo album);
@@ -111,9 +118,17 @@ private:
         QueueEnd at;
     };
 
+    struct EndMarker {
+        QString key; ///< under which it is missed
+        QString text;
+        Qt::CaseSensitivity sensitivity;
+    };
+
     void keepPace();
     void maintainWaitingURLs();
     void gotResult(const FetchResult &result, const Handler &returnMethod);
+    [[nodiscard]] std::optional<QString> textCutOut(const QString &page, const QString &beginKey,
+                                                    const EndMarker &end) const;
     void notifyWhenComplete();
     void notifySearchComplete();
 

@@ -28,12 +28,17 @@ SearchedArtist::SearchedArtist(const std::optional<QString> &artist,
 {
 }
 
+bool matchesListedName(const QString &searched, const QString &listed, Substrings substrings)
+{
+    const auto isIn = substrings == Substrings::Allow ? contains : begins;
+    return isIn(listed, searched) || isIn(searched, listed);
+}
+
 bool matchesListedArtist(const SearchedArtist &searched, const QString &listed,
                          Substrings substrings)
 {
-    const auto isIn = substrings == Substrings::Allow ? contains : begins;
-    return isIn(listed, searched.name) || isIn(listed, searched.alternateName)
-        || isIn(searched.name, listed) || isIn(searched.alternateName, listed);
+    return matchesListedName(searched.name, listed, substrings)
+        || matchesListedName(searched.alternateName, listed, substrings);
 }
 
 bool matchesAlbumArtist(const SearchedArtist &searched, const QString &ofAlbum,

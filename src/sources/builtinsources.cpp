@@ -2,6 +2,7 @@
 
 #include "sources/asklyricsinterface.h"
 #include "sources/bestcoversinterface.h"
+#include "sources/cduniverseinterface.h"
 #include "sources/ckdigestinterface.h"
 #include "sources/coverkingdominterface.h"
 #include "sources/fredocoversinterface.h"
@@ -9,6 +10,7 @@
 #include "sources/googleimageinterface.h"
 #include "sources/leoslyricsinterface.h"
 #include "sources/lyricsandsongsinterface.h"
+#include "sources/towerinterface.h"
 
 namespace {
 
@@ -39,6 +41,8 @@ SourceCatalog builtInSources()
 {
     return SourceCatalog({
         entry<FreeDBInterface>(QStringLiteral("FreeDBInterface")),
+        entry<CDUniverseInterface>(QStringLiteral("CDUniverseInterface")),
+        entry<TowerInterface>(QStringLiteral("TowerInterface")),
         digestEntry<CKDigestInterface>(QStringLiteral("CKDigestInterface")),
         digestEntry<FredoCoversInterface>(QStringLiteral("FredoCoversInterface")),
         entry<BestCoversInterface>(QStringLiteral("BestCoversInterface")),

@@ -2,6 +2,8 @@
 
 #include <QStringMatcher>
 
+#include <array>
+
 namespace {
 
 /// One of the strings that a site's pages are cut at.
@@ -83,6 +85,62 @@ qsizetype afterTags(QStringView page, qsizetype position)
     return position;
 }
 
+/// The numStrings-th run of visible text from `position` on.
+std::optional<QString> visibleRunFrom(QStringView page, qsizetype position, int numStrings)
+{
+    for (int run = 1; run <= numStrings; ++run) {
+        position = afterTags(page, position);
+        if (position >= page.size())
+            return std::nullopt;
+        const qsizetype end = indexOrEnd(page, u'<', position);
+        if (run == numStrings)
+            return page.sliced(position, end - position).trimmed().toString();
+        position = end;
+    }
+    return std::nullopt;
+}
+
+/// Larger numbers are left alone; nothing that is numbered on a page comes near.
+constexpr int mostNumbers = 999;
+
+/// What stands behind a numbered marker ends up in the user's files: more is no title of anything.
+constexpr qsizetype longestNumberedText = 4096;
+
+/// Where the first marker of each number ends; -1 for a number that has none.
+class NumberedMarkers {
+public:
+    /// One walk over the page: looking for each number from the front again would take minutes
+    /// on a page that is made for it.
+    NumberedMarkers(QStringView page, const QString &before, QStringView after)
+    {
+        mEnds.fill(-1);
+        const QStringMatcher matcher(before);
+        for (qsizetype at = matcher.indexIn(page); at >= 0; at = matcher.indexIn(page, at + 1))
+            note(page, at + before.size(), after);
+    }
+
+    [[nodiscard]] qsizetype endOf(std::size_t number) const
+    {
+        return number < mEnds.size() ? mEnds[number] : -1;
+    }
+
+private:
+    /// Each number that the digits from `at` on begin with, if `after` follows it.
+    void note(QStringView page, qsizetype at, QStringView after)
+    {
+        std::size_t number = 0;
+        for (; at < page.size() && page[at] >= u'0' && page[at] <= u'9'; ++at) {
+            number = number * 10 + (page[at].unicode() - u'0');
+            if (number == 0 || number >= mEnds.size())
+                return;
+            if (mEnds[number] < 0 && page.sliced(at + 1).startsWith(after))
+                mEnds[number] = at + 1 + after.size();
+        }
+    }
+
+    std::array<qsizetype, mostNumbers + 1> mEnds;
+};
+
 } // namespace
 
 std::optional<QList<QStringList>> HVUtility::parsedContentsOfHTML(const QString &page,
@@ -111,15 +169,21 @@ std::optional<QString> HVUtility::visibleHTMLTextIn(const QString &page, int num
     const qsizetype marker = afterHTML.isEmpty() ? -1 : page.indexOf(afterHTML);
     if (marker < 0)
         return std::nullopt;
-    qsizetype position = marker + afterHTML.size();
-    for (int run = 1; run <= numStrings; ++run) {
-        position = afterTags(page, position);
-        if (position >= page.size())
-            return std::nullopt;
-        const qsizetype end = indexOrEnd(page, u'<', position);
-        if (run == numStrings)
-            return page.sliced(position, end - position).trimmed();
-        position = end;
+    return visibleRunFrom(page, marker + afterHTML.size(), numStrings);
+}
+
+QStringList HVUtility::numberedHTMLTextsIn(const QString &page, const QString &before,
+                                           const QString &after)
+{
+    const NumberedMarkers markers(page, before, after);
+    QStringList texts;
+    for (std::size_t number = 1; markers.endOf(number) >= 0; ++number) {
+        const qsizetype from = markers.endOf(number);
+        const QStringView rest = QStringView(page).sliced(from).left(longestNumberedText);
+        const QString text = visibleRunFrom(rest, 0, 1).value_or(QString());
+        if (text.isEmpty())
+            break;
+        texts << text;
     }
-    return std::nullopt;
+    return texts;
 }

@@ -21,4 +21,10 @@ namespace HVUtility {
 [[nodiscard]] std::optional<QString> visibleHTMLTextIn(const QString &page, int numStrings,
                                                        const QString &afterHTML);
 
+/// The first visible text behind each of the markers that `before`, a number and `after` make, for
+/// 1, 2, 3 and so on; ends at the first number that has none. Of a marker that stands several
+/// times the first counts. Titles are read up to 4096 units behind the marker.
+[[nodiscard]] QStringList numberedHTMLTextsIn(const QString &page, const QString &before,
+                                              const QString &after);
+
 } // namespace HVUtility
