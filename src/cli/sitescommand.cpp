@@ -13,9 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A name that no class has may be meant for a later release.
 bool isAllRight(SiteFinding::Answer answer)
 {
-    return answer == SiteFinding::Answer::Found || answer == SiteFinding::Answer::NoSite;
+    using Answer = SiteFinding::Answer;
+    return answer == Answer::Found || answer == Answer::NoSite || answer == Answer::NoSuchSource;
 }
 
 void listSites(Engine &engine, Report &report)

@@ -28,11 +28,14 @@ void SearchTrace::beginPage(const FetchResult &result)
 }
 
 /// A page of which something came was the one that was asked for, whatever else stands on it.
+/// Pictures are judged later, by the source.
 void SearchTrace::endPage()
 {
     Page &page = mPages.back();
     if (!page.isFollowed) {
         page.obstacle = obstacleOf(*mResult);
+        page.isFollowed =
+            !page.obstacle && mResult->MIMEType.value_or(QString()).startsWith(u"image/");
         page.isShort = page.isShort || mResult->data.isEmpty();
         page.beginning = pieceOfPage(decodedPage(mResult->data.left(1000)), 0);
     }
@@ -108,11 +111,17 @@ QString SearchTrace::Use::reason() const
                          : QStringLiteral("the marker is not there");
 }
 
+/// Where every page led to another that was there already, the last one on which anything was
+/// looked for.
 std::optional<SearchFailure> SearchTrace::firstFailure() const
 {
     const auto page = std::find_if(mPages.begin(), mPages.end(),
                                    [](const Page &each) { return !each.isFollowed; });
-    return page == mPages.end() ? std::nullopt : std::optional(failureOf(*page));
+    if (page != mPages.end())
+        return failureOf(*page);
+    const auto last = std::find_if(mPages.rbegin(), mPages.rend(),
+                                   [](const Page &each) { return !each.uses.isEmpty(); });
+    return last == mPages.rend() ? std::nullopt : std::optional(failureOfUses(*last));
 }
 
 std::optional<SearchFailure> SearchTrace::firstMissingField(const QStringList &words) const
@@ -148,19 +157,15 @@ SearchFailure SearchTrace::failureOf(const Page &page)
     return failure;
 }
 
-/// Of several lists that a page may hold, one is enough.
 SearchFailure SearchTrace::failureOfUses(const Page &page)
 {
-    const auto list = std::find_if(page.uses.begin(), page.uses.end(), [](const Use &use) {
-        return use.step == SearchStep::List && use.wasFound;
-    });
-    const bool hasList = list != page.uses.end();
-    const auto missing = std::find_if(page.uses.begin(), page.uses.end(), [&](const Use &use) {
-        return !use.wasFound && !(hasList && use.step == SearchStep::List);
-    });
+    const auto missing = std::find_if(page.uses.begin(), page.uses.end(),
+                                      [](const Use &use) { return !use.wasFound; });
     if (missing != page.uses.end())
         return failureOf(*missing, page);
-    return mismatchOf(hasList ? *list : page.uses.constFirst(), page);
+    const auto list = std::find_if(page.uses.begin(), page.uses.end(),
+                                   [](const Use &use) { return use.step == SearchStep::List; });
+    return mismatchOf(list != page.uses.end() ? *list : page.uses.constFirst(), page);
 }
 
 SearchFailure SearchTrace::failureOf(const Use &use, const Page &page)

@@ -47,7 +47,7 @@ public:
     /// A form that the queue did not take: its host failed a moment ago, or nothing is in it.
     void noteRefused(const QUrl &url);
 
-    /// Nothing when something came of every page, or when none was asked for.
+    /// For a search without an album; nothing when no page was asked for.
     [[nodiscard]] std::optional<SearchFailure> firstFailure() const;
     /// The first field that some page lacked, of those whose key holds one of the words.
     [[nodiscard]] std::optional<SearchFailure> firstMissingField(const QStringList &words) const;

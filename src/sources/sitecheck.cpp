@@ -112,13 +112,22 @@ void SiteCheck::search(const SourceCatalog::Entry &entry)
     mExpected = expectedOf(entry.className, mDefinition, entry.resourcesPossiblyAvailable);
     const SiteDefinition wholeSet(mDefinitions.values());
     const auto known = [&](const QString &key) {
-        const std::optional<QString> own = mDefinition.text(key);
-        return own ? own : wholeSet.text(key);
+        const QString own = mDefinition.textOrEmpty(key);
+        const QString text = own.isEmpty() ? wholeSet.textOrEmpty(key) : own;
+        return text.isEmpty() ? std::nullopt : std::optional(text);
     };
+    const auto album = known(QStringLiteral("checkAlbum"));
+    const auto song = known(QStringLiteral("checkSong"));
+    if (!album && !song) {
+        finishWith({.step = SearchStep::Row,
+                    .reason = QStringLiteral("the definitions name no album to look for"),
+                    .key = QStringLiteral("checkAlbum")});
+        return;
+    }
     mSource = entry.make(mDefinition, mQueue);
     mSource->setArtist(known(QStringLiteral("checkArtist")));
-    mSource->setAlbumTitle(known(QStringLiteral("checkAlbum")));
-    mSource->setSongTitle(known(QStringLiteral("checkSong")));
+    mSource->setAlbumTitle(album);
+    mSource->setSongTitle(song);
     mSource->setMaxAlbums(enoughAlbums);
     mSource->setTrace(&mTrace);
     connect(mSource.get(), &WebDBInterface::searchComplete, this, &SiteCheck::searched);

@@ -126,8 +126,13 @@ QString SiteDefinitionStore::mergeAndStore(const QByteArray &propertyList)
     }
     QVariantMap merged = liveResources().values();
     merged.insert(parsed.definitions.values());
+    const QByteArray stored = PropertyList::toXml(merged);
+    if (stored.size() > maxSize) { // it could not be read again
+        logRefusal("newer", tooLarge);
+        return tooLarge;
+    }
     mLive = SiteDefinitions(merged);
-    mSettings.setValue(storedKey(), PropertyList::toXml(merged));
+    mSettings.setValue(storedKey(), stored);
     mSettings.sync();
     return {};
 }

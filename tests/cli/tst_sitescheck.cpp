@@ -221,6 +221,16 @@ private Q_SLOTS:
             told);
     }
 
+    void nothingIsAskedWithoutAnAlbum()
+    {
+        const QVariantMap definition{{u"queryPOST"_s, u"http://127.0.0.1:1/"_s}};
+        const QString told = answerOf(
+            builtInSources(),
+            SiteDefinitions({{u"res_FreeDBInterface"_s, definition}, {u"checkAlbum"_s, u""_s}}),
+            u"FreeDBInterface"_s);
+        verifyTold(told, {u"nothing found"_s, u"name no album"_s, u"checkAlbum"_s});
+    }
+
     void listNamesWhatIsMissing()
     {
         const SourceCatalog catalog = catalogOf<ShopSource>(u"CDUniverseInterface"_s);

@@ -152,6 +152,10 @@ private Q_SLOTS:
         faulty[u"res_FreeDBInterface"_s] = badAddress;
         row("one fault refuses all of it", xml(faulty), false,
             u"newer definitions refused: res_FreeDBInterface/queryPOST is no http or https address: file:///etc/passwd"_s);
+        row("too large with what is kept",
+            PropertyList::toBinary(
+                release(117, {{u"latestReleaseNotes"_s, QString(2'090'000, u'x')}})),
+            false, u"newer definitions refused: is larger than 2 MB"_s);
         row("too large", xml(release(117, {{u"latestReleaseNotes"_s, QString(3 << 20, u'x')}})),
             false, u"newer definitions refused: is larger than 2 MB"_s);
     }
