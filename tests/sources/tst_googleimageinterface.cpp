@@ -22,7 +22,7 @@ HttpAnswer image(int width, Qt::GlobalColor color = Qt::blue)
     return image(plainPicture(width, 40, "PNG", color));
 }
 
-/// By the letter that each is called. The first five look alike, a is the candidate.
+/// Thumbnails by the letter that each is called. The first five look alike, a is the candidate.
 const Answers thumbnails{{'a', image(90)},
                          {'b', image(60)},
                          {'c', image(80)},
@@ -30,30 +30,28 @@ const Answers thumbnails{{'a', image(90)},
                          {'e', image(50)},
                          {'r', image(200, Qt::red)},
                          {'x', {.then = HttpAnswer::Then::Reset}},
-                         {'y', {.body = "<html>busy</html>"}},
+                         {'y', {.body = "<html>busy"}},
                          {'z', image(plainPicture(100, 100).chopped(40))}};
 /// The full-size pictures behind them.
 const Answers pictures{{'c', image(300)}, {'d', image(700)}};
 
 /// Pages hold "%s" where the server's address stands, and "%e" where its colon is escaped.
-QByteArray page(const QByteArray &begin, const QByteArray &row, const QByteArray &names,
-                const QByteArray &end)
+QByteArray rows(const QByteArray &row, const QByteArray &names)
 {
-    QByteArray page = begin;
+    QByteArray rows;
     for (const char name : names)
-        page += QByteArray(row).replace("%n", QByteArray(1, name));
-    return page + end;
+        rows += QByteArray(row).replace("%n", QByteArray(1, name));
+    return rows;
 }
 QByteArray inScript(const QByteArray &names)
 {
-    return page("<html><script>", R"(picture("http://%s/thumbs", "%n", "%e/full/%n", 600);)", names,
-                "</script></html>");
+    const char row[] = R"(picture("http://%s/thumbs", "%n", "%e/full/%n", 600);)";
+    return "<html><script>" + rows(row, names) + "</script></html>";
 }
 QByteArray inHTML(const QByteArray &names)
 {
-    return page("<table class=\"pictures\">",
-                R"(<td><a href="/"><img src="http://%s/thumbs?q=%n:%e/full/%n"></a></td>)", names,
-                "</table>");
+    const char row[] = R"(<td><a href="/"><img src="http://%s/thumbs?q=%n:%e/full/%n"></a></td>)";
+    return "<table class=\"pictures\">" + rows(row, names) + "</table>";
 }
 
 } // namespace
@@ -85,14 +83,13 @@ private Q_SLOTS:
         add("unlike the consensus, however wide", inScript("abcdr"), u"c!"_s);
 
         const QByteArray good = plainPicture(900, 900);
-        const QList<std::pair<const char *, HttpAnswer>> unusable{
-            {"picture typed as a page", {.type = "text/html", .body = good}},
-            {"damaged picture", image(good.chopped(300))},
-            {"picture that is gone", {.status = 404, .type = "image/png"}},
-            {"reset instead of the picture", {.then = HttpAnswer::Then::Reset}},
-        };
-        for (const auto &[name, answer] : unusable)
+        const auto addUnusable = [&](const char *name, const HttpAnswer &answer) {
             add(name, five, u"cd!"_s, {}, {{'c', answer}});
+        };
+        addUnusable("picture typed as a page", {.type = "text/html", .body = good});
+        addUnusable("damaged picture", image(good.chopped(300)));
+        addUnusable("picture that is gone", {.status = 404, .type = "image/png"});
+        addUnusable("reset instead of the picture", {.then = HttpAnswer::Then::Reset});
         add("not large enough", five, u"cd!"_s, {}, {}, 400);
         add("just large enough", four, u"c!"_s, {}, {{'c', image(400)}}, 400);
         add("a choice needs four that are left", four, u"c"_s, {}, {}, 400);
