@@ -37,7 +37,7 @@ void AskLyricsInterface::askArtistListCompleted(const FetchResult &result)
                           [this](const Entry &artist) { return isSameArtist(artist.name); });
     for (const Entry &artist : std::as_const(artists)) {
         if (isListedArtist(artist.name)
-            && follow(artist.link, result.url,
+            && follow(linkOf(artist), result.url,
                       [this](const FetchResult &songs) { askSongListCompleted(songs); }))
             return;
     }
@@ -48,7 +48,7 @@ void AskLyricsInterface::askSongListCompleted(const FetchResult &result)
     const QList<Entry> songs = entriesOn(result, QStringLiteral("songListParse"));
     for (const Entry &song : songs) {
         if (isSongTitle(song.name)
-            && follow(song.link, result.url,
+            && follow(linkOf(song), result.url,
                       [this](const FetchResult &lyrics) { askLyricsCompleted(lyrics); }))
             return;
     }
@@ -65,20 +65,20 @@ void AskLyricsInterface::askLyricsCompleted(const FetchResult &result)
                     page.left(longestExcerpt).simplified());
 }
 
-/// Names and links both stand in a row's first cell. A list without a marker of its own has its
-/// links in plain attributes.
+/// Names and links both stand in a row's first cell.
 QList<AskLyricsInterface::Entry> AskLyricsInterface::entriesOn(const FetchResult &result,
                                                                const QString &recipeKey)
 {
-    const QString marker = resources().textOrEmpty(QStringLiteral("linkPrefix"));
     const QList<QStringList> rows = rowsOn(usablePage(result).value_or(QString()), recipeKey);
     QList<Entry> entries;
-    for (const QStringList &row : rows) {
-        const QString &cell = row.first();
-        const QString marked = LyricsPage::linkBehind(cell, marker);
-        entries << Entry{LyricsPage::simplifiedCell(cell),
-                         marked.isEmpty() ? LyricsPage::linkBehind(cell, QStringLiteral("href=\""))
-                                          : marked};
-    }
+    for (const QStringList &row : rows)
+        entries << Entry{LyricsPage::simplifiedCell(row.first()), row.first()};
     return entries;
+}
+
+/// A list without a marker of its own has its links in plain attributes.
+std::optional<QString> AskLyricsInterface::linkOf(const Entry &entry) const
+{
+    const auto marked = linkOn(entry.cell, QStringLiteral("linkPrefix"));
+    return marked ? marked : LyricsPage::linkBehind(entry.cell, QStringLiteral("href=\""));
 }

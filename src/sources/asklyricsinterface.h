@@ -19,14 +19,14 @@ protected:
     void startSearch() override;
 
 private:
-    /// A row of a list: what it is called, simplified, and where it leads.
     struct Entry {
-        QString name;
-        QString link;
+        QString name; ///< simplified
+        QString cell; ///< as it stands on the page
     };
 
     void askArtistListCompleted(const FetchResult &result);
     void askSongListCompleted(const FetchResult &result);
     void askLyricsCompleted(const FetchResult &result);
     [[nodiscard]] QList<Entry> entriesOn(const FetchResult &result, const QString &recipeKey);
+    [[nodiscard]] std::optional<QString> linkOf(const Entry &entry) const;
 };

@@ -47,16 +47,16 @@ void LeosLyricsInterface::followNextPage(const QString &page, const QUrl &url)
 {
     if (resources().integer(QStringLiteral("keepLooking")) == 0 || mResultPages >= mostResultPages)
         return;
-    const QString marker = resources().textOrEmpty(QStringLiteral("nextResultsPage"));
-    const QString link =
-        HVStringExtensions::stringByReplacingAmpersandCodes(LyricsPage::linkBehind(page, marker));
-    follow(addressOf(link), url,
-           [this](const FetchResult &result) { leoAlbumListCompleted(result); });
+    if (const auto link = linkOn(page, QStringLiteral("nextResultsPage")))
+        follow(addressOf(HVStringExtensions::stringByReplacingAmpersandCodes(*link)), url,
+               [this](const FetchResult &result) { leoAlbumListCompleted(result); });
 }
 
-QString LeosLyricsInterface::addressOf(const QString &link) const
+std::optional<QString> LeosLyricsInterface::addressOf(const std::optional<QString> &link) const
 {
-    return link.isEmpty() ? link : resources().textOrEmpty(QStringLiteral("baseURL")) + link;
+    if (!link || link->isEmpty())
+        return std::nullopt;
+    return resources().textOrEmpty(QStringLiteral("baseURL")) + *link;
 }
 
 void LeosLyricsInterface::leoLyricsReceived(const FetchResult &result)

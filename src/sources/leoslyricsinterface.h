@@ -21,7 +21,7 @@ private:
     void leoAlbumListCompleted(const FetchResult &result);
     bool followRow(const QStringList &row, const QUrl &page);
     void followNextPage(const QString &page, const QUrl &url);
-    [[nodiscard]] QString addressOf(const QString &link) const;
+    [[nodiscard]] std::optional<QString> addressOf(const std::optional<QString> &link) const;
     void leoLyricsReceived(const FetchResult &result);
 
     int mResultPages = 0;

@@ -35,11 +35,10 @@ bool LyricsAndSongsInterface::followRow(const QStringList &row, const QUrl &page
 {
     if (row.size() != cellsOfRow)
         return false;
-    const QString marker = resources().textOrEmpty(QStringLiteral("linkPrefix"));
     for (const qsizetype artistCell : {1, 0}) {
         const QString &titleCell = row[artistCell + 1];
         if (isOfSong(row[artistCell], titleCell)
-            && follow(LyricsPage::linkBehind(titleCell, marker), page,
+            && follow(linkOn(titleCell, QStringLiteral("linkPrefix")), page,
                       [this](const FetchResult &result) { lasLyricsReceived(result); }))
             return true;
     }

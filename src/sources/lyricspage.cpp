@@ -95,14 +95,12 @@ QString LyricsPage::decoded(QByteArrayView bytes, const QString &charset)
     return text;
 }
 
-QString LyricsPage::linkBehind(const QString &text, const QString &marker)
+std::optional<QString> LyricsPage::linkBehind(const QString &text, const QString &marker)
 {
-    const qsizetype found = marker.isEmpty() ? -1 : text.indexOf(marker);
-    if (found < 0)
-        return {};
+    const qsizetype found = text.indexOf(marker);
     const qsizetype from = found + marker.size();
-    const qsizetype end = text.indexOf(u'"', from);
-    return end < 0 ? QString() : text.mid(from, end - from);
+    const qsizetype end = found < 0 ? -1 : text.indexOf(u'"', from);
+    return end < 0 ? std::nullopt : std::optional(text.sliced(from, end - from));
 }
 
 QString LyricsPage::simplifiedCell(const QString &cell)

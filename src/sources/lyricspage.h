@@ -3,6 +3,8 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <optional>
+
 // What is done with the pages of lyrics sites. Pages come from strangers and may be of any size:
 // every step takes time in proportion to the text.
 namespace LyricsPage {
@@ -11,8 +13,8 @@ namespace LyricsPage {
 /// are those of Windows-1252.
 [[nodiscard]] QString decoded(QByteArrayView bytes, const QString &charset);
 
-/// What stands between the marker and the next double quote; empty where one of them is missing.
-[[nodiscard]] QString linkBehind(const QString &text, const QString &marker);
+/// What stands between the marker and the next double quote; nothing where one of them is missing.
+[[nodiscard]] std::optional<QString> linkBehind(const QString &text, const QString &marker);
 
 /// A cell of a list as it is compared: what is visible of it, simplified.
 [[nodiscard]] QString simplifiedCell(const QString &cell);

@@ -56,11 +56,12 @@ bool LyricsSource::isSameArtist(const QString &listed) const
     return matchesAlbumArtist(mWantedArtist, listed, Substrings::Refuse);
 }
 
-bool LyricsSource::follow(const QString &link, const QUrl &ofPage, Handler returnMethod)
+bool LyricsSource::follow(const std::optional<QString> &link, const QUrl &ofPage,
+                          Handler returnMethod)
 {
-    if (link.isEmpty() || link.size() > longestLink)
+    if (!link || link->isEmpty() || link->size() > longestLink)
         return false;
-    const QUrl url = ofPage.resolved(QUrl(link));
+    const QUrl url = ofPage.resolved(QUrl(*link));
     const int before = totalSearches();
     if (isOfTheWeb(url))
         addSearchURL(url, std::move(returnMethod));
@@ -78,7 +79,8 @@ bool LyricsSource::addLyrics(const QString &lyrics)
 {
     if (lyrics.isEmpty() || lyrics.size() > longestLyrics)
         return false;
-    AlbumInfo album(artist(), albumTitle());
+    // The site does not tell which album the song is on, so the album has no name.
+    AlbumInfo album(artist(), std::nullopt);
     album.setLyrics(lyrics, *songTitle());
     addAlbum(std::move(album));
     return true;

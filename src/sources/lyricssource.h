@@ -24,9 +24,14 @@ protected:
     /// The same name in one of its two forms, and not just part of it.
     [[nodiscard]] bool isSameArtist(const QString &listed) const;
 
+    /// The link behind the marker below `key`.
+    [[nodiscard]] std::optional<QString> linkOn(const QString &page, const QString &key) const
+    {
+        return textUpToOn(page, key, QStringLiteral("\""));
+    }
     /// Queues what a page links to. False where that is no address of the web, or was fetched
     /// before.
-    bool follow(const QString &link, const QUrl &ofPage, Handler returnMethod);
+    bool follow(const std::optional<QString> &link, const QUrl &ofPage, Handler returnMethod);
 
     /// As usablePage(), in the characters of a page with lyrics.
     [[nodiscard]] std::optional<QString> lyricsPage(const FetchResult &result);

@@ -385,7 +385,8 @@ private:
                             : mScene->search<AskLyricsInterface>(song, definition);
         QStringList found;
         for (const AlbumInfo &album : albums)
-            found << album.lyrics().value(*song.title, u"no lyrics: "_s + shown(album));
+            found << album.name().value_or(QString())
+                    + album.lyrics().value(*song.title, u"no lyrics"_s);
         return found.join(u'|');
     }
 
