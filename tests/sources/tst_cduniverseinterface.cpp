@@ -26,15 +26,6 @@ HttpAnswer artistPage(const QByteArray &heading, const QByteArray &links)
                 + links + "</table></html>"};
 }
 
-QByteArray tracks(const QList<QByteArray> &titles)
-{
-    QByteArray rows;
-    for (qsizetype i = 0; i < titles.size(); ++i)
-        rows += "<tr><td class=\"track" + QByteArray::number(i + 1) + "\"><b>" + titles[i]
-            + "</b></td></tr>";
-    return rows;
-}
-
 QByteArray album(const QByteArray &artist, const QByteArray &title, const QByteArray &rest = "")
 {
     return QByteArray(100, ' ') + "<h1 class=\"title\">" + title + "</h1><h2 class=\"artist\">"
@@ -86,19 +77,17 @@ private Q_SLOTS:
         add("compilation: artists are followed without a test", compilation,
             artists(linked("artist/3", "Somebody")), {salt});
         add("artists in a circle", {}, artists(good + linked("artist/loop", "Nila Oster")), {salt});
+        add("query without minor words", {.artist = u"The Nila Oster"_s},
+            artistPage("Nila Oster", one), {salt});
         add("no artist", {.artist = {}}, artistPage("Nila Oster", one), {});
-        add("no album title", {.album = {}}, artistPage("Nila Oster", one), {});
         add("broken pages among the albums", {},
             artistPage("Nila Oster",
-                       linked("album/short", "Salt") + linked("album/none", "Salt")
+                       linked("album/short", "Salt") + linked("album/gone", "Salt")
                            + linked("album/reset", "Salt") + linked("album/garbage", "Salt") + one),
             {salt});
         add("links to other hosts are not followed", {},
             artistPage("Nila Oster", linked("album/1", "Salt")), {},
             {{u"rootURLPrefix"_s, u"http://localhost:1"_s}});
-        add("links that are no addresses", {},
-            artistPage("Nila Oster", linked("file:///etc/passwd", "Salt")), {},
-            {{u"rootURLPrefix"_s, QString()}});
         const QVariantMap cells{{u"listBegin"_s, u"<table"_s},
                                 {u"listEnd"_s, u"</table>"_s},
                                 {u"entryBegin"_s, u"<td"_s},
@@ -110,7 +99,6 @@ private Q_SLOTS:
         add("list without an end", {}, {.body = artists(good).body.chopped(12)}, {});
         add("empty", {}, {}, {});
         add("reset", {}, {.then = HttpAnswer::Then::Reset}, {});
-        add("garbage", {}, {.body = QByteArray(5000, '\xFF')}, {});
         for (const char *key : {"queryArtistName", "artistBegin", "albumBegin", "albumEnd",
                                 "albumListParse", "parseAlbumArtist", "parseAlbumTitle"})
             add(key, {}, artistPage("Nila Oster", one), {}, {{QString::fromLatin1(key), {}}});
@@ -152,20 +140,15 @@ private Q_SLOTS:
             u"1987|Folk|-|-"_s);
         add("too early for a year", "<tr class=\"first\"><td>First</td><td>in 1700</td></tr>",
             u"-|-|-|-"_s);
-        add("text too short for a year", "<tr class=\"first\"><td>First</td><td>987</td></tr>",
-            u"-|-|-|-"_s);
         add("artist behind the last delimiter of a title",
-            tracks({"One / Nila Oster", "Two / Someone", "A / B / NILA OSTER", "D - Nila Oster"}),
+            "<td class=\"track1\"><b>One / Nila Oster</b><td class=\"track2\">Two / Someone<"
+            "td class=\"track3\">A / B / NILA OSTER<td class=\"track4\">D - Nila Oster<",
             u"-|-|One,Two / Someone,A / B,D - Nila Oster|-"_s);
-        add("empty title ends the list", tracks({"One", "&nbsp;", "Three"}), u"-|-|One|-"_s);
-        add("numbers with gaps", tracks({"One", "Two"}).replace("track2", "track3"),
+        add("empty title ends the list, and so does a gap",
+            "<td class=\"track1\">One<td class=\"track2\">&nbsp;<td class=\"track3\">Three<",
             u"-|-|One|-"_s);
         add("picture of the site", "<div class=\"cover\"><IMG alt=\"\" SRC=\"c/1.jpg\"></DIV>",
             u"-|-|-|%1c/1.jpg"_s);
-        add("picture elsewhere", "<div class=\"cover\"><img src=\"http://a.b/c\"></div>",
-            u"-|-|-|http://a.b/c"_s);
-        add("picture whose end stands behind the marker's",
-            "<div class=\"cover\"><img src=\"c</div>", u"-|-|-|-"_s);
         add("no source between the markers", "<div class=\"cover\"></div><img src=\"c\">",
             u"-|-|-|-"_s);
         // Looking for each number from the front again would take minutes here.
@@ -183,15 +166,6 @@ private Q_SLOTS:
         QCOMPARE(shown(albums).join(u'\n'), album);
     }
 
-    void requests()
-    {
-        static_cast<void>(search({.artist = u"The Nila & Oster"_s}, {}, {}));
-        QCOMPARE(mScene->server.paths(), QStringList{u"/artists?name=Nila%20%20Oster"_s});
-        static_cast<void>(search(compilation, {}, {}));
-        static_cast<void>(search(compilation, {}, {})); // a short answer is not kept
-        QCOMPARE(mScene->server.paths().size(), 1);
-    }
-
 private:
     AlbumList search(const Song &song, const QVariantMap &changes, const HttpAnswer &results,
                      const QByteArray &page = {})
@@ -200,25 +174,19 @@ private:
         HttpServer &server = mScene->server;
         const QByteArray one = linked("album/1", "Salt &amp; Iron");
         const QByteArray good = linked("artist/1", "Nila Oster");
-        const QMap<QString, HttpAnswer> pages{
-            {u"/artist/1"_s, artistPage("Nila Oster", one)},
-            {u"/artist/2"_s, artistPage("Nila Oster", linked("album/2", "Salt"))},
-            {u"/artist/3"_s, artistPage("Salt &amp; Iron", one)},
-            {u"/artist/loop"_s, artists(good + linked("artist/loop", "Nila Oster"))},
-            {u"/album/1"_s, {.body = album("Nila Oster", "Salt &amp; Iron")}},
-            {u"/album/2"_s, {.body = album("Nila Oster Trio", "Salt &amp; Iron Live")}},
-            {u"/album/3"_s, {.body = album("Someone", "Iron")}},
-            {u"/album/page"_s, {.body = page}},
-            {u"/album/short"_s, {.body = album("Nila Oster", "X").last(99)}},
-            {u"/album/none"_s, {.body = QByteArray(200, 'x')}},
-            {u"/album/reset"_s, {.then = HttpAnswer::Then::Reset}},
-            {u"/album/garbage"_s, {.body = QByteArray(5000, '\xFF')}},
-        };
-        for (const auto &[path, answer] : pages.asKeyValueRange())
-            server.serve(path, answer);
-        for (const char *path : {"/artists?name=Nila%20Oster", "/artists?name=Nila%20%20Oster",
-                                 "/albums?title=Salt%20%20Iron"})
-            server.serve(QString::fromLatin1(path), results);
+        server.serve(u"/artist/1"_s, artistPage("Nila Oster", one));
+        server.serve(u"/artist/2"_s, artistPage("Nila Oster", linked("album/2", "Salt")));
+        server.serve(u"/artist/3"_s, artistPage("Salt &amp; Iron", one));
+        server.serve(u"/artist/loop"_s, artists(good + linked("artist/loop", "Nila Oster")));
+        server.serve(u"/album/1"_s, {.body = album("Nila Oster", "Salt &amp; Iron")});
+        server.serve(u"/album/2"_s, {.body = album("Nila Oster Trio", "Salt &amp; Iron Live")});
+        server.serve(u"/album/3"_s, {.body = album("Someone", "Iron")});
+        server.serve(u"/album/page"_s, {.body = page});
+        server.serve(u"/album/short"_s, {.body = album("Nila Oster", "X").last(99)});
+        server.serve(u"/album/reset"_s, {.then = HttpAnswer::Then::Reset});
+        server.serve(u"/album/garbage"_s, {.body = QByteArray(5000, '\xFF')});
+        server.serve(u"/artists?name=Nila%20Oster"_s, results);
+        server.serve(u"/albums?title=Salt%20%20Iron"_s, results);
         QVariantMap definition = mScene->definition(u"CDUniverseInterface"_s,
                                                     {{u"queryArtistName"_s, u"artists?name=%@"_s},
                                                      {u"queryAlbumTitle"_s, u"albums?title=%@"_s},

@@ -101,8 +101,6 @@ private Q_SLOTS:
             u"Nila Oster|Salt  CD|-|-|-|-"_s);
         row("artist must be equal", {.body = album("Nila Oster Trio", "Salt")}, {});
         row("99 bytes are no page", {.body = album("Nila Oster", "Salt").first(99)}, {});
-        row("reset", {.then = HttpAnswer::Then::Reset}, {});
-        row("garbage", {.body = QByteArray(5000, '\xFF')}, {});
         add("genre behind its heading, year at once",
             "<p class=\"genre\"><b>Genre:</b> Folk</p><b>Released:</b> May 1987 / 2004 <br>",
             u"2004|Folk|-|-"_s);
