@@ -17,8 +17,8 @@ struct SearchedArtist {
     QString alternateName; ///< the same of the alternate artist
 };
 
-/// The test of one name on a list, an artist's or an album's: one begins with the other, or contains
-/// it where substrings are allowed.
+/// The test of one name on a list, an artist's or an album's: one begins with the other, or
+/// contains it where substrings are allowed.
 [[nodiscard]] bool matchesListedName(const QString &searched, const QString &listed,
                                      Substrings substrings);
 
