@@ -3,8 +3,19 @@
 #include "gathering/decodedpage.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
 
 namespace {
+
+/// Whether pages are good without what that key leads to: an album need not have all fields, and
+/// results end on some page.
+bool mayBeMissing(const QString &key)
+{
+    constexpr std::array words{"Year", "Genre", "ArtURL", "Track", "nextResultsPage"};
+    return std::any_of(words.begin(), words.end(),
+                       [&key](const char *word) { return key.contains(QLatin1String(word)); });
+}
 
 QString firstRow(const QList<QStringList> &rows)
 {
@@ -159,13 +170,17 @@ SearchFailure SearchTrace::failureOf(const Page &page)
 
 SearchFailure SearchTrace::failureOfUses(const Page &page)
 {
-    const auto missing = std::find_if(page.uses.begin(), page.uses.end(),
-                                      [](const Use &use) { return !use.wasFound; });
-    if (missing != page.uses.end())
+    const auto first = [&page](const std::function<bool(const Use &)> &isOne) {
+        const auto found = std::find_if(page.uses.begin(), page.uses.end(), isOne);
+        return found == page.uses.end() ? nullptr : &*found;
+    };
+    if (const Use *missing =
+            first([](const Use &use) { return !use.wasFound && !mayBeMissing(use.key); }))
         return failureOf(*missing, page);
-    const auto list = std::find_if(page.uses.begin(), page.uses.end(),
-                                   [](const Use &use) { return use.step == SearchStep::List; });
-    return mismatchOf(list != page.uses.end() ? *list : page.uses.constFirst(), page);
+    if (const Use *list = first([](const Use &use) { return use.step == SearchStep::List; }))
+        return mismatchOf(*list, page);
+    const Use *field = first([](const Use &use) { return use.wasFound; });
+    return field ? mismatchOf(*field, page) : failureOf(page.uses.constFirst(), page);
 }
 
 SearchFailure SearchTrace::failureOf(const Use &use, const Page &page)

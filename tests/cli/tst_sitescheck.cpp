@@ -39,10 +39,11 @@ private:
     {
         const auto page = usablePage(result);
         const auto title = page ? visibleTextOn(*page, u"parseAlbumTitle"_s) : std::nullopt;
+        const auto year = page ? visibleTextOn(*page, u"parseAlbumYear1"_s) : std::nullopt;
         if (!title || *title != albumTitle())
             return;
         AlbumInfo album(artist(), title);
-        album.setYear(visibleTextOn(*page, u"parseAlbumYear1"_s));
+        album.setYear(year);
         const auto art = textBetweenOn(*page, u"parseAlbumArtURLBegin"_s, u"parseAlbumArtURLEnd"_s);
         if (art)
             album.setArtURLString(result.url.resolved(QUrl(*art)).toString());
