@@ -186,11 +186,13 @@ SearchFailure SearchTrace::failureOfUses(const Page &page)
 SearchFailure SearchTrace::failureOf(const Use &use, const Page &page)
 {
     const bool isInRecipe = !use.missing.key.isEmpty();
+    const bool isOwnRecipe = use.key.isEmpty(); // the whole definition is one
     return {.step = stepOf(use.step, use.missing),
             .reason = use.reason(),
             .url = page.url,
             .redirectedTo = page.redirectedTo,
-            .key = isInRecipe ? use.key + u'/' + use.missing.key : use.key,
+            .key = isInRecipe && !isOwnRecipe ? use.key + u'/' + use.missing.key
+                                              : use.key + use.missing.key,
             .marker = use.missing.marker,
             .piece = use.missing.piece};
 }
