@@ -80,11 +80,7 @@ QStringList BestCoversInterface::linkCells(const QString &page) const
 
 void BestCoversInterface::addAlbumOfLink(const QString &cell)
 {
-    const QString marker = resources().textOrEmpty(QStringLiteral("linkBegin"));
-    const qsizetype found = cell.indexOf(marker);
-    const qsizetype begin = found + marker.size();
-    const qsizetype end = found < 0 ? -1 : cell.indexOf(u'"', begin);
-    if (end > begin)
-        addAlbumWithPicture(resources().textOrEmpty(QStringLiteral("baseURL")),
-                            cell.mid(begin, end - begin));
+    const auto path = textUpToOn(cell, QStringLiteral("linkBegin"), QStringLiteral("\""));
+    if (path && !path->isEmpty())
+        addAlbumWithPicture(resources().textOrEmpty(QStringLiteral("baseURL")), *path);
 }
