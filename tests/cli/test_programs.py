@@ -75,16 +75,32 @@ class Site(http.server.BaseHTTPRequestHandler):
         pass
 
 
+JPEG = "450 × 450 pixels, JPEG"
 DEMO_FIELDS = (  # file, field, what the file holds afterwards, source
     ("01 Low Water.mp3", "Album", "Harbour Lights", "FreeDB"),
+    ("01 Low Water.mp3", "Lyrics", "8 lines", "LyricsAndSongs"),
     ("02 Harbour Lights.m4a", "Track", "2/6", "FreeDB"),
     ("02 Harbour Lights.m4a", "Year", "2007", "library"),
-    ("lanterns - neon rain.mp3", "Year", "1987", "FreeDB"),
-    ("lanterns - neon rain.mp3", "Genre", "Rock", "FreeDB"),
-    ("Rue des Étoiles.mp3", "Album", "Café Minuit", "FreeDB"),
+    ("Bell Buoy.mp3", "Lyrics", "4 lines", "LyricsAndSongs"),
     ("Borrowed Telescope.mp3", "Track", "3/6", "FreeDB"),
-    ("Sodium Lights.mp3", "Track", "5/5", "FreeDB"),
+    ("Borrowed Telescope.mp3", "Artwork", JPEG, "GoogleImage"),
+    ("Caravan at Dawn.m4a", "Track", "2/5", "Tower"),
+    ("Caravan at Dawn.m4a", "Artwork", JPEG, "Tower"),
+    ("La Niña.mp3", "Album", "Corazón de Papel", "Tower"),
+    ("La Niña.mp3", "Genre", "Latin", "Tower"),
+    ("Mother's Almanac.m4a", "Artwork", JPEG, "GoogleImage"),
+    ("Night Bus.m4a", "Artwork", JPEG, "library"),
+    ("Rue des Étoiles.mp3", "Album", "Café Minuit", "FreeDB"),
+    ("Rue des Étoiles.mp3", "Lyrics", "5 lines", "AskLyrics"),
+    ("Rue des Étoiles.mp3", "Artwork", JPEG, "FredoCovers"),
+    ("Sodium Lights.mp3", "Artwork", JPEG, "CKDigest"),
+    ("Static Bloom.mp3", "Year", "1998", "CDUniverse"),
+    ("Static Bloom.mp3", "Artwork", JPEG, "CDUniverse"),
     ("Track 03.mp3", "Title", "Marram", "FreeDB"),
+    ("Track 03.mp3", "Artwork", JPEG, "BestCovers"),
+    ("lanterns - neon rain.mp3", "Year", "1987", "FreeDB"),
+    ("lanterns - neon rain.mp3", "Artwork", JPEG, "CoverKingdom"),
+    ("lanterns - tram.m4a", "Lyrics", "6 lines", "LeosLyrics"),
 )
 
 
