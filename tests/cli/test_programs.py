@@ -92,7 +92,7 @@ DEMO_FIELDS = (  # file, field, what the file holds afterwards, source
     ("Night Bus.m4a", "Artwork", JPEG, "library"),
     ("Rue des Étoiles.mp3", "Album", "Café Minuit", "FreeDB"),
     ("Rue des Étoiles.mp3", "Lyrics", "5 lines", "AskLyrics"),
-    ("Rue des Étoiles.mp3", "Artwork", JPEG, "FredoCovers"),
+    ("Rue des Étoiles.mp3", "Artwork", "300 × 300 pixels, JPEG", "FredoCovers"),
     ("Sodium Lights.mp3", "Artwork", JPEG, "CKDigest"),
     ("Static Bloom.mp3", "Year", "1998", "CDUniverse"),
     ("Static Bloom.mp3", "Artwork", JPEG, "CDUniverse"),

@@ -149,7 +149,8 @@ private Q_SLOTS:
         QVERIFY(!finished.isEmpty() || finished.wait(15'000));
         QTest::qWait(20); // a second end would come soon
         QCOMPARE(finished.size(), 1);
-        if (goodPages == 0)
+        // A reset may meet a request on its way.
+        if (goodPages == 0 && fault.then != Then::Reset)
             for (const SampleSite &site : sampleSites())
                 QVERIFY2(world.pagesOf.contains(site.className), qPrintable(site.className));
         QCOMPARE(world.queue.numberOfRows() + world.queue.currentNumberOfConnections(), 0);
