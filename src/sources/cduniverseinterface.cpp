@@ -1,6 +1,7 @@
 #include "sources/cduniverseinterface.h"
 
 #include "sources/artistmatch.h"
+#include "sources/siteaddress.h"
 #include "text/characterreferences.h"
 #include "text/minorwords.h"
 #include "text/queryterms.h"
@@ -137,5 +138,5 @@ std::optional<QString> CDUniverseInterface::artURLOn(const QString &page) const
     const QString address = unescaped(picture->sliced(from, to - from));
     return address.startsWith(QLatin1String("http"))
         ? address
-        : resources().textOrEmpty(QStringLiteral("rootURLPrefix")) + address;
+        : addressOnSite(resources().textOrEmpty(QStringLiteral("rootURLPrefix")), address);
 }
