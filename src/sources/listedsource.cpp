@@ -6,8 +6,7 @@
 
 namespace {
 
-/// What a link is put behind may be empty where the links are whole.
-bool isNeededAddress(DefinitionKind kind)
+bool isAsked(DefinitionKind kind)
 {
     return kind == DefinitionKind::Address || kind == DefinitionKind::AddressFormat
         || kind == DefinitionKind::ArtistTitleAddressFormat;
@@ -15,24 +14,30 @@ bool isNeededAddress(DefinitionKind kind)
 
 bool isAddress(DefinitionKind kind)
 {
-    return isNeededAddress(kind) || kind == DefinitionKind::AddressPrefix;
+    return isAsked(kind) || kind == DefinitionKind::AddressPrefix;
 }
 
-bool isThere(const QVariantMap &definition, const DefinitionKey &entry)
+/// Which addresses have to be filled in. What links are put behind may be empty where they are
+/// whole, unless nothing else says where the site is.
+using IsNeeded = bool (*)(DefinitionKind);
+
+IsNeeded neededIn(std::span<const DefinitionKey> schema)
 {
-    const auto value = definition.constFind(QLatin1String(entry.key));
-    return value != definition.constEnd()
-        && !(isNeededAddress(entry.kind) && value->toString().isEmpty());
+    const bool hasPages = std::any_of(schema.begin(), schema.end(),
+                                      [](const DefinitionKey &each) { return isAsked(each.kind); });
+    return hasPages ? isAsked : isAddress;
 }
 
 QStringList missingKeysIn(const QVariantMap &definition, std::span<const DefinitionKey> schema)
 {
+    const IsNeeded isNeeded = neededIn(schema);
     QStringList missing;
-    for (const DefinitionKey &entry : schema) {
-        const QString key = QLatin1String(entry.key);
-        if (!isThere(definition, entry))
+    for (const auto &[name, kind] : schema) {
+        const QString key = QLatin1String(name);
+        const bool isEmpty = definition.value(key).toString().isEmpty();
+        if (!definition.contains(key) || (isNeeded(kind) && isEmpty))
             missing << key;
-        else if (entry.kind == DefinitionKind::ParseRecipe)
+        else if (kind == DefinitionKind::ParseRecipe)
             for (const QString &marker :
                  missingKeysIn(definition[key].toMap(), parseRecipeSchema()))
                 missing << key + u'/' + marker;

@@ -243,7 +243,7 @@ private Q_SLOTS:
                  "moreResultsFragment, discInfoURL"_s);
         QCOMPARE(told(u"CKDigestInterface"_s),
                  u"CKDigestInterface: no site configured\n  supplies Artwork\n"
-                 "  missing  maxPossibleArtWidth"_s);
+                 "  missing  prefix, maxPossibleArtWidth"_s);
         QCOMPARE(told(u"NoSuch"_s), u"NoSuch: no source of that name"_s);
     }
 
