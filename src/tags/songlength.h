@@ -1,0 +1,10 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+
+class SongBytes;
+
+/// How long a song of MPEG audio or MP4 plays, by what its headers say and its size, whichever tags
+/// it has. A handful of reads, whatever its size. Nothing when that cannot be told.
+[[nodiscard]] std::optional<std::chrono::milliseconds> songLength(const SongBytes &song);
