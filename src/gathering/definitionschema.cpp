@@ -62,6 +62,7 @@ constexpr std::array cdUniverse{
     DefinitionKey{"parseAlbumYear1", Text},
     DefinitionKey{"parseAlbumYear2", Text},
     DefinitionKey{"characterReferences", Switch},
+    DefinitionKey{"ownMarkers", Switch},
 };
 
 constexpr std::array tower{

@@ -1,6 +1,7 @@
 #include "sources/cduniverseinterface.h"
 
 #include "sources/artistmatch.h"
+#include "sources/cduniversepage.h"
 #include "sources/siteaddress.h"
 #include "text/characterreferences.h"
 #include "text/minorwords.h"
@@ -100,8 +101,22 @@ void CDUniverseInterface::readAlbumList(const QString &page)
 
 void CDUniverseInterface::cdUniverseAlbumCompleted(const FetchResult &result)
 {
-    if (const auto page = usablePage(result))
-        addAlbumOfArtist(createAlbumWithHTMLData(*page));
+    const auto page = usablePage(result);
+    if (!page)
+        return;
+    const bool hasOwnMarkers = resources().integer(QStringLiteral("ownMarkers")) != 0;
+    addAlbumOfArtist(hasOwnMarkers ? albumByOwnMarkers(result.data, *page)
+                                   : createAlbumWithHTMLData(*page));
+}
+
+std::optional<AlbumInfo> CDUniverseInterface::albumByOwnMarkers(QByteArrayView data,
+                                                                const QString &page) const
+{
+    auto album =
+        albumWithCDUniverseHTMLData(data, resources().textOrEmpty(QStringLiteral("charset")));
+    if (album && album->artist())
+        album->setTrackNames(tracksOn(page, *album->artist(), {QStringLiteral(" / ")}));
+    return album;
 }
 
 std::optional<AlbumInfo> CDUniverseInterface::createAlbumWithHTMLData(const QString &page) const

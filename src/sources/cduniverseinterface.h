@@ -27,5 +27,8 @@ private:
     void cdUniverseAlbumCompleted(const FetchResult &result);
     /// Nothing for a page without artist or title.
     [[nodiscard]] std::optional<AlbumInfo> createAlbumWithHTMLData(const QString &page) const;
+    /// By the markers that the program knows itself, where the definition says that they fit.
+    [[nodiscard]] std::optional<AlbumInfo> albumByOwnMarkers(QByteArrayView data,
+                                                             const QString &page) const;
     [[nodiscard]] std::optional<QString> artURLOn(const QString &page) const;
 };

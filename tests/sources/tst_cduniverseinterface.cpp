@@ -1,5 +1,6 @@
 #include "sources/cduniverseinterface.h"
 
+#include "sources/cduniversepage.h"
 #include "support/sourcesearch.h"
 #include "support/table.h"
 
@@ -31,6 +32,12 @@ QByteArray album(const QByteArray &artist, const QByteArray &title, const QByteA
     return QByteArray(100, ' ') + "<h1 class=\"title\">" + title + "</h1><h2 class=\"artist\">"
         + artist + "</h2>" + rest;
 }
+
+const QByteArray knownName = R"(<font color="#006699" size="3"><b><i>Salt</i> & Iron - Import</b>)";
+const QByteArray knownArtist = R"(<a href="/sresult.asp?x=1">Oster, The </a>)";
+const QByteArray knownMarkup = knownName
+    + QByteArray(knownArtist).replace("Oster, The", "Nila Oster")
+    + R"(<td class="track1">Low Tide / Nila Oster</td>)";
 
 const Song compilation{.isCompilation = true};
 const Song substrings{.alternateArtist = u"Oster Nila"_s, .substrings = Substrings::Allow};
@@ -166,6 +173,44 @@ private Q_SLOTS:
         QCOMPARE(shown(albums).join(u'\n'), album);
     }
 
+    void pagesInTheKnownMarkup_data()
+    {
+        const Table<QByteArray, QString> row("page", "album");
+        const QByteArray &name = knownName;
+        const QByteArray &artist = knownArtist;
+        const QByteArray year =
+            "Orig Year: </td><td>May 1987 (1971)</td>Street Date: </td><td>1999</td>";
+        const QByteArray picture =
+            R"(<table cellPadding=0 cellSpacing=0><tr><td><table cellspacing="0" cellpadding="0" )"
+            R"(align=left border=0><tr><td><img src="/a.jpg">)";
+        row("all of it", name + artist + year + "Category: </td><td>Folk / Rock</td>" + picture,
+            u"The Oster|Salt & Iron|1971|Folk/Rock|-|/a.jpg"_s);
+        row("artist in front of the name", artist + name, u"-|Salt & Iron|-|-|-|-"_s);
+        row("no heading, no artist", artist, u"-|-|-|-|-|-"_s);
+        row("heading without an end", name.chopped(4) + artist, u"-|-|-|-|-|-"_s);
+        row("street date where the year says nothing",
+            "Orig Year: </td><td>1700 BC</td>Street Date: </td><td>3 May 1999</td>",
+            u"-|-|1999|-|-|-"_s);
+        row("picture that stands for none", picture + "<img src=\"default_coverart.gif\">",
+            u"-|-|-|-|-|-"_s);
+        row("markers in another case", name.toUpper() + artist, u"-|-|-|-|-|-"_s);
+        row("empty", "", u"-|-|-|-|-|-"_s);
+    }
+    void pagesInTheKnownMarkup()
+    {
+        QFETCH(QByteArray, page);
+        QTEST(shown(albumWithCDUniverseHTMLData(page).value()), "album");
+        QVERIFY(!albumWithCDUniverseHTMLData({}));
+    }
+
+    void knownMarkupIsReadWhereTheDefinitionSaysSo()
+    {
+        const HttpAnswer list = artistPage("Nila Oster", linked("album/known", "Salt &amp; Iron"));
+        QCOMPARE(search({}, {}, list).size(), 0);
+        QCOMPARE(shown(search({}, {{u"ownMarkers"_s, 1}}, list)),
+                 QStringList{u"Nila Oster|Salt & Iron|-|-|Low Tide|-"_s});
+    }
+
 private:
     AlbumList search(const Song &song, const QVariantMap &changes, const HttpAnswer &results,
                      const QByteArray &page = {})
@@ -181,6 +226,7 @@ private:
         server.serve(u"/album/1"_s, {.body = album("Nila Oster", "Salt &amp; Iron")});
         server.serve(u"/album/2"_s, {.body = album("Nila Oster Trio", "Salt &amp; Iron Live")});
         server.serve(u"/album/3"_s, {.body = album("Someone", "Iron")});
+        server.serve(u"/album/known"_s, {.body = knownMarkup + QByteArray(100, ' ')});
         server.serve(u"/album/page"_s, {.body = page});
         server.serve(u"/album/short"_s, {.body = album("Nila Oster", "X").last(99)});
         server.serve(u"/album/reset"_s, {.then = HttpAnswer::Then::Reset});
