@@ -43,6 +43,10 @@ QByteArray markersOf(const QVariant &value)
     return markers;
 }
 
+/// Eight fetches, eight that took their places while the sources were cancelled one by one, and
+/// a form that is posted beside them.
+constexpr int mostUnderWay = 17;
+
 /// The song of which every site knows something, its sources, and the sites on a server that
 /// misbehaves.
 struct World {
@@ -157,7 +161,7 @@ private Q_SLOTS:
         int requestsAtMost = std::numeric_limits<int>::max();
         world.cancel = [&] {
             task.cancel();
-            requestsAtMost = world.requests + 8; // those under way
+            requestsAtMost = world.requests + mostUnderWay;
         };
         world.cancelAt = cancelAt;
         QSignalSpy finished(&task, &SongInfoTask::finished);
