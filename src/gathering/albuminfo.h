@@ -8,6 +8,16 @@
 
 #include <optional>
 
+/// By which the music database knows a release, and the group of all its editions: 36 characters
+/// each, empty where unknown.
+struct ReleaseIdentifiers {
+    QString release;
+    QString releaseGroup;
+
+    [[nodiscard]] bool isEmpty() const { return release.isEmpty() && releaseGroup.isEmpty(); }
+    [[nodiscard]] bool operator==(const ReleaseIdentifiers &) const = default;
+};
+
 enum class Substrings { Refuse, Allow };
 
 /// Whether one of two simplified names is part of the other. Nothing is part of an empty one.
@@ -25,6 +35,9 @@ public:
     [[nodiscard]] const std::optional<QString> &genre() const { return mGenre; }
     [[nodiscard]] const std::optional<QString> &year() const { return mYear; }
     [[nodiscard]] const std::optional<QStringList> &trackNames() const { return mTracks; }
+    /// In milliseconds, parallel to trackNames(), 0 where unknown; empty when none is known.
+    [[nodiscard]] const QList<qint64> &trackLengths() const { return mTrackLengths; }
+    [[nodiscard]] const ReleaseIdentifiers &identifiers() const { return mIdentifiers; }
     [[nodiscard]] const std::optional<QString> &artURLString() const { return mArtURLString; }
     /// By song title.
     [[nodiscard]] const QMap<QString, QString> &lyrics() const { return mLyrics; }
@@ -38,6 +51,8 @@ public:
     void setGenres(std::optional<QString> genre) { mGenre = std::move(genre); }
     void setYear(std::optional<QString> year) { mYear = std::move(year); }
     void setTrackNames(std::optional<QStringList> tracks) { mTracks = std::move(tracks); }
+    void setTrackLengths(QList<qint64> milliseconds) { mTrackLengths = std::move(milliseconds); }
+    void setIdentifiers(ReleaseIdentifiers known) { mIdentifiers = std::move(known); }
     void setArtURLString(std::optional<QString> url) { mArtURLString = std::move(url); }
     void setLyrics(const QString &text, const QString &forTitle) { mLyrics[forTitle] = text; }
     void setSourceInterfaceName(const QString &name) { mSourceInterface = name; }
@@ -68,6 +83,8 @@ private:
     std::optional<QString> mGenre;
     std::optional<QString> mYear;
     std::optional<QStringList> mTracks;
+    QList<qint64> mTrackLengths;
+    ReleaseIdentifiers mIdentifiers;
     QMap<QString, QString> mLyrics;
     std::optional<QString> mArtURLString;
     QString mSourceInterface;

@@ -30,6 +30,7 @@ struct Shared {
     int earliestYear = yearAfterAny;
     std::optional<QString> genre;
     std::optional<QString> artURLString;
+    ReleaseIdentifiers identifiers{}; ///< of the first album that has some
 };
 
 int yearOf(const AlbumInfo &album)
@@ -57,6 +58,8 @@ void learn(Shared &shared, const AlbumInfo &album)
         shared.genre = album.genre(); // the last album's counts
     if (album.artURLString())
         shared.artURLString = album.artURLString();
+    if (shared.identifiers.isEmpty())
+        shared.identifiers = album.identifiers();
 }
 
 void teach(AlbumInfo &album, const Shared &shared)
@@ -67,6 +70,8 @@ void teach(AlbumInfo &album, const Shared &shared)
         album.setGenres(shared.genre);
     if (!album.artURLString())
         album.setArtURLString(shared.artURLString);
+    if (album.identifiers().isEmpty())
+        album.setIdentifiers(shared.identifiers);
 }
 
 void shareAmongSameNamed(std::vector<Named> &albums)

@@ -5,6 +5,7 @@
 #include "gathering/fetchable.h"
 #include "text/missingmarker.h"
 
+#include <QRegularExpression>
 #include <QStringDecoder>
 #include <QUrl>
 
@@ -99,6 +100,19 @@ Fault faultOfCharset(const QVariant &value)
                        "is no known character encoding");
 }
 
+/// A line of a request's head, so it must not hold the end of one.
+Fault faultOfAgent(const QVariant &value)
+{
+    static const QRegularExpression form(
+        QStringLiteral("\\A[!-~]+/[!-~]+ \\( ?[!-~]*(@|://)[!-~]+ ?\\)\\z"));
+    const QString agent = value.toString();
+    if (!isText(value) || !form.match(agent).hasMatch())
+        return QStringLiteral("does not name program, version and contact: Name/1.0 ( address )");
+    const QStringList placeholders = placeholdersOf(agent);
+    return faultUnless(placeholders.isEmpty() || placeholders == QStringList{QStringLiteral("%@")},
+                       "must hold at most one %@ and no other placeholder");
+}
+
 Fault faultOfTextList(const QVariant &value)
 {
     const QVariantList list = value.toList();
@@ -141,6 +155,8 @@ Fault faultOfValue(const QVariant &value, DefinitionKind kind)
     case DefinitionKind::Number:
     case DefinitionKind::Switch:
         return faultUnless(isNumber(value), "is no number");
+    case DefinitionKind::Agent:
+        return faultOfAgent(value);
     case DefinitionKind::Charset:
         return faultOfCharset(value);
     case DefinitionKind::TextList:

@@ -25,6 +25,7 @@ constexpr std::array topLevel{
 constexpr std::array common{
     DefinitionKey{"simulConns", Integer}, DefinitionKey{"maxPossibleArtWidth", Integer},
     DefinitionKey{"charset", Charset},    DefinitionKey{"minInterval", Number},
+    DefinitionKey{"patience", Number},    DefinitionKey{"userAgent", Agent},
     DefinitionKey{"checkArtist", Text},   DefinitionKey{"checkAlbum", Text},
     DefinitionKey{"checkSong", Text},
 };

@@ -19,6 +19,7 @@ enum class DefinitionKind {
     Integer, ///< a number, or a text of one
     Number, ///< the same with a fraction
     Switch, ///< true or false, or an integer of which 0 is false
+    Agent, ///< "Program/%@ ( contact )", "%@" being the version, which may be written out
     Charset, ///< the name of a character encoding
     TextList, ///< a list of texts
     TextTable, ///< a dictionary from texts, none of them empty, to texts

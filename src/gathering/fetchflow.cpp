@@ -74,6 +74,12 @@ void FetchFlow::sendAtOnce(const QUrl &url, OwedResult owed, FetchMethod method,
     begin(fetch);
 }
 
+void FetchFlow::setManners(const QString &host, const HostManners &manners)
+{
+    mManners.insert(host, manners);
+    mPace.setMinInterval(host, manners.minInterval);
+}
+
 void FetchFlow::startWaiting()
 {
     if (std::exchange(mIsStarting, true))
@@ -166,19 +172,29 @@ void FetchFlow::comeBack(const FetchPointer &fetch)
     startWaiting();
 }
 
-HttpLoad::Bounds FetchFlow::boundsFor(const Fetch &fetch) const
+HttpLoad::Bounds FetchFlow::boundsFor(const Fetch &fetch)
 {
     const bool isHead = fetch.method == FetchMethod::Head;
-    return {.silence = isHead ? mLimits.headSilence : mLimits.silence,
+    const milliseconds usual = isHead ? mLimits.headSilence : mLimits.silence;
+    const milliseconds patience = mManners.value(fetch.url.host()).patience;
+    return {.silence = patience > milliseconds::zero() ? patience : usual,
             .total = mLimits.total,
             .redirects = mLimits.redirects,
             .bodyBytes = fetch.mostBytes > 0 ? fetch.mostBytes : mLimits.bodyBytes,
-            .htmlBytes = mMaxHTMLLength};
+            .htmlBytes = mMaxHTMLLength,
+            .turnOfRedirect = [this](const QString &host) { return mPace.takeTurn(host); }};
+}
+
+QString FetchFlow::agentFor(const QString &host) const
+{
+    const QString own = mManners.value(host).userAgent;
+    return own.isEmpty() ? mAgentID : own;
 }
 
 void FetchFlow::load(const FetchPointer &fetch)
 {
-    fetch->load.reset(new HttpLoad(mPool, fetch->message(mAgentID), boundsFor(*fetch), mIsOnline));
+    fetch->load.reset(new HttpLoad(mPool, fetch->message(agentFor(fetch->url.host())),
+                                   boundsFor(*fetch), mIsOnline));
     ++mRunning;
     mFloodWatch.loadBegins();
     mRunningGets += fetch->countsAgainstLimit() ? 1 : 0;
@@ -224,7 +240,8 @@ void FetchFlow::loadEnded(const FetchPointer &fetch, const LoadOutcome &outcome)
             .finalURL = outcome.finalURL});
 }
 
-/// Whether the server asked to come back later, and so it will be.
+/// Whether the server asked to come back later, and so it will be. A server that is too busy says
+/// "at once" and means "not so often".
 bool FetchFlow::retryLater(const FetchPointer &fetch, const LoadOutcome &outcome)
 {
     if ((outcome.status != 429 && outcome.status != 503) || fetch->retries >= mLimits.retries)
@@ -232,9 +249,11 @@ bool FetchFlow::retryLater(const FetchPointer &fetch, const LoadOutcome &outcome
     const std::optional<milliseconds> asked = retryAfter(outcome.retryAfter, mClock.now());
     if (!asked)
         return false;
-    ++fetch->retries;
+    const milliseconds pause = mLimits.retryPause * (1 << fetch->retries++);
+    const milliseconds wait = std::min(std::max(*asked, pause), mLimits.retryWait);
+    mPace.holdFor(fetch->url.host(), wait);
     const std::weak_ptr<Fetch> held = fetch;
-    QTimer::singleShot(std::min(*asked, mLimits.retryWait), this, [this, held] {
+    QTimer::singleShot(wait, this, [this, held] {
         if (const FetchPointer again = held.lock())
             comeBack(again);
     });

@@ -5,6 +5,7 @@
 #include "gathering/fetchline.h"
 #include "gathering/fetchtable.h"
 #include "gathering/floodwatch.h"
+#include "gathering/hostmanners.h"
 #include "gathering/hostpace.h"
 #include "gathering/httpcache.h"
 #include "gathering/queueend.h"
@@ -32,11 +33,11 @@ public:
 
     void setAgent(const QString &agent) { mAgentID = agent; }
     [[nodiscard]] QString agent() const { return mAgentID; }
+    void setManners(const QString &host, const HostManners &manners);
     void setMaximumHTMLLength(qint64 bytes) { mMaxHTMLLength = bytes; }
     void setMaxConnections(int connections) { mMaxConnections = connections; }
     [[nodiscard]] int running() const { return mRunning; }
     [[nodiscard]] HttpCache &cache() { return mCache; }
-    [[nodiscard]] HostPace &pace() { return mPace; }
     [[nodiscard]] FetchTable &table() { return mTable; }
     [[nodiscard]] const FailedHosts &failedHosts() const { return mFailedHosts; }
 
@@ -53,7 +54,8 @@ private:
     void releaseIn(const QString &host, std::chrono::milliseconds wait);
     void release(const QString &host);
     void load(const FetchPointer &fetch);
-    [[nodiscard]] HttpLoad::Bounds boundsFor(const Fetch &fetch) const;
+    [[nodiscard]] HttpLoad::Bounds boundsFor(const Fetch &fetch);
+    [[nodiscard]] QString agentFor(const QString &host) const;
 
     // Ending.
     void loadEnded(const FetchPointer &fetch, const LoadOutcome &outcome);
@@ -71,6 +73,7 @@ private:
     HttpCache mCache;
     FailedHosts mFailedHosts;
     HostPace mPace;
+    QHash<QString, HostManners> mManners; ///< by host, in lower case
     FloodWatch mFloodWatch;
     FetchLine mLine;
     FetchTable mTable;

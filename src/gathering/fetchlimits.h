@@ -14,6 +14,9 @@ struct FetchLimits {
     std::chrono::milliseconds total{60'000};
     /// A longer Retry-After is cut to this.
     std::chrono::milliseconds retryWait{60'000};
+    /// The first wait where a refusing server names none or a shorter one; each further one is
+    /// twice as long.
+    std::chrono::milliseconds retryPause{400};
     int retries = 3;
     int redirects = 10;
     /// Of the body after decompression. More than any page or picture of use.

@@ -125,6 +125,7 @@ SearchRequest GatheringSteps::searchRequest()
     request.albumSelectionMethod = mChoices.albumSelectionMethod;
     request.allowSubstrings = mChoices.allowSubstrings;
     request.minImageWidth = mChoices.artwork.minWidth;
+    request.identifiers = mIdentifiers;
     return request;
 }
 
@@ -260,6 +261,8 @@ bool GatheringSteps::isOnAlbum(const AlbumInfo &album)
 void GatheringSteps::applyResourcesFromAlbum(const AlbumInfo &album, const Step &then)
 {
     fillAlbumName(tag(), album, mLedger);
+    if (!album.identifiers().isEmpty())
+        mIdentifiers = album.identifiers();
     // The album is known better now, so that other songs may be of the same.
     applyResourcesFromLibrary([this, album, then] {
         if (!isStopped())

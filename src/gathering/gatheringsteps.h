@@ -84,6 +84,7 @@ private:
     AlbumList mParallelAlbums; ///< what was found, later the artwork candidates
     SongList mLenders; ///< of pictures that are still to be tried, the next one last
     QUrl mArtURL; ///< being fetched; empty when none is
+    ReleaseIdentifiers mIdentifiers; ///< of the last album applied that has some
     Assets mSetAside; ///< desired, but not in the pass for artwork alone
     bool mWantArtworkButNoAlbum = false;
     bool mStarted = false;

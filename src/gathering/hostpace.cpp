@@ -12,7 +12,7 @@ void HostPace::setMinInterval(const QString &host, milliseconds interval)
     }
     const auto known = mPaces.find(host);
     if (known == mPaces.end())
-        mPaces.insert(host, {interval, Clock::Time::min()});
+        mPaces.insert(host, {interval, Clock::Time::min(), Clock::Time::min()});
     else
         known->interval = interval;
 }
@@ -28,14 +28,26 @@ milliseconds HostPace::timeToWait(const QString &host) const
     const auto pace = mPaces.constFind(host);
     if (pace == mPaces.constEnd() || pace->lastBegin == Clock::Time::min())
         return milliseconds::zero();
-    const auto elapsed = mClock.now() - pace->lastBegin;
-    const auto left = std::chrono::ceil<milliseconds>(pace->interval - elapsed);
-    return std::clamp(left, milliseconds::zero(), pace->interval);
+    const Clock::Time now = mClock.now();
+    if (now < pace->notedAt)
+        return pace->interval;
+    const auto left = std::chrono::ceil<milliseconds>(pace->interval - (now - pace->lastBegin));
+    return std::max(left, milliseconds::zero());
 }
 
-void HostPace::noteBegin(const QString &host)
+milliseconds HostPace::takeTurn(const QString &host)
 {
+    const milliseconds wait = timeToWait(host);
     const auto pace = mPaces.find(host);
     if (pace != mPaces.end())
-        pace->lastBegin = mClock.now();
+        *pace = {pace->interval, mClock.now() + wait, mClock.now()};
+    return wait;
+}
+
+void HostPace::holdFor(const QString &host, milliseconds wait)
+{
+    const auto pace = mPaces.find(host);
+    if (pace == mPaces.end() || wait <= timeToWait(host))
+        return;
+    *pace = {pace->interval, mClock.now() + wait - pace->interval, mClock.now()};
 }

@@ -80,6 +80,11 @@ void HttpCache::store(const QUrl &url, const KeptResponse &response)
 void HttpCache::remove(const QUrl &url)
 {
     mMemory.remove(url);
+    removeFromDisk(url);
+}
+
+void HttpCache::removeFromDisk(const QUrl &url)
+{
     if (mDisk)
         mDisk->remove(keyOf(url));
 }

@@ -28,6 +28,8 @@ public:
     [[nodiscard]] std::optional<KeptResponse> response(const QUrl &url);
     void store(const QUrl &url, const KeptResponse &response);
     void remove(const QUrl &url);
+    /// Kept in memory alone from now on.
+    void removeFromDisk(const QUrl &url);
 
 private:
     void keepInMemory(const QUrl &url, const KeptResponse &response);

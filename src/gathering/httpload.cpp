@@ -59,6 +59,8 @@ HttpLoad::HttpLoad(ConnectionPool &pool, HttpMessage message, const Bounds &boun
             fail({FetchError::timedOut, qtTrId("ErrorTimedOut")});
         });
     }
+    mTurn.setSingleShot(true);
+    connect(&mTurn, &QTimer::timeout, this, &HttpLoad::send);
     mTotal.start(mBounds.total);
     send();
 }
@@ -82,6 +84,7 @@ void HttpLoad::cutOff()
 {
     mSilence.stop();
     mTotal.stop();
+    mTurn.stop();
     dropReply();
 }
 
@@ -116,7 +119,8 @@ void HttpLoad::followTo(const QUrl &target)
     mCameInTheClear = mCameInTheClear || isInTheClear(target);
     mData.clear();
     dropReply();
-    send();
+    mSilence.stop();
+    mTurn.start(mBounds.turnOfRedirect(target.host()));
 }
 
 void HttpLoad::takeResponse()

@@ -34,6 +34,8 @@ public:
         int redirects; ///< as many are followed
         qint64 bodyBytes; ///< more than that is a failure
         qint64 htmlBytes; ///< a text/html page is cut there and counts as whole; 0: never
+        /// How long a request that a redirect asks for waits for its turn at that host.
+        std::function<std::chrono::milliseconds(const QString &host)> turnOfRedirect;
     };
 
     /// Sends the message through the pool, which must outlive the load. `isOnline` is asked when a
@@ -71,6 +73,7 @@ private:
     OnlineCheck mIsOnline;
     QTimer mSilence;
     QTimer mTotal;
+    QTimer mTurn; ///< of a redirect
     QByteArray mData;
     QString mMIMEType;
     int mRedirects = 0;

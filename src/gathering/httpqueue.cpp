@@ -43,9 +43,9 @@ int HVHTTPQueue::currentNumberOfConnections() const
     return mFlow->running();
 }
 
-void HVHTTPQueue::setMinInterval(const QString &host, std::chrono::milliseconds interval)
+void HVHTTPQueue::setManners(const QString &host, const HostManners &manners)
 {
-    mFlow->pace().setMinInterval(host.toLower(), interval);
+    mFlow->setManners(host.toLower(), manners);
 }
 
 void HVHTTPQueue::setCacheDiskCapacity(qint64 bytes)
@@ -101,6 +101,11 @@ void HVHTTPQueue::cancelAll()
 void HVHTTPQueue::removeURLFromCache(const QUrl &url)
 {
     mFlow->cache().remove(url);
+}
+
+void HVHTTPQueue::keepForThisRun(const QUrl &url)
+{
+    mFlow->cache().removeFromDisk(url);
 }
 
 int HVHTTPQueue::numberOfRows() const

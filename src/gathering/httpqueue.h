@@ -4,12 +4,12 @@
 #include "gathering/fetcherrors.h"
 #include "gathering/fetchlimits.h"
 #include "gathering/fetchresult.h"
+#include "gathering/hostmanners.h"
 #include "gathering/queueend.h"
 
 #include <QObject>
 #include <QString>
 
-#include <chrono>
 #include <memory>
 
 class FetchFlow;
@@ -34,8 +34,8 @@ public:
     void setMaximumHTMLLength(qint64 bytes); ///< 0: no limit
     void setSimultaneousConnections(int connections);
     [[nodiscard]] int currentNumberOfConnections() const;
-    /// At most one request to `host` is begun in this time, GET, POST and HEAD together.
-    void setMinInterval(const QString &host, std::chrono::milliseconds interval);
+    /// For all requests to `host` from now on, whoever makes them.
+    void setManners(const QString &host, const HostManners &manners);
     void setCacheDiskCapacity(qint64 bytes);
 
     void addURL(const QUrl &url, QObject *owner, FetchCallback returnMethod,
@@ -59,6 +59,8 @@ public:
     /// Ends every running load; what waits stays queued until something starts the queue again.
     void cancelAll();
     void removeURLFromCache(const QUrl &url);
+    /// The kept answer, if any, is forgotten when the program ends.
+    void keepForThisRun(const QUrl &url);
 
     // The queue as a table: one row for each request that is not answered yet, in order.
     [[nodiscard]] int numberOfRows() const;

@@ -47,7 +47,8 @@ void SearchTrace::endPage()
         page.obstacle = obstacleOf(*mResult);
         page.isFollowed =
             !page.obstacle && mResult->MIMEType.value_or(QString()).startsWith(u"image/");
-        page.isShort = page.isShort || mResult->data.isEmpty();
+        if (mResult->data.isEmpty())
+            noteProblem(SearchStep::Page, QLatin1String(tooShort));
         page.beginning = pieceOfPage(decodedPage(mResult->data.left(1000)), 0);
     }
     mResult = nullptr;
@@ -101,10 +102,12 @@ void SearchTrace::noteField(const QString &key, const QString &page, const QStri
     }
 }
 
-void SearchTrace::noteShortAnswer()
+void SearchTrace::noteProblem(SearchStep step, const QString &reason)
 {
-    if (mResult)
-        mPages.back().isShort = true;
+    if (!mResult)
+        return;
+    mPages.back().problemStep = step;
+    mPages.back().problem = reason;
 }
 
 void SearchTrace::noteRefused(const QUrl &url)
@@ -154,11 +157,12 @@ SearchFailure SearchTrace::failureOf(const Page &page)
 {
     SearchFailure failure{.url = page.url, .redirectedTo = page.redirectedTo};
     failure.piece = page.beginning;
-    if (page.obstacle) {
+    if (page.obstacle && page.problemStep == SearchStep::Page) {
         failure.obstacle = page.obstacle->kind;
         failure.reason = page.obstacle->reason;
-    } else if (page.isShort) {
-        failure.reason = QStringLiteral("the answer is too short to be a page");
+    } else if (!page.problem.isEmpty()) {
+        failure.step = page.problemStep;
+        failure.reason = page.problem;
     } else if (!page.uses.isEmpty()) {
         failure = failureOfUses(page);
     } else {

@@ -1,20 +1,13 @@
 #pragma once
 
 #include "gathering/fetchobstacle.h"
+#include "gathering/searchstep.h"
 #include "text/missingmarker.h"
 
 #include <QList>
 #include <QStringList>
 
 #include <vector>
-
-/// The steps of a search, each of which needs the one before.
-enum class SearchStep {
-    Page, ///< an answer with a page in it
-    List, ///< a list on the page
-    Row, ///< a row of it that fits the song
-    Field, ///< a field that is read from a page
-};
 
 /// The first step of a search that led nowhere.
 struct SearchFailure {
@@ -32,6 +25,8 @@ struct SearchFailure {
 /// why nothing was found.
 class SearchTrace {
 public:
+    static constexpr auto tooShort = "the answer is too short to be a page";
+
     // Told by the base of all sources, in the order in which things happen. What is told between
     // beginPage() and endPage() is about that page.
     void beginPage(const FetchResult &result);
@@ -43,7 +38,9 @@ public:
     /// `found` is what was read behind the marker, which was looked for from `from` on.
     void noteField(const QString &key, const QString &page, const QString &marker,
                    const std::optional<QString> &found, qsizetype from = 0);
-    void noteShortAnswer();
+    /// What is wrong with the page at hand, unless something comes of it. A row or field that is
+    /// not there is no fault of the site's, whatever the status.
+    void noteProblem(SearchStep step, const QString &reason);
     /// A form that the queue did not take: its host failed a moment ago, or nothing is in it.
     void noteRefused(const QUrl &url);
 
@@ -70,7 +67,8 @@ private:
         QUrl redirectedTo{};
         std::optional<FetchObstacle> obstacle{};
         bool isFollowed = false;
-        bool isShort = false; ///< too short to be a page
+        SearchStep problemStep = SearchStep::Page;
+        QString problem{}; ///< empty: none was seen
         QList<Use> uses{};
         QString beginning{};
     };

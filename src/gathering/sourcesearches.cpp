@@ -23,6 +23,8 @@ void configure(WebDBInterface &source, const SearchRequest &request)
     source.setAlbumSelectionMethod(request.albumSelectionMethod);
     source.setAllowSubstringTrackMatches(request.allowSubstrings);
     source.setMinimumAcceptableImageSize(request.minImageWidth);
+    source.setSongDuration(request.songDuration);
+    source.setIdentifiers(request.identifiers);
 }
 
 } // namespace

@@ -23,6 +23,8 @@ struct SearchRequest {
     AlbumPick albumSelectionMethod = AlbumPick::None;
     Substrings allowSubstrings = Substrings::Refuse;
     float minImageWidth = 0; ///< pixels
+    std::optional<qint64> songDuration{}; ///< milliseconds
+    ReleaseIdentifiers identifiers{}; ///< of the album that was found before
 };
 
 /// The request for a song with that tag, without the user's choices.

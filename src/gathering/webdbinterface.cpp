@@ -3,6 +3,7 @@
 #include "base/nextturn.h"
 #include "base/progress.h"
 #include "gathering/decodedpage.h"
+#include "gathering/jsonanswer.h"
 #include "gathering/searchtrace.h"
 #include "text/htmlpage.h"
 
@@ -23,8 +24,25 @@ constexpr int mostSearches = 1000;
 /// Sites answer "nothing found" and errors this shortly.
 constexpr qsizetype longestUselessPage = 99;
 
-/// A definition cannot stop a search by asking for ages between two fetches.
-constexpr double longestInterval = 60; // seconds
+/// A definition cannot stop a search by asking for ages between two fetches, or for one.
+constexpr double longestWait = 60; // seconds
+
+std::chrono::milliseconds waitOf(const SiteDefinition &resources, const QString &key)
+{
+    const double seconds = std::clamp(resources.number(key), 0.0, longestWait);
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::duration<double>(seconds));
+}
+
+HostManners mannersOf(const SiteDefinition &resources)
+{
+    return {
+        .minInterval = waitOf(resources, QStringLiteral("minInterval")),
+        .patience = waitOf(resources, QStringLiteral("patience")),
+        .userAgent =
+            resources.formatted(QStringLiteral("userAgent"), {QStringLiteral(TAGWRIGHT_VERSION)})
+                .value_or(QString())};
+}
 
 } // namespace
 
@@ -40,22 +58,19 @@ void WebDBInterface::beginSearch()
 {
     const int fromDefinition = mResources.integer(QStringLiteral("simulConns"));
     mMaxSimulSearches = fromDefinition > 0 ? fromDefinition : defaultSimultaneousSearches;
-    keepPace();
+    keepManners();
     startSearch();
     notifyWhenComplete();
 }
 
-void WebDBInterface::keepPace()
+void WebDBInterface::keepManners()
 {
-    const double seconds =
-        std::min(mResources.number(QStringLiteral("minInterval")), longestInterval);
-    if (!(seconds > 0))
+    const HostManners manners = mannersOf(mResources);
+    if (manners == HostManners())
         return;
-    const auto interval = std::chrono::duration_cast<std::chrono::milliseconds>(
-        std::chrono::duration<double>(seconds));
     const QStringList hosts = mResources.hosts();
     for (const QString &host : hosts)
-        mQueue.setMinInterval(host, interval);
+        mQueue.setManners(host, manners);
 }
 
 void WebDBInterface::cancelSearch()
@@ -178,8 +193,18 @@ std::optional<QString> WebDBInterface::usablePage(const FetchResult &result)
         return pageText(result);
     mQueue.removeURLFromCache(result.url);
     if (mTrace)
-        mTrace->noteShortAnswer();
+        mTrace->noteProblem(SearchStep::Page, QLatin1String(SearchTrace::tooShort));
     return std::nullopt;
+}
+
+std::optional<QJsonDocument> WebDBInterface::jsonPage(const FetchResult &result)
+{
+    JsonAnswer answer = jsonAnswerOf(result);
+    if (mTrace)
+        mTrace->noteProblem(answer.failedAt, answer.reason);
+    if (!answer.document)
+        mQueue.removeURLFromCache(result.url);
+    return answer.document;
 }
 
 QList<QStringList> WebDBInterface::rowsOn(const QString &page, const QString &key) const

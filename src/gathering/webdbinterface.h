@@ -4,6 +4,7 @@
 #include "gathering/httpqueue.h"
 #include "gathering/sitedefinition.h"
 
+#include <QJsonDocument>
 #include <QObject>
 #include <QSet>
 #include <QUrl>
@@ -37,6 +38,9 @@ public:
     void setMinimumAcceptableImageSize(float pixels) { mMinImageWidth = pixels; }
     void setAlbumSelectionMethod(AlbumPick method) { mAlbumSelectionMethod = method; }
     void setAllowSubstringTrackMatches(Substrings allowed) { mAllowSubstrings = allowed; }
+    void setSongDuration(std::optional<qint64> milliseconds) { mSongDuration = milliseconds; }
+    /// Of the album that was found for the song before, if it was.
+    void setIdentifiers(ReleaseIdentifiers known) { mIdentifiers = std::move(known); }
     /// One bar shared by the sources of a task; may be null. (The name is spelled so.)
     void setProgessIndicator(Progress *progress) { mProgress = progress; }
     /// Keeps what each step looked for and found; null, as it is unless somebody asks: nobody does.
@@ -83,6 +87,8 @@ protected:
     [[nodiscard]] float minimumAcceptableImageSize() const { return mMinImageWidth; }
     [[nodiscard]] AlbumPick albumSelectionMethod() const { return mAlbumSelectionMethod; }
     [[nodiscard]] Substrings allowSubstrings() const { return mAllowSubstrings; }
+    [[nodiscard]] std::optional<qint64> songDuration() const { return mSongDuration; }
+    [[nodiscard]] const ReleaseIdentifiers &identifiers() const { return mIdentifiers; }
     [[nodiscard]] const SiteDefinition &resources() const { return mResources; }
     [[nodiscard]] HVHTTPQueue &queue() { return mQueue; }
     /// The page decoded by the definition's "charset", else as ISO Latin 1; empty without data.
@@ -90,6 +96,13 @@ protected:
     /// The same for sites where an answer of 99 bytes or fewer is none: nothing then, and the
     /// queue forgets it, so that a later search fetches the page afresh.
     [[nodiscard]] std::optional<QString> usablePage(const FetchResult &result);
+    /// The answer of a service that speaks JSON, however short it is. Nothing after a failure, for
+    /// a status of 400 or above, and for an answer that is no JSON or tells of an error (a key
+    /// "error" whatever the status): the queue forgets such a one.
+    [[nodiscard]] std::optional<QJsonDocument> jsonPage(const FetchResult &result);
+    /// The answer says that there is nothing, which may be otherwise another day: it is kept for
+    /// this run alone.
+    void keepForThisRun(const FetchResult &result) { mQueue.keepForThisRun(result.url); }
     /// The rows that the parse recipe below `key` cuts out of the page; none where the recipe or
     /// the list is missing. Without a key the whole definition is the recipe.
     [[nodiscard]] QList<QStringList> rowsOn(const QString &page, const QString &key = {}) const;
@@ -124,7 +137,7 @@ private:
         Qt::CaseSensitivity sensitivity;
     };
 
-    void keepPace();
+    void keepManners();
     void maintainWaitingURLs();
     void gotResult(const FetchResult &result, const Handler &returnMethod);
     [[nodiscard]] std::optional<QString> textCutOut(const QString &page, const QString &beginKey,
@@ -144,6 +157,8 @@ private:
     std::optional<QString> mAlternateArtist;
     std::optional<QString> mSongTitle;
     std::optional<QString> mAlbumTitle;
+    std::optional<qint64> mSongDuration; ///< milliseconds
+    ReleaseIdentifiers mIdentifiers;
     int mMaxAlbums = 50;
     AlbumPick mAlbumSelectionMethod = AlbumPick::None;
     int mTotalSearches = 0;

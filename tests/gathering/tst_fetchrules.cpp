@@ -86,6 +86,11 @@ private Q_SLOTS:
         clock.advance(500ms);
         QCOMPARE(pace.timeToWait(u"host"_s), 1500ms);
         QCOMPARE(pace.timeToWait(u"other"_s), 0ms);
+        QCOMPARE(pace.takeTurn(u"host"_s), 1500ms); // as a redirect does
+        QCOMPARE(pace.timeToWait(u"host"_s), 3500ms);
+        pace.holdFor(u"host"_s, 5s);
+        pace.holdFor(u"host"_s, 4s);
+        QCOMPARE(pace.timeToWait(u"host"_s), 5000ms);
         clock.advance(-1h); // set back
         QCOMPARE(pace.timeToWait(u"host"_s), 2000ms);
         clock.advance(2h);
@@ -102,6 +107,9 @@ private Q_SLOTS:
         QVERIFY(kept.data == "page" && kept.MIMEType == u"text/html" && kept.cameInTheClear);
         first.store(address(1), {"newer", u"text/html"_s});
         QCOMPARE(onDisk(folder.path(), 1), "newer"_ba);
+        first.removeFromDisk(address(1));
+        QVERIFY(first.response(address(1)));
+        QCOMPARE(onDisk(folder.path(), 1), ""_ba);
     }
 
     void dropsTheOldestBeyondItsSize()

@@ -479,7 +479,7 @@ private Q_SLOTS:
     void aHostsPaceIsKept()
     {
         World world;
-        world.queue.setMinInterval(u"127.0.0.1"_s, 20ms);
+        world.queue.setManners(u"127.0.0.1"_s, {.minInterval = 20ms});
         world.add({u"/1"_s, u"/2"_s, u"/3"_s});
         QVERIFY(world.post(u"/form"_s, "x"));
         for (int answered = 1; answered <= 4; ++answered) {
@@ -488,6 +488,34 @@ private Q_SLOTS:
             world.clock.advance(20ms);
         }
         QCOMPARE(world.server.paths(), (QStringList{u"/1"_s, u"/form"_s, u"/2"_s, u"/3"_s}));
+    }
+
+    void aHostsMannersAreKept()
+    {
+        World world{.limits = {.silence = 1ms, .retryPause = 50ms}};
+        world.queue.setManners(u"127.0.0.1"_s, {100ms, 5s, u"Program/1 ( a@b )"_s});
+        world.server.serve(u"/slow"_s, {.body = "at last", .delay = 50ms});
+        QCOMPARE(world.ask(u"/slow"_s).data, "at last"_ba);
+        QCOMPARE(world.server.requests()[0].headers["user-agent"], "Program/1 ( a@b )"_ba);
+        // A redirect waits for its turn, and a refusal holds everyone up and blames nobody.
+        world.clock.advance(100ms);
+        world.server.serve(u"/merged"_s, {.status = 301, .headers = {"Location: /other"}});
+        world.server.serve(u"/other"_s, {.body = "found"});
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(world.ask(u"/merged"_s).data, "found"_ba);
+        QVERIFY(time.elapsed() >= 100);
+        world.clock.advance(200ms);
+        world.server.serveInTurn(u"/busy"_s,
+                                 {{.status = 503, .headers = {"Retry-After: 0"}}, {.body = "ok"}});
+        time.start();
+        world.add(u"/busy"_s);
+        QTRY_COMPARE(world.server.requests().size(), 4);
+        QTest::qWait(60);
+        world.clock.advance(100ms);
+        QTRY_COMPARE(world.asker.answers.size(), 2);
+        QCOMPARE(world.asker.answers.last().data, "ok"_ba);
+        QVERIFY(time.elapsed() >= 100);
     }
 
     void rowsAndIndicatorFollowTheLoad()

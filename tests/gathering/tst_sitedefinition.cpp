@@ -79,6 +79,11 @@ private Q_SLOTS:
             u"is no dictionary"_s);
         row("unknown encoding", freeDB, u"charset"_s, u"klingon"_s,
             u"is no known character encoding"_s);
+        row("agent", freeDB, u"userAgent"_s, u"Tagwright/%@ ( https://a.example )"_s, {});
+        const QString notAgent =
+            u"does not name program, version and contact: Name/1.0 ( address )"_s;
+        for (const QString &agent : {u"Tagwright/%@"_s, u"A/1 ( here )"_s, u"A/1 ( a@b ) X: y"_s})
+            row("agent without a contact", freeDB, u"userAgent"_s, agent, notAgent);
         row("address", freeDB, u"queryPOST"_s, u"https://discs.example/search"_s, {});
         row("empty address", freeDB, u"queryPOST"_s, QString(), {});
         row("address without a host", freeDB, u"queryPOST"_s, u"http:///search"_s, notHttp);

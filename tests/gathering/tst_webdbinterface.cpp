@@ -26,6 +26,7 @@ public:
     using WebDBInterface::addAlbum;
     using WebDBInterface::addPlaceholderSearch;
     using WebDBInterface::finishedSearch;
+    using WebDBInterface::jsonPage;
     using WebDBInterface::postSearch;
     using WebDBInterface::usablePage;
 
@@ -205,6 +206,32 @@ private Q_SLOTS:
             }
             QCOMPARE(mServer->requests().size() - before, isUsable ? 1 : 2); // or from the cache
         }
+    }
+
+    void answersInJson_data()
+    {
+        const Table<int, QByteArray, bool, int> row("status", "body", "isUsable", "requests");
+        row("however short", 200, "[]", true, 1);
+        row("no error", 200, R"({"error":null})", true, 1);
+        row("an error in spite of the status", 200, R"({"error":{"code":4}})", false, 2);
+        row("another type", 200, "<html>", false, 2);
+        row("cut in the middle", 200, R"({"a":[1,)", false, 2);
+        row("nested without end", 200, QByteArray(100'000, '['), false, 2);
+        row("no such thing", 404, "{}", false, 2);
+    }
+    void answersInJson()
+    {
+        QFETCH(int, status);
+        QFETCH(QByteArray, body);
+        const QString path = u"/json"_s; // each row has a server of its own
+        mServer->serve(path, {.status = status, .body = body});
+        const auto before = mServer->requests().size();
+        for (int search = 0; search < 2; ++search) {
+            SampleSource source(*mQueue, fetching({path}));
+            complete(source);
+            QTEST(source.jsonPage(source.got.value(0)).has_value(), "isUsable");
+        }
+        QTEST(int(mServer->requests().size() - before), "requests");
     }
 
     void paceIsKeptAtTheHostsOfTheDefinition()

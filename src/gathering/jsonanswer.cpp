@@ -1,0 +1,40 @@
+#include "gathering/jsonanswer.h"
+
+#include <QJsonObject>
+
+namespace {
+
+constexpr qsizetype longestShownError = 200; // characters
+
+/// The service's own words: a text, or an object with a message in it.
+QString shownError(const QJsonValue &error)
+{
+    const QJsonValue message = error.isObject() ? error[QLatin1String("message")] : error;
+    return message.toVariant().toString().left(longestShownError);
+}
+
+QString statusReason(int status)
+{
+    return QStringLiteral("status %1").arg(status);
+}
+
+} // namespace
+
+JsonAnswer jsonAnswerOf(const FetchResult &result)
+{
+    if (result.error)
+        return {.reason = result.error->localizedDescription};
+    if (result.status == 404) // how services say that they have none of that name
+        return {.failedAt = SearchStep::Row, .reason = statusReason(404)};
+    if (result.status >= 400)
+        return {.reason = statusReason(result.status)};
+    QJsonParseError problem{};
+    const QJsonDocument document = QJsonDocument::fromJson(result.data, &problem);
+    if (problem.error != QJsonParseError::NoError)
+        return {.reason = QStringLiteral("no JSON but %1: %2")
+                              .arg(result.MIMEType.value_or(QString()), problem.errorString())};
+    const QJsonValue error = document.object().value(QLatin1String("error"));
+    if (!error.isUndefined() && !error.isNull())
+        return {.reason = QStringLiteral("the service tells of an error: ") + shownError(error)};
+    return {document, SearchStep::Row, QStringLiteral("nothing in the answer fits the song")};
+}
