@@ -61,13 +61,21 @@ std::optional<SamplePage> samplePageAt(const QUrl &address, const QByteArray &fo
 SiteDefinitions sampleDefinitions(const SiteDefinitions &defaults, const QString &server)
 {
     QVariantMap values = defaults.values();
+    const QStringList sources = defaults.sourcelist();
+    QStringList withSite;
     for (const SampleSite &site : sampleSites()) {
         const QString key = u"res_"_s + site.className;
         QVariantMap definition = values.value(key).toMap();
         for (const auto &[name, below] : site.addresses.asKeyValueRange())
             definition[name] = QString(server + pathOf(site) + below);
         values[key] = definition;
+        withSite << site.className;
     }
+    // The others are in the world outside.
+    QStringList used;
+    std::copy_if(sources.begin(), sources.end(), std::back_inserter(used),
+                 [&](const QString &source) { return withSite.contains(source); });
+    values[u"sourcelist"_s] = used;
     return SiteDefinitions(values);
 }
 

@@ -13,7 +13,8 @@
 /// such page.
 [[nodiscard]] std::optional<SamplePage> samplePageAt(const QUrl &address, const QByteArray &form);
 
-/// The definitions with the sites' addresses put in, all on one server ("http://host:port").
+/// The definitions with the sites' addresses put in, and with no other sources, all on one server
+/// ("http://host:port").
 [[nodiscard]] SiteDefinitions sampleDefinitions(const SiteDefinitions &defaults,
                                                 const QString &server);
 

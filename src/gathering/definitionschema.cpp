@@ -36,6 +36,12 @@ constexpr std::array parseRecipe{
     DefinitionKey{"textEnd", Text},
 };
 
+constexpr std::array musicBrainz{
+    DefinitionKey{"queryRecording", AddressFormat}, DefinitionKey{"queryRelease", AddressFormat},
+    DefinitionKey{"releaseLookup", AddressFormat},  DefinitionKey{"minScore", Number},
+    DefinitionKey{"maxLookUps", Integer},
+};
+
 constexpr std::array freeDB{
     DefinitionKey{"queryPOST", Address},         DefinitionKey{"parseAlbumList", ParseRecipe},
     DefinitionKey{"firstResultsFragment", Text}, DefinitionKey{"moreResultsFragment", Text},
@@ -151,6 +157,7 @@ constexpr std::array askLyrics{
 };
 
 constexpr std::array sources{
+    SourceSchema{"MusicBrainzInterface", musicBrainz},
     SourceSchema{"FreeDBInterface", freeDB},
     SourceSchema{"CDUniverseInterface", cdUniverse},
     SourceSchema{"TowerInterface", tower},

@@ -10,6 +10,7 @@
 #include "sources/googleimageinterface.h"
 #include "sources/leoslyricsinterface.h"
 #include "sources/lyricsandsongsinterface.h"
+#include "sources/musicbrainzinterface.h"
 #include "sources/towerinterface.h"
 
 namespace {
@@ -35,11 +36,23 @@ SourceCatalog::Entry digestEntry(const QString &className)
             }};
 }
 
+/// What one search looked up serves the others of the run.
+SourceCatalog::Entry musicBrainzEntry()
+{
+    const auto shelf = std::make_shared<ReleaseShelf>();
+    return {QStringLiteral("MusicBrainzInterface"),
+            MusicBrainzInterface::resourcesPossiblyAvailable,
+            [shelf](SiteDefinition resources, HVHTTPQueue &queue) {
+                return std::make_unique<MusicBrainzInterface>(std::move(resources), queue, shelf);
+            }};
+}
+
 } // namespace
 
 SourceCatalog builtInSources()
 {
     return SourceCatalog({
+        musicBrainzEntry(),
         entry<FreeDBInterface>(QStringLiteral("FreeDBInterface")),
         entry<CDUniverseInterface>(QStringLiteral("CDUniverseInterface")),
         entry<TowerInterface>(QStringLiteral("TowerInterface")),

@@ -92,7 +92,7 @@ private Q_SLOTS:
     void everySampleSiteHasTheKnownAlbum_data()
     {
         QTest::addColumn<QString>("className");
-        for (const QString &className : mDefaults.sourcelist())
+        for (const QString &className : sampleDefinitions(mDefaults, {}).sourcelist())
             QTest::newRow(qPrintable(className)) << className;
     }
     void everySampleSiteHasTheKnownAlbum()

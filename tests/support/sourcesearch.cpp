@@ -52,6 +52,7 @@ AlbumList SampleSiteScene::run(std::unique_ptr<WebDBInterface> source, const Sea
     source->setAllowSubstringTrackMatches(song.substrings);
     source->setIsCompilation(song.isCompilation);
     source->setMinimumAcceptableImageSize(song.minImageWidth);
+    source->setSongDuration(song.duration);
     QSignalSpy complete(source.get(), &WebDBInterface::searchComplete);
     source->beginSearch();
     if (!complete.wait(20'000))

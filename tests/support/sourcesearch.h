@@ -14,6 +14,7 @@ struct SearchedSong {
     Substrings substrings = Substrings::Refuse;
     bool isCompilation = false;
     float minImageWidth = 0; ///< pixels
+    std::optional<qint64> duration{}; ///< milliseconds
 };
 
 /// The definition of a source in the built-in set.

@@ -1,0 +1,252 @@
+#include "sources/musicbrainzinterface.h"
+
+#include "base/resources.h"
+#include "support/sourcesearch.h"
+#include "support/table.h"
+#include "tags/genretable.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// "@1" is the identifier of number 1.
+QString mbid(const QString &number)
+{
+    return u"0000000%1-0000-4000-8000-00000000000a"_s.arg(number);
+}
+
+/// With ' for ", and identifiers by their numbers.
+QByteArray json(QString text)
+{
+    text.replace(u'\'', u'"');
+    for (const auto &number : {u"1"_s, u"2"_s, u"3"_s, u"4"_s})
+        text.replace(u'@' + number, mbid(number));
+    return text.toUtf8();
+}
+
+const QString nila = u"'artist-credit':[{'name':'Nila Oster','joinphrase':''}]"_s;
+
+/// A release of a search: what is said of it, and of its group.
+QString found(const QString &release, const QString &group = u"'primary-type':'Album'"_s)
+{
+    return u"{'score':100,'title':'Salt & Iron',%1,'status':'Official',%2,"
+           "'release-group':{'id':'@4',%3}}"_s.arg(nila, release, group);
+}
+
+QString releases(const QStringList &list)
+{
+    return u"{'count':1,'releases':[%1]}"_s.arg(list.join(u','));
+}
+
+QString recordings(const QStringList &onReleases, const QString &more = {})
+{
+    return u"{'recordings':[{'score':100,'title':'First Light',%1%2,'releases':[%3]}]}"_s.arg(
+        nila, more, onReleases.join(u','));
+}
+
+/// A looked-up release, with one disc for each list of tracks.
+QString
+record(const QString &number, const QString &discs,
+       const QString &group = u"'primary-type':'Album','first-release-date':'2007-05-14',"
+                              "'genres':[{'name':'seaside','count':9},{'name':'rock','count':2}]"_s)
+{
+    QString media;
+    for (const QString &disc : discs.split(u'/')) {
+        QStringList tracks;
+        for (const QString &title : disc.split(u','))
+            tracks << u"{'title':'%1','length':215000}"_s.arg(title);
+        media += u"%1{'tracks':[%2]}"_s.arg(media.isEmpty() ? u""_s : u","_s, tracks.join(u','));
+    }
+    return u"{'id':'@%1','title':'Salt & Iron','date':'2019',%2,'status':'Official',"
+           "'release-group':{'id':'@4',%3},'media':[%4]}"_s.arg(number, nila, group, media);
+}
+
+const QString byAlbum =
+    u"/release?query=release%3A%28salt%20%5C%26%20iron%29%20AND%20artist%3A%28nila%20oster%29"
+    "&limit=25&fmt=json"_s;
+const QString byTitle =
+    u"/recording?query=recording%3A%28first%20light%29%20AND%20artist%3A%28nila%20oster%29"
+    "&limit=25&fmt=json"_s;
+const QString byTitleAndAlbum =
+    u"/recording?query=recording%3A%28first%20light%29%20AND%20artist%3A%28nila%20oster%29"
+    "%20AND%20release%3A%28salt%20%5C%26%20iron%29&limit=25&fmt=json"_s;
+const QString inc = u"?inc=artist-credits+recordings+release-groups+genres+tags&fmt=json"_s;
+
+QString lookUp(const QString &number)
+{
+    return u"/release/"_s + mbid(number) + inc;
+}
+
+const QString two = u"First Light,Ebb"_s;
+const QString found2007 = u"Nila Oster|Salt & Iron|2007|Rock|First Light,Ebb|-"_s;
+const HttpAnswer busy{.status = 503, .headers = {"Retry-After: 0"}};
+const SearchedSong noAlbum{.album = {}};
+const SearchedSong noTitle{.title = {}};
+
+using Pages = QMap<QString, QString>;
+
+struct Scene : SampleSiteScene {
+    Scene() { GenreTable::install({u"Blues"_s, u"Rock"_s}); }
+
+    QStringList search(const SearchedSong &song)
+    {
+        QVariantMap values = definition(u"MusicBrainzInterface"_s, {});
+        values[u"minInterval"_s] = 0;
+        for (const auto &key : {u"queryRelease"_s, u"queryRecording"_s, u"releaseLookup"_s})
+            values[key] = values[key].toString().replace(u"https://musicbrainz.org/ws/2/"_s,
+                                                         server.url(u"/"_s).toString());
+        albums = SampleSiteScene::search<MusicBrainzInterface>(song, values, shelf);
+        return shown(albums);
+    }
+
+    std::shared_ptr<ReleaseShelf> shelf = std::make_shared<ReleaseShelf>();
+    AlbumList albums;
+};
+
+} // namespace
+
+class MusicBrainzInterfaceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void searches_data()
+    {
+        const Table<SearchedSong, Pages, QStringList, int> row("song", "pages", "albums",
+                                                               "requests");
+        const QString one = found(u"'id':'@1'"_s);
+        row("year of the work, genre by votes", {},
+            {{byAlbum, releases({one})}, {lookUp(u"1"_s), record(u"1"_s, two)}}, {found2007}, 2);
+        row("own album before compilation, bootleg and reissue", noAlbum,
+            {{byTitle,
+              recordings({found(u"'id':'@1','date':'1999'"_s,
+                                u"'primary-type':'Album','secondary-types':['Compilation']"_s),
+                          found(u"'id':'@3','date':'1998'"_s).replace(u"Official"_s, u"Bootleg"_s),
+                          found(u"'id':'@4','date':'2019'"_s),
+                          found(u"'id':'@2','date':'2007'"_s)})},
+             {lookUp(u"2"_s), record(u"2"_s, two)}},
+            {found2007}, 2);
+        row("song on a compilation", {.isCompilation = true},
+            {{byTitleAndAlbum,
+              recordings({one, found(u"'id':'@2'"_s, u"'secondary-types':['Compilation']"_s)})},
+             {lookUp(u"2"_s), record(u"2"_s, two)}},
+            {found2007}, 2);
+        const QString onTwo = recordings({one}, u",'length':215000"_s).chopped(2)
+            + recordings({found(u"'id':'@2','date':'2020'"_s)}, u",'length':400000"_s)
+                  .replace(u"{'recordings':["_s, u","_s);
+        row("version of that length", {.album = {}, .duration = 399'000},
+            {{byTitle, onTwo}, {lookUp(u"2"_s), record(u"2"_s, two)}}, {found2007}, 2);
+        row("title looked for", noTitle,
+            {{byAlbum, releases({one})}, {lookUp(u"1"_s), record(u"1"_s, two)}}, {found2007}, 2);
+        row("title looked for on one of two discs", noTitle,
+            {{byAlbum, releases({one})}, {lookUp(u"1"_s), record(u"1"_s, two + u"/Flow"_s)}},
+            {u"Nila Oster|Salt & Iron|2007|Rock|-|-"_s}, 2);
+        row("disc of the song", {},
+            {{byAlbum, releases({one})}, {lookUp(u"1"_s), record(u"1"_s, u"Flow/"_s + two)}},
+            {found2007}, 2);
+        row("edition with the song", {},
+            {{byAlbum,
+              releases({found(u"'id':'@1','date':'2007'"_s),
+                        found(u"'id':'@2','track-count':9,'date':'2010'"_s)})},
+             {lookUp(u"1"_s), record(u"1"_s, u"Ebb"_s)},
+             {lookUp(u"2"_s), record(u"2"_s, two)}},
+            {found2007}, 3);
+        row("no edition with the song", {},
+            {{byAlbum, releases({one})}, {lookUp(u"1"_s), record(u"1"_s, u"Ebb"_s)}},
+            {u"Nila Oster|Salt & Iron|2007|Rock|Ebb|-"_s}, 2);
+        row("other edition's name", {.album = u"Salt & Iron (Live) [Bonus]"_s},
+            {{QString(byAlbum).replace(u"iron"_s, u"iron%20%5C%28live%5C%29%20%5C%5Bbonus%5C%5D"_s),
+              releases({one})},
+             {lookUp(u"1"_s), record(u"1"_s, two)}},
+            {found2007}, 2);
+        row("other artist", noAlbum, {{byTitle, recordings({one}).replace(u"Nila"_s, u"Jon"_s)}},
+            {}, 1);
+        row("nothing found", {}, {{byAlbum, releases({})}, {byTitleAndAlbum, recordings({})}}, {},
+            2);
+        row("optional keys missing", {},
+            {{byAlbum, u"{'releases':[{'id':'@1','title':'Salt & Iron',%1},{},7]}"_s.arg(nila)},
+             {lookUp(u"1"_s), u"{'id':'@1','title':'Salt & Iron'}"_s},
+             {byTitleAndAlbum, u"{}"_s}},
+            {}, 2);
+        row("nulls", noTitle,
+            {{byAlbum,
+              releases({found(u"'id':'@1','date':null,'track-count':null"_s,
+                              u"'primary-type':null,'secondary-types':null"_s)})},
+             {lookUp(u"1"_s),
+              record(u"1"_s, u"Ebb"_s, u"'first-release-date':null,'genres':null"_s)
+                  .replace(u"215000"_s, u"null"_s)}},
+            {u"Nila Oster|Salt & Iron|2019|-|Ebb|-"_s}, 2);
+        row("identifier that is a path", {}, {{byAlbum, releases({found(u"'id':'../x'"_s)})}}, {},
+            2);
+        row("words of the syntax", {.artist = u"AC/DC \"OR\" *é*"_s, .album = {}},
+            {{u"/recording?query=recording%3A%28first%20light%29%20AND%20artist%3A%28ac%5C%2Fdc%20"
+              "%5C%22or%5C%22%20%5C%2A%C3%A9%5C%2A%29&limit=25&fmt=json"_s,
+              recordings({one}).replace(u"Nila Oster"_s, u"AC/DC \\'OR\\' *e*"_s)},
+             {lookUp(u"1"_s), record(u"1"_s, two)}},
+            {found2007}, 2);
+        row("no artist", {.artist = {}}, {}, {}, 0);
+    }
+    void searches()
+    {
+        QFETCH(SearchedSong, song);
+        QFETCH(Pages, pages);
+        QFETCH(QStringList, albums);
+        Scene scene;
+        for (const auto &[path, body] : pages.asKeyValueRange())
+            scene.server.serve(path, {.type = "application/json", .body = json(body)});
+        QCOMPARE(scene.search(song), albums);
+        QTEST(int(scene.server.requests().size()), "requests");
+    }
+
+    void faultsAreNotKept_data()
+    {
+        const Table<HttpAnswer> row("fault");
+        row("error in spite of the status", {.body = R"({"error":"busy"})"});
+        row("a page for people", {.type = "text/html", .body = QByteArray(999, '<')});
+        row("cut", {.body = R"({"releases":[{"id":)"});
+        row("too many requests", {.status = 429, .body = R"({"error":"rate"})"});
+        row("gone", {.status = 404, .body = R"({"error":"Not Found"})"});
+        row("server is busy", busy);
+        row("own limit", {.status = 503, .headers = {"Retry-After: 1"}});
+    }
+    void faultsAreNotKept()
+    {
+        QFETCH(HttpAnswer, fault);
+        Scene scene;
+        const bool isRetried = !fault.headers.isEmpty();
+        scene.server.serveInTurn(byAlbum,
+                                 {fault, {.body = json(releases({found(u"'id':'@1'"_s)}))}});
+        // The release was merged with another one.
+        scene.server.serve(lookUp(u"1"_s),
+                           {.status = 301, .headers = {"Location: " + lookUp(u"2"_s).toUtf8()}});
+        scene.server.serve(lookUp(u"2"_s), {.body = json(record(u"2"_s, two))});
+        QCOMPARE(scene.search({}), isRetried ? QStringList{found2007} : QStringList());
+        QCOMPARE(scene.search({}), QStringList{found2007});
+        const AlbumInfo &album = scene.albums.first();
+        QCOMPARE(album.identifiers(), (ReleaseIdentifiers{mbid(u"2"_s), mbid(u"4"_s)}));
+        QCOMPARE(album.trackLengths(), (QList<qint64>{215'000, 215'000}));
+    }
+
+    void songsOfAnAlbumShareItsRequests()
+    {
+        Scene scene;
+        scene.server.serve(byTitle, {.body = json(recordings({found(u"'id':'@1'"_s)}))});
+        scene.server.serve(lookUp(u"1"_s), {.body = json(record(u"1"_s, two))});
+        QCOMPARE(scene.search(noAlbum), QStringList{found2007});
+        QCOMPARE(scene.search({.album = {}, .title = u"Ebb"_s}), QStringList{found2007});
+        QCOMPARE(scene.server.requests().size(), 2);
+        const QByteArray agent = scene.server.requests().first().headers["user-agent"];
+        QVERIFY(agent.startsWith("Tagwright/" TAGWRIGHT_VERSION " ( "));
+        // Another artist's song of that title is not on it, nor is one of a collection.
+        for (const SearchedSong &other : {SearchedSong{.artist = u"Jon Vale"_s, .album = {}},
+                                          SearchedSong{.album = {}, .isCompilation = true}})
+            static_cast<void>(scene.search(other));
+        QCOMPARE(scene.server.requests().size(), 3);
+    }
+};
+
+Q_DECLARE_METATYPE(HttpAnswer)
+
+QTEST_GUILESS_MAIN(MusicBrainzInterfaceTest)
+#include "tst_musicbrainzinterface.moc"
