@@ -175,10 +175,10 @@ void HttpLoad::takeEnd()
 
 void HttpLoad::fail(const FetchError &error)
 {
-    if (!mReply)
+    if (!mReply && !mTurn.isActive())
         return;
     LoadOutcome failure;
-    failure.status = statusOf(*mReply);
+    failure.status = mReply ? statusOf(*mReply) : 0;
     failure.error = error;
     failure.finalURL = mMessage.request.url();
     cutOff();

@@ -518,6 +518,15 @@ private Q_SLOTS:
         QVERIFY(time.elapsed() >= 100);
     }
 
+    void aRedirectDoesNotWaitForEver()
+    {
+        expectHostRemembered();
+        World world{.limits = {.total = 50ms}};
+        world.queue.setManners(u"127.0.0.1"_s, {.minInterval = 1h});
+        world.server.serve(u"/"_s, {.status = 301, .headers = {"Location: /other"}});
+        QCOMPARE(codeOf(world.ask(u"/"_s)), FetchError::timedOut);
+    }
+
     void rowsAndIndicatorFollowTheLoad()
     {
         World world;
