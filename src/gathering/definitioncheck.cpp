@@ -184,12 +184,12 @@ QString faultBelow(const QString &key, const QString &fault, const QVariant &val
 /// "KEY FAULT" of the first entry that is not of its kind.
 Fault faultOfEntries(const QVariantMap &values, std::span<const DefinitionKey> schema)
 {
-    for (const auto &[key, kind] : schema) {
-        const auto found = values.constFind(QLatin1String(key));
+    for (const DefinitionKey &each : schema) {
+        const auto found = values.constFind(QLatin1String(each.key));
         if (found == values.constEnd())
             continue;
-        if (const Fault fault = faultOfValue(*found, kind))
-            return faultBelow(QLatin1String(key), *fault, *found);
+        if (const Fault fault = faultOfValue(*found, each.kind))
+            return faultBelow(QLatin1String(each.key), *fault, *found);
     }
     return std::nullopt;
 }

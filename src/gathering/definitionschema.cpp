@@ -68,8 +68,8 @@ constexpr std::array cdUniverse{
     DefinitionKey{"parseAlbumTrack", TrackFormat},
     DefinitionKey{"parseAlbumYear1", Text},
     DefinitionKey{"parseAlbumYear2", Text},
-    DefinitionKey{"characterReferences", Switch},
-    DefinitionKey{"ownMarkers", Switch},
+    DefinitionKey{"characterReferences", Switch, true},
+    DefinitionKey{"ownMarkers", Switch, true},
 };
 
 constexpr std::array tower{
@@ -90,7 +90,7 @@ constexpr std::array tower{
     DefinitionKey{"parseAlbumTrack", TrackFormat},
     DefinitionKey{"parseAlbumYear1", Text},
     DefinitionKey{"parseAlbumYear2", Text},
-    DefinitionKey{"characterReferences", Switch},
+    DefinitionKey{"characterReferences", Switch, true},
 };
 
 constexpr std::array googleImage{

@@ -28,6 +28,7 @@ enum class DefinitionKind {
 struct DefinitionKey {
     const char *key;
     DefinitionKind kind;
+    bool mayBeMissing = false; ///< a definition without it lacks nothing
 };
 
 struct SourceSchema {

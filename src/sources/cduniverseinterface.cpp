@@ -15,14 +15,17 @@ namespace {
 constexpr QLatin1String cdAtEnd{" CD"};
 
 /// The link in a cell that holds one up to its text: what stands before the first quote that
-/// ends a tag, from the quote before that on if there is one.
+/// ends a tag, from the quote before that on if there is one. Where the cell begins within the
+/// address, and other attributes follow that, it ends at its own quote.
 std::optional<QString> linkOf(const QString &cell)
 {
     const qsizetype end = cell.indexOf(QLatin1String("\">"));
     if (end < 0)
         return std::nullopt;
     const QString before = cell.first(end);
-    return before.mid(before.lastIndexOf(u'"') + 1);
+    const qsizetype quote = before.indexOf(u'"');
+    const bool isWithinAddress = quote > 0 && before[quote - 1] != u'=';
+    return isWithinAddress ? before.first(quote) : before.mid(before.lastIndexOf(u'"') + 1);
 }
 
 } // namespace

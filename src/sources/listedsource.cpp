@@ -32,10 +32,11 @@ QStringList missingKeysIn(const QVariantMap &definition, std::span<const Definit
 {
     const IsNeeded isNeeded = neededIn(schema);
     QStringList missing;
-    for (const auto &[name, kind] : schema) {
+    for (const auto &[name, kind, mayBeMissing] : schema) {
         const QString key = QLatin1String(name);
         const bool isEmpty = definition.value(key).toString().isEmpty();
-        if (!definition.contains(key) || (isNeeded(kind) && isEmpty))
+        const bool isLacking = !mayBeMissing && !definition.contains(key);
+        if (isLacking || (isNeeded(kind) && isEmpty))
             missing << key;
         else if (kind == DefinitionKind::ParseRecipe)
             for (const QString &marker :

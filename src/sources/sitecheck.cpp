@@ -145,7 +145,9 @@ void SiteCheck::searched()
                                "what stands beside the program does not hold the album")}));
         return;
     }
-    mFinding.found = foundIn(albums);
+    // Albums bear the name that was searched, also where the source knows nothing of it.
+    mFinding.found =
+        foundIn(albums) & mCatalog.find(mFinding.className)->resourcesPossiblyAvailable;
     if (mExpected.testFlag(AssetArtwork))
         for (const AlbumInfo &album : albums)
             if (album.artURLString() && mPictures.size() < enoughPictures)

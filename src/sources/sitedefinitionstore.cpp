@@ -64,6 +64,8 @@ SiteDefinitionStore::SiteDefinitionStore(QSettings &settings)
 
 const SiteDefinitions &SiteDefinitionStore::liveResources()
 {
+    if (mIsChosen)
+        return mLive;
     if (mLive.isEmpty())
         mLive = storedDefinitions();
     if (mLive.isEmpty())
@@ -109,6 +111,7 @@ SiteDefinitionStore::Loaded SiteDefinitionStore::loadFile(const QString &path)
 void SiteDefinitionStore::useDefinitions(SiteDefinitions definitions)
 {
     mLive = std::move(definitions);
+    mIsChosen = true;
 }
 
 QString SiteDefinitionStore::mergeAndStore(const QByteArray &propertyList)

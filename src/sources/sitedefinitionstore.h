@@ -32,7 +32,7 @@ public:
     /// The definitions in a property-list file, checked.
     [[nodiscard]] static Loaded loadFile(const QString &path);
 
-    /// Uses these instead of the stored ones, for this process.
+    /// Uses these instead of the stored ones, for this process, also when they hold nothing.
     void useDefinitions(SiteDefinitions definitions);
 
     /// Puts every top-level value of a newer set in place of the live one's and stores the
@@ -46,4 +46,5 @@ private:
 
     QSettings &mSettings;
     SiteDefinitions mLive;
+    bool mIsChosen = false; ///< by useDefinitions()
 };

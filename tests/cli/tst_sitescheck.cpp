@@ -245,6 +245,7 @@ private Q_SLOTS:
                  u"CKDigestInterface: no site configured\n  supplies Artwork\n"
                  "  missing  prefix, maxPossibleArtWidth"_s);
         QCOMPARE(told(u"NoSuch"_s), u"NoSuch: no source of that name"_s);
+        QVERIFY(!told(u"CDUniverseInterface"_s).contains(u"ownMarkers"_s)); // off without the key
     }
 
 private:

@@ -102,6 +102,9 @@ private Q_SLOTS:
                                 {u"textEnd"_s, u"</a>"_s}};
         add("cells that begin with the link itself", substrings, artistPage("Nila Oster", one),
             {salt}, {{u"albumListParse"_s, cells}});
+        add("the same with an attribute behind the link", substrings,
+            artistPage("Nila Oster", linked("album/1\" class=\"x", "Salt &amp; Iron")), {salt},
+            {{u"albumListParse"_s, cells}});
         add("no list", {}, {.body = QByteArray(200, ' ')}, {});
         add("list without an end", {}, {.body = artists(good).body.chopped(12)}, {});
         add("empty", {}, {}, {});

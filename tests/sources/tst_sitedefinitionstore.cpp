@@ -91,6 +91,8 @@ private Q_SLOTS:
         for (const QString &name : classes)
             QVERIFY2(catalog.find(name) && live.definitionOf(name), qPrintable(name));
         QCOMPARE(catalog.find(u"FreeDBInterface"_s)->resourcesPossiblyAvailable.toInt(), 122U);
+        store.useDefinitions({});
+        QVERIFY(store.liveResources().isEmpty()); // the built-in ones are not what was chosen
     }
 
     void storedSetIsUsed_data()
