@@ -76,6 +76,7 @@ public:
         }
         if (!mChecks.empty())
             loop.exec();
+        tellWhatElseFinished(report);
     }
 
 private:
@@ -83,6 +84,14 @@ private:
     {
         while (mNextToTell < mChecks.size() && mFinished.contains(mChecks[mNextToTell].get()))
             tellFinding(mChecks[mNextToTell++]->finding(), report);
+    }
+
+    /// After an interrupt: what stands behind a check that was still under way.
+    void tellWhatElseFinished(Report &report)
+    {
+        for (; mNextToTell < mChecks.size(); ++mNextToTell)
+            if (const SiteCheck *check = mChecks[mNextToTell].get(); mFinished.contains(check))
+                tellFinding(check->finding(), report);
     }
 
     std::vector<std::unique_ptr<SiteCheck>> mChecks;
