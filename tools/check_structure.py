@@ -10,6 +10,7 @@ BELOW = {
     "base": "",
     "text": "base",
     "tags": "base text",
+    "sound": "base",
     "itunes": "base text",
     "songs": "base text tags itunes",
     "gathering": "base text tags songs",
@@ -18,7 +19,7 @@ BELOW = {
     "demo": "base text tags itunes songs gathering sources app",
     "cli": "base text tags itunes songs gathering sources app demo",
     "gui": "base text tags itunes songs gathering sources app demo",
-    "main": "base text cli gui",
+    "main": "base text sound cli gui",
 }
 GUI_MODULE = re.compile(r"#include <(QWidget|QApplication|QGuiApplication|QPixmap|QtWidgets)")
 INCLUDE = re.compile(r'^\s*#include "([^"]+)"', re.MULTILINE)

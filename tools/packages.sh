@@ -5,12 +5,13 @@ build_packages=(
     qt6-base-dev qt6-base-dev-tools qt6-httpserver-dev qt6-websockets-dev
     qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libgl1-mesa-dev
     libplist-dev zlib1g-dev libssl-dev libcli11-dev
+    libchromaprint-dev libavformat-dev libavcodec-dev libswresample-dev libavutil-dev
 )
 
 # Other programs' readers and writers of tags, to compare ours with, a player that plays while songs
 # are written, and what checks the code.
 test_packages=(
-    python3 python3-mutagen ffmpeg libimage-exiftool-perl kid3-cli lame clang-format
+    python3 python3-mutagen ffmpeg libimage-exiftool-perl kid3-cli lame libchromaprint-tools clang-format
     dbus-daemon dbus-bin mpv mpv-mpris playerctl python3-dbus python3-gi
 )
 
