@@ -75,6 +75,14 @@
         <source>This MP4 file cannot be read: %1</source>
         <translation>This MP4 file cannot be read: %1</translation>
     </message>
+    <message id="ErrorNoAcoustIDKey">
+        <source>needs a key of yours for the AcoustID service: in the setting “acoustIDKey” or in TAGWRIGHT_ACOUSTID_KEY</source>
+        <translation>needs a key of yours for the AcoustID service: in the setting “acoustIDKey” or in TAGWRIGHT_ACOUSTID_KEY</translation>
+    </message>
+    <message id="ErrorNoLength">
+        <source>its length cannot be told</source>
+        <translation>its length cannot be told</translation>
+    </message>
     <message id="ErrorNoLibrary">
         <source>There is no library file of iTunes that was written within the last 30 days</source>
         <translation>There is no library file of iTunes that was written within the last 30 days</translation>
@@ -87,9 +95,17 @@
         <source>This is no song file that can be read</source>
         <translation>This is no song file that can be read</translation>
     </message>
+    <message id="ErrorNoSound">
+        <source>no sound in it can be decoded</source>
+        <translation>no sound in it can be decoded</translation>
+    </message>
     <message id="ErrorNoYear">
         <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
         <translation>%1 albums found for %2 – %3, but none with a usable year: %4</translation>
+    </message>
+    <message id="ErrorNotIdentified">
+        <source>“%1” is not known by its sound: %2</source>
+        <translation>“%1” is not known by its sound: %2</translation>
     </message>
     <message id="ErrorNotOnAlbum">
         <source>“%1” is not on the album “%2” (%3)</source>
@@ -98,6 +114,10 @@
     <message id="ErrorResponseTooLong">
         <source>The answer is longer than %1 MB</source>
         <translation>The answer is longer than %1 MB</translation>
+    </message>
+    <message id="ErrorServiceNotReached">
+        <source>the service cannot be reached</source>
+        <translation>the service cannot be reached</translation>
     </message>
     <message id="ErrorSongHasProblem">
         <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
@@ -110,6 +130,14 @@
     <message id="ErrorSongVanished">
         <source>The file is gone</source>
         <translation>The file is gone</translation>
+    </message>
+    <message id="ErrorSoundUnknown">
+        <source>the service knows no such song</source>
+        <translation>the service knows no such song</translation>
+    </message>
+    <message id="ErrorStrangeAnswer">
+        <source>the answer of the service is not understood</source>
+        <translation>the answer of the service is not understood</translation>
     </message>
     <message id="ErrorTagTooLarge">
         <source>It would be larger than 256 MB</source>

@@ -136,6 +136,13 @@ WriteOptions PrefsController::writeOptions() const
     return options;
 }
 
+QString PrefsController::acoustIDKey() const
+{
+    return qEnvironmentVariable("TAGWRIGHT_ACOUSTID_KEY",
+                                mSettings.value(QStringLiteral("acoustIDKey")).toString())
+        .trimmed();
+}
+
 MovedFolders PrefsController::movedFolders() const
 {
     MovedFolders moved;

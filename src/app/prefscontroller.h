@@ -41,6 +41,7 @@ struct GatheringOptions {
     AlbumPick albumPickingMethod = AlbumPick::None;
     Substrings allowSubstrings = Substrings::Refuse;
     bool parallelSearch = false;
+    bool identify = false; ///< songs without names, by their sound; never saved
     double minimumImageSize = preferences::minimumImageSize.whenUnset; ///< pixels
     double maximumImageSize = preferences::maximumImageSize.whenUnset; ///< pixels
     /// Pixels: only narrower artwork is replaced.
@@ -69,6 +70,10 @@ public:
     [[nodiscard]] ID3Dialect id3Dialect() const;
     [[nodiscard]] ReadOptions readOptions() const;
     [[nodiscard]] WriteOptions writeOptions() const;
+
+    /// The key with which the user asks the AcoustID service: TAGWRIGHT_ACOUSTID_KEY of the
+    /// environment, else "acoustIDKey". Empty without one.
+    [[nodiscard]] QString acoustIDKey() const;
 
     /// "movedFolders": pairs of "from" and "to", numbered from 1 on without a gap.
     [[nodiscard]] MovedFolders movedFolders() const;

@@ -186,6 +186,7 @@ void WorkList::makeTask(const std::shared_ptr<SongFile> &song)
     // On a turn of its own, so that no task is destroyed from inside its signal.
     connect(&task, &SongInfoTask::finished, &mNextStep, qOverload<>(&QTimer::start));
     task.setParallelMode(mOptions.parallelSearch);
+    task.setIdentify(mOptions.identify);
     task.setMinimumAcceptableImageSize(static_cast<float>(mOptions.minimumImageSize));
     task.setMaximumImageSize(static_cast<float>(mOptions.maximumImageSize));
     task.setIgnoreNonSquareArt(mOptions.ignoreNonSquareArtwork);

@@ -38,6 +38,7 @@ struct Arguments {
     std::optional<Assets> overwrite;
     std::optional<AlbumPick> pick;
     std::optional<bool> parallel;
+    bool identify = false;
     std::optional<Substrings> substrings;
     std::optional<double> minArt; ///< pixels
     std::optional<double> maxArt; ///< pixels

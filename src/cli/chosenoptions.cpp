@@ -24,6 +24,7 @@ GatheringOptions gatheringOptionsOf(const Arguments &arguments, const PrefsContr
     options.overwrite = arguments.overwrite.value_or(options.overwrite);
     options.albumPickingMethod = arguments.pick.value_or(options.albumPickingMethod);
     options.allowSubstrings = arguments.substrings.value_or(options.allowSubstrings);
+    options.identify = arguments.identify;
     options.parallelSearch = arguments.parallel.value_or(options.parallelSearch);
     options.minimumImageSize = arguments.minArt.value_or(options.minimumImageSize);
     options.maximumImageSize = arguments.maxArt.value_or(options.maximumImageSize);

@@ -245,6 +245,8 @@ void Parser::addGatherChoices(CLI::App &gather)
     addSwitch(
         gather, "--parallel", "--serial", [this](bool on) { mArguments.parallel = on; },
         "All sources at once, or one after another");
+    gather.add_flag("--identify", mArguments.identify,
+                    "Know songs without artist or title by their sound (needs an AcoustID key)");
     addSwitch(
         gather, "--substrings", "--no-substrings",
         [this](bool on) { mArguments.substrings = on ? Substrings::Allow : Substrings::Refuse; },

@@ -1,10 +1,10 @@
 #include "cli/fullprogram.h"
 
+#include "base/ownprogram.h"
 #include "cli/commandline.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
 #include <QProcess>
 
 #include <cstdio>
@@ -13,23 +13,10 @@
 #include <unistd.h>
 #endif
 
-namespace {
-
-QString pathOfFullProgram()
-{
-    const QString folder = QCoreApplication::applicationDirPath();
-    const QString beside = folder + QStringLiteral("/tagwright-full");
-    return QFileInfo::exists(beside)
-        ? beside
-        : folder + QStringLiteral("/../libexec/tagwright/tagwright-full");
-}
-
-} // namespace
-
 int runFullProgram(int argc, char **argv)
 {
     const QCoreApplication app(argc, argv);
-    const QString path = pathOfFullProgram();
+    const QString path = pathOfOwnProgram(QStringLiteral("tagwright-full"));
 #ifdef Q_OS_UNIX
     execv(QFile::encodeName(path).constData(), argv);
 #else

@@ -98,6 +98,11 @@ int runGather(const Arguments &arguments, Report &report)
         return ExitStatus::wrongArguments;
     engine.start(arguments.definitions ? Engine::Definitions::Fixed : Engine::Definitions::Live);
 
+    if (arguments.identify && engine.prefs.acoustIDKey().isEmpty()) {
+        report.error(u"--identify"_s, qtTrId("ErrorNoAcoustIDKey"));
+        return ExitStatus::wrongArguments;
+    }
+
     const auto tell = [&report](const SongOutcome &outcome) { tellOutcome(outcome, report); };
     const ReadOptions reading = readOptionsOf(arguments, engine.prefs);
     int refused = 0;

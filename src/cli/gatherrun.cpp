@@ -1,13 +1,27 @@
 #include "cli/gatherrun.h"
 
+#include "base/ownprogram.h"
 #include "cli/interrupt.h"
 
 #include <QEventLoop>
 
+namespace {
+
+std::optional<IdentifyingMeans> identifyingMeansOf(const PrefsController &prefs)
+{
+    const QString key = prefs.acoustIDKey();
+    if (key.isEmpty())
+        return {};
+    return IdentifyingMeans{key, pathOfOwnProgram(QStringLiteral("tagwright-fingerprint"))};
+}
+
+} // namespace
+
 GatherRun::GatherRun(Engine &engine, const SongList &songs, const Interrupt &interrupt)
     : mSongs(songs)
     , mLibrary(songs)
-    , mContext{engine.queue, engine.catalog, engine.definitions.liveResources(), mLibrary}
+    , mContext{engine.queue, engine.catalog, engine.definitions.liveResources(), mLibrary,
+               identifyingMeansOf(engine.prefs)}
     , mWorkList(mContext, engine.itunes, engine.log)
 {
     mWorkList.setInfoCache(&engine.infoCache);

@@ -156,6 +156,11 @@ constexpr std::array askLyrics{
     DefinitionKey{"linkPrefix", Text},
 };
 
+constexpr std::array acoustID{
+    DefinitionKey{"queryPOST", Address},
+    DefinitionKey{"minScore", Number},
+};
+
 constexpr std::array sources{
     SourceSchema{"MusicBrainzInterface", musicBrainz},
     SourceSchema{"FreeDBInterface", freeDB},
@@ -169,6 +174,7 @@ constexpr std::array sources{
     SourceSchema{"LyricsAndSongsInterface", lyricsAndSongs},
     SourceSchema{"LeosLyricsInterface", leosLyrics},
     SourceSchema{"AskLyricsInterface", askLyrics},
+    SourceSchema{"AcoustIDLookup", acoustID},
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gathering/songidentification.h"
 #include "gathering/sourcecatalog.h"
 
 class LibraryLending;
@@ -10,4 +11,5 @@ struct GatherContext {
     const SourceCatalog &catalog;
     SiteDefinitions definitions;
     LibraryLending &library;
+    std::optional<IdentifyingMeans> identifying{}; ///< nothing: no song is known by its sound
 };

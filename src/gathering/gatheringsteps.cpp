@@ -27,6 +27,7 @@ GatheringSteps::GatheringSteps(QObject *owner, std::shared_ptr<SongFile> song,
     : mSong(std::move(song))
     , mQueue(context.queue)
     , mLibrary(context.library)
+    , mIdentifying(context.identifying)
     , mOwner(owner)
     , mNotify(std::move(notify))
     , mAllResources(context.definitions)
@@ -46,7 +47,13 @@ void GatheringSteps::setUpDesiredAssets()
 {
     const AudioInfoTag *tag = mSong->infotag();
     mLedger.desired = tag ? desiredAssets(mChoices.gather, mLedger.overwrite, *tag) : Assets();
-    // Artwork is then not taken from the first album, but searched once the album is known.
+    planArtwork();
+}
+
+/// Artwork is not taken from the first album where its name is desired, too, but searched once the
+/// album is known.
+void GatheringSteps::planArtwork()
+{
     mWantArtworkButNoAlbum = mLedger.isDesired(AssetArtwork) && mLedger.isDesired(AssetAlbumName);
 }
 
@@ -57,15 +64,44 @@ void GatheringSteps::begin()
     mIndicator.setIndeterminate(true);
     mIndicator.setValue(0);
     mIndicator.setMaximum(0);
-    applyResourcesFromLibrary([this] { gatherDataOnline(); });
+    identify([this] { applyResourcesFromLibrary([this] { gatherDataOnline(); }); });
 }
 
 void GatheringSteps::cancel()
 {
     mCancelWhenPossible = true;
     mSearches.cancel();
+    if (mIdentification)
+        mIdentification->cancel();
     if (!mArtURL.isEmpty())
         mQueue.cancelURL(mArtURL, mOwner);
+}
+
+// ---- what a song without names sounds like
+
+void GatheringSteps::identify(const Step &then)
+{
+    if (isStopped() || !mChoices.identify || !mIdentifying || !lacksIdentity(tag()))
+        return then();
+    auto definition = mAllResources.definitionOf(AcoustIDLookup::name).value_or(SiteDefinition());
+    mIdentification =
+        std::make_unique<SongIdentification>(*mIdentifying, std::move(definition), mQueue);
+    QObject::connect(mIdentification.get(), &SongIdentification::finished, mOwner,
+                     [this, then] { identified(then); });
+    mIdentification->start(mSong->path(), knownOfSong(tag()));
+}
+
+void GatheringSteps::identified(const Step &then)
+{
+    const auto &identity = mIdentification->song();
+    if (!isStopped() && identity) {
+        mIdentity.emplace().fill(tag(), *identity, mChoices.gather, mLedger);
+        planArtwork();
+    } else if (!isStopped()) {
+        mErrorMessage = qtTrId("ErrorNotIdentified")
+                            .arg(tag().title().value_or(QString()), mIdentification->problem());
+    }
+    then();
 }
 
 // ---- what other songs of the album lend
@@ -320,6 +356,8 @@ void GatheringSteps::notify()
 {
     Q_ASSERT(!mNotified);
     mNotified = true;
+    if (mIdentity && mSong->infotag())
+        mIdentity->giveBack(tag(), mLedger);
     mIndicator.setIndeterminate(false);
     mIndicator.setMaximum(1);
     mIndicator.setValue(0);

@@ -3,6 +3,7 @@
 #include "base/progress.h"
 #include "gathering/assetledger.h"
 #include "gathering/gathercontext.h"
+#include "gathering/identityfilling.h"
 #include "gathering/librarylending.h"
 #include "gathering/sourcesearches.h"
 
@@ -13,6 +14,7 @@ struct GatherChoices {
     AlbumPick albumSelectionMethod = AlbumPick::None;
     Substrings allowSubstrings = Substrings::Refuse;
     bool parallelMode = false;
+    bool identify = false; ///< songs without names, by their sound
 };
 
 /// The steps of a task. A step ends by calling what comes next, at once or on a later turn, and
@@ -47,6 +49,9 @@ private:
     [[nodiscard]] bool isStopped() { return mCancelWhenPossible || !mSong->infotag(); }
     [[nodiscard]] AudioInfoTag &tag() { return *mSong->infotag(); }
 
+    void planArtwork();
+    void identify(const Step &then);
+    void identified(const Step &then);
     void applyResourcesFromLibrary(const Step &then);
     [[nodiscard]] Borrower borrower();
     void applyOffers(const LendingOffers &offers);
@@ -75,11 +80,14 @@ private:
 
     HVHTTPQueue &mQueue;
     LibraryLending &mLibrary;
+    std::optional<IdentifyingMeans> &mIdentifying;
     QObject *mOwner;
     Step mNotify;
     SiteDefinitions mAllResources;
     QStringList mSources; ///< class names, in order of preference
     SourceSearches mSearches;
+    std::unique_ptr<SongIdentification> mIdentification; ///< when it was begun
+    std::optional<IdentityFilling> mIdentity; ///< when the song was identified
     qsizetype mNextSource = 0; ///< of mSources, in serial mode
     AlbumList mParallelAlbums; ///< what was found, later the artwork candidates
     SongList mLenders; ///< of pictures that are still to be tried, the next one last

@@ -43,6 +43,11 @@ void SongInfoTask::setParallelMode(bool parallel)
     d->mChoices.parallelMode = parallel;
 }
 
+void SongInfoTask::setIdentify(bool identify)
+{
+    d->mChoices.identify = identify;
+}
+
 void SongInfoTask::setGatherFlags(Assets assets)
 {
     d->mChoices.gather = assets;

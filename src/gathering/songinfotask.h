@@ -27,6 +27,9 @@ public:
     void setMaximumImageSize(float side);
     void setIgnoreNonSquareArt(bool ignore);
     void setParallelMode(bool parallel);
+    /// Songs without names are known by their sound, where the context has the means; off when not
+    /// set.
+    void setIdentify(bool identify);
     // Each works out anew what is desired, so that the order of the two does not matter.
     void setGatherFlags(Assets assets);
     void setOverwriteFlags(Assets assets);

@@ -103,5 +103,6 @@ void AudioInfoTag::gatherTagsFromPathname(const QString &path)
         name.chop(suffixLength);
     const bool wasModified = mTagModified;
     setTitle(name);
+    mHasTitleOfPathname = true;
     mTagModified = wasModified;
 }

@@ -50,7 +50,11 @@ public:
     [[nodiscard]] virtual bool hasHiddenValues() const { return false; }
 
     // An empty text removes the field. Every setter of a concrete tag marks it as modified.
-    void setTitle(const QString &title) { setText(TagText::Title, title); }
+    void setTitle(const QString &title)
+    {
+        mHasTitleOfPathname = false;
+        setText(TagText::Title, title);
+    }
     void setArtist(const QString &artist) { setText(TagText::Artist, artist); }
     void setAlbum(const QString &album) { setText(TagText::Album, album); }
     void setYear(const QString &year) { setText(TagText::Year, year); }
@@ -100,6 +104,8 @@ public:
     /// Takes the title from the file name when there is none; the tag does not count as
     /// modified by that.
     void gatherTagsFromPathname(const QString &path);
+    /// Whether the title is taken from there, and none stands in the file.
+    [[nodiscard]] bool hasTitleOfPathname() const { return mHasTitleOfPathname; }
 
     /// The first picture, scaled into the given box and framed; a null image without pictures.
     /// A tag made from summary data gives the icon that it has, whatever its size. Stands in
@@ -121,6 +127,7 @@ private:
     bool mTagModified = false;
     bool mEncounteredProblemDecoding = false;
     bool mLazy = false;
+    bool mHasTitleOfPathname = false;
     std::optional<QString> mPlaylist;
     int mPlaylistIndex = notFound;
 };
