@@ -2,6 +2,8 @@
 
 #include "base/nextturn.h"
 #include "gathering/songfilling.h"
+#include "tags/songbytes.h"
+#include "tags/songlength.h"
 
 #include <algorithm>
 #include <chrono>
@@ -161,8 +163,19 @@ SearchRequest GatheringSteps::searchRequest()
     request.albumSelectionMethod = mChoices.albumSelectionMethod;
     request.allowSubstrings = mChoices.allowSubstrings;
     request.minImageWidth = mChoices.artwork.minWidth;
+    request.songDuration = songDuration();
     request.identifiers = mIdentifiers;
     return request;
+}
+
+/// Read when sources are asked for the first time: most songs lack nothing, and are not.
+std::optional<qint64> GatheringSteps::songDuration()
+{
+    if (!std::exchange(mIsMeasured, true))
+        if (const auto bytes = SongBytes::open(mSong->path()))
+            if (const auto length = songLength(*bytes))
+                mSongDuration = length->count();
+    return mSongDuration;
 }
 
 void GatheringSteps::gatherDataOnline()

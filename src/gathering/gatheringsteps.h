@@ -58,6 +58,7 @@ private:
     void tryNextLender(const Step &then);
 
     [[nodiscard]] SearchRequest searchRequest();
+    [[nodiscard]] std::optional<qint64> songDuration();
     void gatherDataOnline();
     void parallelGatherDataOnline();
     void parallelSearchCompleted(const AlbumList &albums);
@@ -94,6 +95,8 @@ private:
     QUrl mArtURL; ///< being fetched; empty when none is
     ReleaseIdentifiers mIdentifiers; ///< of the last album applied that has some
     Assets mSetAside; ///< desired, but not in the pass for artwork alone
+    std::optional<qint64> mSongDuration; ///< milliseconds
+    bool mIsMeasured = false; ///< whether the duration was looked for
     bool mWantArtworkButNoAlbum = false;
     bool mStarted = false;
     bool mNotified = false;

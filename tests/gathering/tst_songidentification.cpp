@@ -68,9 +68,10 @@ QString asText(const std::optional<QString> &text)
 /// Tells what it was asked for.
 class AskedSource : public WebDBInterface {
 public:
-    AskedSource(SiteDefinition definition, HVHTTPQueue &queue, QString &asked)
+    AskedSource(SiteDefinition definition, HVHTTPQueue &queue, QString &asked, qint64 &duration)
         : WebDBInterface(std::move(definition), queue)
         , mAsked(asked)
+        , mDuration(duration)
     {
     }
     [[nodiscard]] QString className() const override { return u"AskedSource"_s; }
@@ -78,12 +79,14 @@ public:
 protected:
     void startSearch() override
     {
+        mDuration = songDuration().value_or(0);
         mAsked =
             QStringList{asText(artist()), asText(songTitle()), asText(albumTitle())}.join(u'|');
     }
 
 private:
     QString &mAsked;
+    qint64 &mDuration;
 };
 
 /// One song, the service, and a task between them.
@@ -120,10 +123,11 @@ public:
     HttpServer server;
     HVHTTPQueue queue{QString()};
     QString asked;
+    qint64 duration = 0; ///< milliseconds
     SourceCatalog catalog{{{u"AskedSource"_s, Assets(AssetYear) | AssetArtwork,
                             [this](SiteDefinition definition, HVHTTPQueue &fetcher) {
                                 return std::make_unique<AskedSource>(std::move(definition), fetcher,
-                                                                     asked);
+                                                                     asked, duration);
                             }}}};
     LibraryLending library{SongList()};
     GatherContext context{
@@ -207,6 +211,7 @@ private Q_SLOTS:
         World world;
         world.makeTask(song, AssetYear);
         world.run();
+        QVERIFY2(qAbs(world.duration - 6000) < 100, QByteArray::number(world.duration).constData());
         QCOMPARE(world.server.requests().size(), 1);
         const QUrlQuery form(QString::fromLatin1(world.server.requests().first().body));
         QCOMPARE(form.queryItemValue(u"client"_s, QUrl::FullyDecoded), u"my key"_s);
