@@ -1,0 +1,166 @@
+"""A folder of 300 songs that know title and artist alone is filled by the living services: all of
+it, in few requests, at their pace, and as far as it goes when one of them fails."""
+
+import concurrent.futures
+import json
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+from standin_catalogue import INSTRUMENTAL, WITHOUT_ART, WITHOUT_WORDS, Catalogue
+from standin_services import COVERS, FAILURES, LYRICS, MUSICBRAINZ, Services, picture, sha1
+
+PROGRAM = os.environ["TAGWRIGHT_PROGRAM"]
+SILENCE = (Path(__file__).resolve().parents[2] / "resources" / "silence.m4a").read_bytes()
+MOST_REQUESTS = 2.2  # a song
+LIVING = (MUSICBRAINZ,)
+OF_ALBUM = ("AlbumName", "Genre", "Year", "Track")
+WANTED = {MUSICBRAINZ: OF_ALBUM, COVERS: ("Artwork",), LYRICS: ("Lyrics",)}
+
+
+def mp3(seconds):
+    """Few frames, and a first one that tells of as many as a song of that length has."""
+    frame = bytes.fromhex("fffb9064") + bytes(413)
+    counts = b"Xing" + (1).to_bytes(4, "big") + round(seconds * 44100 / 1152).to_bytes(4, "big")
+    return frame[:36] + counts + frame[36 + len(counts):] + frame * 9
+
+
+def m4a(seconds):
+    at = SILENCE.index(b"mvhd") + 16  # of scale and length
+    scale = int.from_bytes(SILENCE[at:at + 4], "big")
+    return SILENCE[:at + 4] + (seconds * scale).to_bytes(4, "big") + SILENCE[at + 8:]
+
+
+def given_by(sources):
+    return {field for source in sources for field in WANTED[source]}
+
+
+def lacking(song):
+    """What no service has of it."""
+    without_words = {"Lyrics"} if song.key in (INSTRUMENTAL, WITHOUT_WORDS) else set()
+    return without_words | ({"Artwork"} if song.album == WITHOUT_ART else set())
+
+
+class Home:
+    """A user's home with a folder of songs."""
+
+    def __init__(self, test, songs, model=None):
+        self.path = Path(tempfile.mkdtemp())
+        test.addCleanup(shutil.rmtree, self.path)
+        self.env = {"HOME": str(self.path), "PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8",
+                    "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "")}
+        self.music = self.path / "music"
+        self.songs = {str(self.file_of(song)): song for song in songs}
+        if model:
+            shutil.copytree(model.music, self.music)
+            return
+        self.music.mkdir()
+        with concurrent.futures.ThreadPoolExecutor(2) as pool:
+            list(pool.map(self.make, self.songs.items()))
+
+    def file_of(self, song):
+        suffix, number = (".m4a" if song.number % 4 == 0 else ".mp3"), song.number
+        return self.music / f"{song.album:02} {number:02}{suffix}"
+
+    def make(self, item):
+        path, song = item
+        Path(path).write_bytes((m4a if path.endswith("a") else mp3)(song.seconds))
+        self.run("set", path, f"title={song.title}", f"artist={song.artist}")
+
+    def run(self, *arguments):
+        done = subprocess.run([PROGRAM, *map(str, arguments)], env=self.env, timeout=100,
+                              capture_output=True, text=True)
+        if done.returncode:
+            raise AssertionError(f"{arguments}: {done.returncode} {done.stderr}")
+        return [json.loads(line) for line in done.stdout.splitlines() if line.startswith("{")]
+
+    def gather(self, services, *options, sources=LIVING, changes=None):
+        definitions = self.path / "definitions.plist"
+        definitions.write_bytes(services.definitions(sources, changes))
+        *songs, summary = self.run("gather", "--json", "--definitions", definitions, "--want",
+                                   "all", "--max-art", 500, *options)
+        return songs, summary["summary"]
+
+    def shown(self):
+        return self.run("show", "--json", self.music)
+
+
+class LivingServices(unittest.TestCase):
+    maxDiff = None
+    catalogue = Catalogue()
+
+    def services(self, **failing):
+        services = Services(self.catalogue, failing)
+        self.addCleanup(services.close)
+        return services
+
+    def assert_filled(self, shown, song):
+        album, year, track, genre = self.catalogue.tags(song)
+        expected = {"AlbumName": album, "Year": year, "Track": track, "Genre": genre,
+                    "Lyrics": song.words,
+                    "Artwork": None if song.album == WITHOUT_ART else sha1(picture(song.album, 500))}
+        images = [image["sha1"] for image in shown["images"]]
+        fields = {"AlbumName": shown["album"], "Year": shown["year"], "Track": shown["track"],
+                  "Genre": shown["genres"], "Lyrics": shown["lyrics"],
+                  "Artwork": images[0] if images else None}
+        given = given_by(LIVING)
+        self.assertEqual(fields, {field: value if field in given else None
+                                  for field, value in expected.items()})
+
+    def assert_told(self, told, song):
+        given = given_by(LIVING) - lacking(song)
+        self.assertEqual(set(told["changed"]), given)
+        self.assertEqual(set(told["sources"]), given)
+        for source in LIVING:
+            for field in given & set(WANTED[source]):
+                self.assertIn(told["sources"][field], (source, "library"), field)
+        self.assertEqual((told["written"], told["error"]), (True, None))
+
+    def test_a_folder_of_300_songs_is_filled_in_few_requests(self):
+        home, services = Home(self, self.catalogue.files), self.services()
+        told, summary = home.gather(services, home.music)
+        self.assertEqual(services.broken_rules(), [])
+        self.assertEqual(summary, {"processed": 300, "modified": 300, "failed": 0,
+                                   "cancelled": False})
+        shown = {each["path"]: each for each in home.shown()}
+        for report in told:
+            song = home.songs[report["path"]]
+            with self.subTest(artist=song.artist, title=song.title):
+                self.assert_filled(shown[report["path"]], song)
+                self.assert_told(report, song)
+        count = services.requests.total()
+        print(f"{count / 300:.2f} requests a song: {dict(services.requests)}", file=sys.stderr)
+        self.assertLessEqual(count / 300, MOST_REQUESTS)
+
+    def test_each_service_fails_in_turn_in_each_way(self):
+        """The run ends with what the others gave, and tells of the service that gave nothing."""
+        songs = [song for song in self.catalogue.files if song.key in ((2, 1), (2, 8), (24, 3))]
+        made = Home(self, songs)
+        with concurrent.futures.ThreadPoolExecutor(24) as pool:
+            runs = {(service, failure): pool.submit(self.failing, made, service, failure)
+                    for service in LIVING for failure in FAILURES}
+        for (service, failure), run in runs.items():
+            with self.subTest(service=service, failure=failure):
+                self.assert_left_out(service, *run.result())
+
+    def failing(self, made, service, failure):
+        home, services = Home(self, made.songs.values(), made), self.services(**{service: failure})
+        impatient = {service: {"patience": 0.5}} if failure == "stalled" else {}
+        told, summary = home.gather(services, home.music, changes=impatient)
+        return home, told, summary, services.broken_rules()
+
+    def assert_left_out(self, service, home, told, summary, broken):
+        self.assertEqual(broken, [])
+        self.assertEqual((summary["processed"], summary["failed"]), (3, 0))
+        lost = [service] if service != MUSICBRAINZ else [service, COVERS]  # of which release?
+        expected = given_by(set(LIVING) - set(lost))
+        for each in told:
+            self.assertEqual(set(each["changed"]), expected, each)
+
+
+if __name__ == "__main__":
+    unittest.main()
