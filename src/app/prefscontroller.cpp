@@ -42,8 +42,8 @@ constexpr QLatin1String standardDialect("standard");
 
 AlbumPick albumPickOf(int stored)
 {
-    const bool isKnown = stored >= static_cast<int>(AlbumPick::None)
-        && stored <= static_cast<int>(AlbumPick::MostAgreement);
+    const bool isKnown =
+        stored >= static_cast<int>(AlbumPick::None) && stored <= static_cast<int>(AlbumPick::Best);
     return isKnown ? static_cast<AlbumPick>(stored) : AlbumPick::None;
 }
 
@@ -79,7 +79,7 @@ PrefsController::PrefsController()
 void PrefsController::writeSettingsOfNewUser()
 {
     GatheringOptions options;
-    options.albumPickingMethod = AlbumPick::MostAgreement;
+    options.albumPickingMethod = AlbumPick::Best;
     options.parallelSearch = true;
     setGatheringOptions(options);
     preferences::overwriteImageThreshold.set(mSettings, preferences::noLimit);

@@ -236,12 +236,13 @@ void Parser::addGatherChoices(CLI::App &gather)
         {"none", AlbumPick::None},
         {"earliest", AlbumPick::EarliestYear},
         {"agreement", AlbumPick::MostAgreement},
+        {"best", AlbumPick::Best},
     };
     gather
         .add_option_function<std::string>(
             "--pick", [this](const std::string &method) { mArguments.pick = methods.at(method); },
             "How one album is chosen among several")
-        ->check(CLI::IsMember({"none", "earliest", "agreement"}));
+        ->check(CLI::IsMember({"none", "earliest", "agreement", "best"}));
     addSwitch(
         gather, "--parallel", "--serial", [this](bool on) { mArguments.parallel = on; },
         "All sources at once, or one after another");

@@ -44,6 +44,10 @@ public:
     [[nodiscard]] const QString &sourceInterfaceName() const { return mSourceInterface; }
     [[nodiscard]] int duplicates() const { return mDuplicates; }
     [[nodiscard]] int numberOfTracks() const;
+    /// How well it fits the song, 0 to 100; absent unless albums are picked by it.
+    [[nodiscard]] std::optional<int> score() const { return mScore; }
+    /// Its number among the albums that are looked at together; -1 for none.
+    [[nodiscard]] int candidateNumber() const { return mCandidateNumber; }
 
     // Setters do not clean.
     void setName(std::optional<QString> name) { mName = std::move(name); }
@@ -57,6 +61,8 @@ public:
     void setLyrics(const QString &text, const QString &forTitle) { mLyrics[forTitle] = text; }
     void setSourceInterfaceName(const QString &name) { mSourceInterface = name; }
     void incDuplicates() { ++mDuplicates; }
+    void setScore(int score) { mScore = score; }
+    void setCandidateNumber(int number) { mCandidateNumber = number; }
     /// Names, genre and track titles without stars, in their usual order and case.
     void cleanUpStrings();
 
@@ -89,4 +95,6 @@ private:
     std::optional<QString> mArtURLString;
     QString mSourceInterface;
     int mDuplicates = 0;
+    std::optional<int> mScore;
+    int mCandidateNumber = -1;
 };

@@ -83,35 +83,61 @@ void shareAmongSameNamed(std::vector<Named> &albums)
         teach(entry.album, byName[entry.key]);
 }
 
+const AlbumInfo &albumIn(const AlbumInfo &album)
+{
+    return album;
+}
+
+const AlbumInfo &albumIn(const Named &entry)
+{
+    return entry.album;
+}
+
+/// A filter: who is told of what it drops, and what that means for an album.
+struct Filter {
+    const DropListener &dropped;
+    AlbumFate fate;
+
+    void tell(const AlbumInfo &album) const
+    {
+        if (dropped)
+            dropped(album, fate);
+    }
+};
+
 /// Keeps what fits, in its order, unless nothing does. Whether anything did.
 template<typename Albums, typename Fits>
-bool keepIfAny(Albums &albums, Fits fits)
+bool keepIfAny(Albums &albums, Fits fits, const Filter &filter)
 {
     const auto firstUnfit = std::stable_partition(albums.begin(), albums.end(), fits);
     if (firstUnfit == albums.begin())
         return false;
+    std::for_each(firstUnfit, albums.end(),
+                  [&](const auto &unfit) { filter.tell(albumIn(unfit)); });
     albums.erase(firstUnfit, albums.end());
     return true;
 }
 
-void keepAlbumsWithTrack(std::vector<Named> &albums, const QString &title)
+void keepAlbumsWithTrack(std::vector<Named> &albums, const QString &title,
+                         const DropListener &dropped)
 {
     const QString simplified = HVUtility::simplifyString(title);
-    keepIfAny(albums, [&](const Named &entry) {
+    const auto holdsTitle = [&](const Named &entry) {
         return entry.album.numberOfTrackSimplified(simplified, Substrings::Allow) > 0;
-    });
+    };
+    keepIfAny(albums, holdsTitle, {dropped, AlbumFate::TitleNotOnAlbum});
 }
 
 /// Albums without a name may be any album, and stay.
-void keepOverlappingNames(std::vector<Named> &albums, const QString &wanted)
+void keepOverlappingNames(std::vector<Named> &albums, const QString &wanted, const Filter &filter)
 {
     const auto overlaps = [&](const Named &entry) {
         return simplifiedNamesOverlap(entry.key, wanted);
     };
     if (std::none_of(albums.cbegin(), albums.cend(), overlaps))
         return;
-    std::erase_if(albums,
-                  [&](const Named &entry) { return !entry.key.isEmpty() && !overlaps(entry); });
+    keepIfAny(
+        albums, [&](const Named &entry) { return entry.key.isEmpty() || overlaps(entry); }, filter);
 }
 
 AlbumList withoutKeys(std::vector<Named> &entries)
@@ -122,7 +148,7 @@ AlbumList withoutKeys(std::vector<Named> &entries)
     return albums;
 }
 
-AlbumList mergedByName(std::vector<Named> &albums)
+AlbumList mergedByName(std::vector<Named> &albums, const Filter &filter)
 {
     AlbumList merged;
     QHash<QString, qsizetype> positions;
@@ -130,6 +156,7 @@ AlbumList mergedByName(std::vector<Named> &albums)
         const auto known = positions.constFind(entry.key);
         if (known != positions.cend()) {
             merged[*known].incDuplicates();
+            filter.tell(entry.album);
             continue;
         }
         positions.insert(entry.key, merged.size());
@@ -187,12 +214,6 @@ AlbumInfo albumOfMostDuplicates(const AlbumList &albums)
                              });
 }
 
-bool carriesOnlyLyrics(const AlbumInfo &album)
-{
-    return !album.lyrics().isEmpty() && album.numberOfTracks() == 0 && !album.artURLString()
-        && !album.year() && !album.genre();
-}
-
 AlbumList inOrderOfSources(AlbumList albums, const QStringList &sources)
 {
     std::stable_sort(albums.begin(), albums.end(), [&](const auto &one, const auto &other) {
@@ -204,44 +225,49 @@ AlbumList inOrderOfSources(AlbumList albums, const QStringList &sources)
 
 } // namespace
 
-void simplifyAlbumArray(AlbumList &albums, const std::optional<QString> &forTrackName)
+void simplifyAlbumArray(AlbumList &albums, const std::optional<QString> &forTrackName,
+                        const DropListener &dropped)
 {
     std::vector<Named> entries = named(albums);
     shareAmongSameNamed(entries);
     if (forTrackName)
-        keepAlbumsWithTrack(entries, *forTrackName);
-    albums = mergedByName(entries);
+        keepAlbumsWithTrack(entries, *forTrackName, dropped);
+    albums = mergedByName(entries, {dropped, AlbumFate::Merged});
 }
 
-void eliminateAlbumsWithDifferentNumberOfTracks(AlbumList &albums, int than)
+void eliminateAlbumsWithDifferentNumberOfTracks(AlbumList &albums, int than,
+                                                const DropListener &dropped)
 {
-    keepIfAny(albums, [than](const AlbumInfo &album) { return album.numberOfTracks() == than; });
+    const auto fits = [than](const AlbumInfo &album) { return album.numberOfTracks() == than; };
+    keepIfAny(albums, fits, {dropped, AlbumFate::OtherNumberOfTracks});
 }
 
 void eliminateAlbumsWithoutDesiredName(AlbumList &albums, const std::optional<QString> &tagAlbum,
-                                       Substrings allowSubstrings)
+                                       Substrings allowSubstrings, const DropListener &dropped)
 {
     if (!tagAlbum)
         return;
+    const Filter filter{dropped, AlbumFate::OtherName};
     const QString wanted = HVUtility::simplifyString(*tagAlbum);
     std::vector<Named> entries = named(albums);
-    const bool anyEqual =
-        keepIfAny(entries, [&](const Named &entry) { return entry.key == wanted; });
+    const bool anyEqual = keepIfAny(
+        entries, [&](const Named &entry) { return entry.key == wanted; }, filter);
     if (!anyEqual && allowSubstrings == Substrings::Allow)
-        keepOverlappingNames(entries, wanted);
+        keepOverlappingNames(entries, wanted, filter);
     albums = withoutKeys(entries);
 }
 
-void filterAlbums(AlbumList &albums, const SongFacts &song, Substrings allowSubstrings)
+void filterAlbums(AlbumList &albums, const SongFacts &song, Substrings allowSubstrings,
+                  const DropListener &dropped)
 {
     if (song.trustsTitle) {
-        simplifyAlbumArray(albums, song.title);
-        eliminateAlbumsWithoutDesiredName(albums, song.album, allowSubstrings);
+        simplifyAlbumArray(albums, song.title, dropped);
+        eliminateAlbumsWithoutDesiredName(albums, song.album, allowSubstrings, dropped);
         return;
     }
     if (song.tracksOnAlbum != 0)
-        eliminateAlbumsWithDifferentNumberOfTracks(albums, song.tracksOnAlbum);
-    simplifyAlbumArray(albums, {});
+        eliminateAlbumsWithDifferentNumberOfTracks(albums, song.tracksOnAlbum, dropped);
+    simplifyAlbumArray(albums, {}, dropped);
 }
 
 AlbumChoice chooseAlbum(const AlbumList &candidates, AlbumPick method, const SongWords &song)
@@ -257,6 +283,8 @@ AlbumChoice chooseAlbum(const AlbumList &candidates, AlbumPick method, const Son
         return albumOfEarliestYear(candidates, song);
     case AlbumPick::MostAgreement:
         return {albumOfMostDuplicates(candidates), {}};
+    case AlbumPick::Best:
+        return {candidates.first(), {}};
     }
     return {};
 }
@@ -269,6 +297,12 @@ AlbumList artworkCandidates(const AlbumList &albums, const QStringList &sources)
             candidates << album->copy();
     }
     return inOrderOfSources(candidates, sources);
+}
+
+bool carriesOnlyLyrics(const AlbumInfo &album)
+{
+    return !album.lyrics().isEmpty() && album.numberOfTracks() == 0 && !album.artURLString()
+        && !album.year() && !album.genre();
 }
 
 AlbumList takeLyricsAlbums(AlbumList &albums, const QStringList &sources)

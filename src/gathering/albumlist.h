@@ -1,25 +1,35 @@
 #pragma once
 
 #include "gathering/albuminfo.h"
+#include "gathering/choicerecord.h"
 
 #include <QList>
+
+#include <functional>
 
 // What is done with the albums that sources found for one song: pure functions on a list.
 
 using AlbumList = QList<AlbumInfo>;
 
-enum class AlbumPick { None = 0, EarliestYear = 1, MostAgreement = 2 };
+/// The numbers stand in the settings.
+enum class AlbumPick { None = 0, EarliestYear = 1, MostAgreement = 2, Best = 3 };
+
+/// Told of each album that a filter drops.
+using DropListener = std::function<void(const AlbumInfo &, AlbumFate)>;
 
 /// Merges albums of the same simplified name and, if any album holds the title, drops those that
 /// do not. Albums without a name count as of one name.
-void simplifyAlbumArray(AlbumList &albums, const std::optional<QString> &forTrackName);
+void simplifyAlbumArray(AlbumList &albums, const std::optional<QString> &forTrackName,
+                        const DropListener &dropped = {});
 
 /// Keeps the albums of exactly that many tracks, if there are any.
-void eliminateAlbumsWithDifferentNumberOfTracks(AlbumList &albums, int than);
+void eliminateAlbumsWithDifferentNumberOfTracks(AlbumList &albums, int than,
+                                                const DropListener &dropped = {});
 
 /// Keeps the albums called as the song's tag says, if there are any.
 void eliminateAlbumsWithoutDesiredName(AlbumList &albums, const std::optional<QString> &tagAlbum,
-                                       Substrings allowSubstrings);
+                                       Substrings allowSubstrings,
+                                       const DropListener &dropped = {});
 
 /// What a song's tag says that its album must fit.
 struct SongFacts {
@@ -30,7 +40,8 @@ struct SongFacts {
 };
 
 /// Merges the albums and drops those that do not fit the song, as long as one fits.
-void filterAlbums(AlbumList &albums, const SongFacts &song, Substrings allowSubstrings);
+void filterAlbums(AlbumList &albums, const SongFacts &song, Substrings allowSubstrings,
+                  const DropListener &dropped = {});
 
 /// The words of a song that explanations mention.
 struct SongWords {
@@ -43,11 +54,14 @@ struct AlbumChoice {
     std::optional<QString> problem; ///< why none was chosen, for the user
 };
 
+/// By the method Best the first is chosen: the candidates must be in the order of their score.
 [[nodiscard]] AlbumChoice chooseAlbum(const AlbumList &candidates, AlbumPick method,
                                       const SongWords &song);
 
 /// The albums with artwork, in the order of `sources` and from the last of a source to its first.
 [[nodiscard]] AlbumList artworkCandidates(const AlbumList &albums, const QStringList &sources);
+
+[[nodiscard]] bool carriesOnlyLyrics(const AlbumInfo &album);
 
 /// Takes the albums that carry nothing but lyrics out of the list, and returns them in the order
 /// of `sources`. Beside albums with tracks they would be dropped, and their lyrics with them.

@@ -1,9 +1,11 @@
 #include "gathering/gatheringsteps.h"
 
 #include "base/nextturn.h"
+#include "gathering/albumscore.h"
 #include "gathering/songfilling.h"
 #include "tags/songbytes.h"
 #include "tags/songlength.h"
+#include "text/integervalue.h"
 
 #include <algorithm>
 #include <chrono>
@@ -20,6 +22,21 @@ std::optional<QUrl> artURLOf(const AlbumInfo &album)
 {
     const QUrl url(album.artURLString().value_or(QString()));
     return url.isValid() && !url.scheme().isEmpty() ? std::optional(url) : std::nullopt;
+}
+
+ScoredSong scoredSong(const SearchRequest &request, const AudioInfoTag &tag,
+                      const AssetLedger &ledger)
+{
+    ScoredSong song;
+    song.title = request.songTitle;
+    for (const auto &artist : {request.artist, request.alternateArtist})
+        if (artist)
+            song.artists << *artist;
+    song.isCompilation = request.isCompilation;
+    song.tracksOnAlbum = tag.numberOfTracksOnAlbum();
+    song.year = ledger.isDesired(AssetYear) ? 0 : integerValue(tag.year().value_or(QString()));
+    song.allowSubstrings = request.allowSubstrings;
+    return song;
 }
 
 } // namespace
@@ -193,7 +210,10 @@ void GatheringSteps::parallelGatherDataOnline()
     const SearchRequest request = searchRequest();
     for (const QString &source : std::as_const(mSources)) {
         mSearches.start(source, request,
-                        [this](const AlbumList &albums) { parallelSearchCompleted(albums); });
+                        [this](const AlbumList &albums, const SourceAnswer &answer) {
+                            mRecorder.answered(answer);
+                            parallelSearchCompleted(albums);
+                        });
     }
     if (!mSearches.anyRunning())
         finishAndNotify();
@@ -254,7 +274,10 @@ void GatheringSteps::serialGatherDataOnline()
     while (!isStopped() && mLedger.desired && mNextSource < mSources.size()) {
         const QString source = mSources.at(mNextSource++);
         if (mSearches.start(source, searchRequest(),
-                            [this](const AlbumList &albums) { serialSearchCompleted(albums); }))
+                            [this](const AlbumList &albums, const SourceAnswer &answer) {
+                                mRecorder.answered(answer);
+                                serialSearchCompleted(albums);
+                            }))
             return;
     }
     finishAndNotify();
@@ -282,20 +305,38 @@ void GatheringSteps::serialFetchArt(const AlbumInfo &album)
 
 std::optional<AlbumInfo> GatheringSteps::chosenAlbum(AlbumList albums)
 {
-    const AudioInfoTag &song = tag();
-    SongFacts facts;
-    facts.trustsTitle = !mLedger.isDesired(AssetSongTitle);
-    facts.title = song.title();
-    facts.album = mLedger.isDesired(AssetAlbumName) ? std::nullopt : song.album();
-    facts.tracksOnAlbum = song.numberOfTracksOnAlbum();
-    filterAlbums(albums, facts, mChoices.allowSubstrings);
-    const SongWords words{song.artist().value_or(QString()), song.title().value_or(QString())};
-    const AlbumChoice choice = chooseAlbum(albums, mChoices.albumSelectionMethod, words);
+    const AlbumChoice choice = choiceAmong(albums);
     if (choice.problem)
         mErrorMessage = choice.problem;
     if (!choice.album)
         mUndecidedCandidates = std::max(mUndecidedCandidates, static_cast<int>(albums.size()));
     return choice.album;
+}
+
+AlbumChoice GatheringSteps::choiceAmong(AlbumList &albums)
+{
+    const AlbumPick method = mChoices.albumSelectionMethod;
+    if (method == AlbumPick::Best)
+        rankByScore(albums, scoredSong(searchRequest(), tag(), mLedger), mSources);
+    mRecorder.begin(albums);
+    filterAlbums(
+        albums, songFacts(), mChoices.allowSubstrings,
+        [this](const AlbumInfo &album, AlbumFate fate) { mRecorder.dropped(album, fate); });
+    const SongWords words{tag().artist().value_or(QString()), tag().title().value_or(QString())};
+    AlbumChoice choice = chooseAlbum(albums, method, words);
+    const bool isOnIt =
+        choice.album && mayBeAlbumOfSong(*choice.album, tag(), mLedger, mChoices.allowSubstrings);
+    mRecorder.end(albums, method, choice, isOnIt);
+    return choice;
+}
+
+SongFacts GatheringSteps::songFacts()
+{
+    const AudioInfoTag &song = tag();
+    return {.trustsTitle = !mLedger.isDesired(AssetSongTitle),
+            .title = song.title(),
+            .album = mLedger.isDesired(AssetAlbumName) ? std::nullopt : song.album(),
+            .tracksOnAlbum = song.numberOfTracksOnAlbum()};
 }
 
 bool GatheringSteps::isOnAlbum(const AlbumInfo &album)

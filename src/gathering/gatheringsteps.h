@@ -2,6 +2,7 @@
 
 #include "base/progress.h"
 #include "gathering/assetledger.h"
+#include "gathering/choicerecorder.h"
 #include "gathering/gathercontext.h"
 #include "gathering/identityfilling.h"
 #include "gathering/librarylending.h"
@@ -35,6 +36,7 @@ public:
     void begin();
     void cancel();
     [[nodiscard]] Assets missing() const { return mLedger.desired | mSetAside; }
+    [[nodiscard]] const ChoiceRecord &choices() const { return mRecorder.record(); }
 
     std::shared_ptr<SongFile> mSong;
     GatherChoices mChoices;
@@ -70,6 +72,8 @@ private:
     void serialFetchArt(const AlbumInfo &album);
 
     [[nodiscard]] std::optional<AlbumInfo> chosenAlbum(AlbumList albums);
+    [[nodiscard]] SongFacts songFacts();
+    [[nodiscard]] AlbumChoice choiceAmong(AlbumList &albums);
     [[nodiscard]] bool isOnAlbum(const AlbumInfo &album);
     void applyResourcesFromAlbum(const AlbumInfo &album, const Step &then);
     void fetchArt(const QUrl &url, const QString &source, const Step &applied, const Step &refused);
@@ -89,6 +93,7 @@ private:
     SourceSearches mSearches;
     std::unique_ptr<SongIdentification> mIdentification; ///< when it was begun
     std::optional<IdentityFilling> mIdentity; ///< when the song was identified
+    ChoiceRecorder mRecorder;
     qsizetype mNextSource = 0; ///< of mSources, in serial mode
     AlbumList mParallelAlbums; ///< what was found, later the artwork candidates
     SongList mLenders; ///< of pictures that are still to be tried, the next one last

@@ -115,3 +115,8 @@ int SongInfoTask::undecidedCandidates() const
 {
     return d->missing() ? d->mUndecidedCandidates : 0;
 }
+
+const ChoiceRecord &SongInfoTask::choices() const
+{
+    return d->choices();
+}

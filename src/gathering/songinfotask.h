@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gathering/choicerecord.h"
 #include "gathering/gathercontext.h"
 #include "songs/songfile.h"
 
@@ -56,6 +57,8 @@ public:
     [[nodiscard]] const QMap<Asset, QString> &sourcesOfAssets() const;
     /// How many albums were left to choose from when none was chosen; 0 otherwise.
     [[nodiscard]] int undecidedCandidates() const;
+    /// What the sources answered, and why the album was chosen or none.
+    [[nodiscard]] const ChoiceRecord &choices() const;
 
 Q_SIGNALS:
     void finished();

@@ -13,6 +13,14 @@ bool containsWord(const std::optional<QString> &text, QLatin1String word)
     return text && text->contains(word, Qt::CaseInsensitive);
 }
 
+SourceAnswer answerOf(const WebDBInterface &source)
+{
+    if (!source.albums().isEmpty())
+        return {source.className(), SourceAnswer::Kind::Albums};
+    return {source.className(),
+            source.wasUnanswered() ? SourceAnswer::Kind::Unanswered : SourceAnswer::Kind::Nothing};
+}
+
 void configure(WebDBInterface &source, const SearchRequest &request)
 {
     source.setArtist(request.artist);
@@ -74,7 +82,7 @@ bool SourceSearches::start(const QString &className, const SearchRequest &reques
     QObject::connect(source, &WebDBInterface::searchComplete, source,
                      [this, source, completed = std::move(completed)] {
                          std::erase(mRunning, source);
-                         completed(source->albums());
+                         completed(source->albums(), answerOf(*source));
                      });
     source->beginSearch();
     return true;

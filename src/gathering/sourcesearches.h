@@ -39,7 +39,7 @@ struct SearchRequest {
 class SourceSearches {
 public:
     /// Called once for each source that was started, on a later turn.
-    using Completed = std::function<void(const AlbumList &)>;
+    using Completed = std::function<void(const AlbumList &, const SourceAnswer &)>;
 
     /// `progress` follows the fetches of all sources.
     SourceSearches(const SourceCatalog &catalog, const SiteDefinitions &definitions,

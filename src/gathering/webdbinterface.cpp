@@ -44,6 +44,15 @@ HostManners mannersOf(const SiteDefinition &resources)
                 .value_or(QString())};
 }
 
+constexpr int tooManyRequests = 429;
+constexpr int firstStatusOfServerError = 500;
+
+bool isUnanswered(const FetchResult &result)
+{
+    return result.error || result.status == tooManyRequests
+        || result.status >= firstStatusOfServerError;
+}
+
 } // namespace
 
 WebDBInterface::WebDBInterface(SiteDefinition resources, HVHTTPQueue &queue)
@@ -111,6 +120,7 @@ bool WebDBInterface::postSearch(const QUrl &url, const QByteArray &form, Handler
         gotResult(result, returnMethod);
     };
     if (mWasCancelled || !mQueue.postURL(url, this, gotPage, form)) {
+        mWasUnanswered = true;
         if (mTrace)
             mTrace->noteRefused(url);
         return false;
@@ -159,6 +169,7 @@ void WebDBInterface::gotResult(const FetchResult &result, const Handler &returnM
     finishedSearch(result.url);
     if (mWasCancelled)
         return;
+    mWasUnanswered |= isUnanswered(result);
     if (mTrace)
         mTrace->beginPage(result);
     returnMethod(result);

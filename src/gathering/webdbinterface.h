@@ -52,6 +52,9 @@ public:
     /// way are cancelled, nothing new starts, and no return method is called any more.
     void cancelSearch();
     [[nodiscard]] bool wasCancelled() const { return mWasCancelled; }
+    /// Whether some fetch got no answer, or one that says that the service is down or busy: that
+    /// nothing was found then means little.
+    [[nodiscard]] bool wasUnanswered() const { return mWasUnanswered; }
     [[nodiscard]] const AlbumList &albums() const { return mAlbums; }
     [[nodiscard]] int totalSearches() const { return mTotalSearches; }
     [[nodiscard]] QString description() const;
@@ -167,5 +170,6 @@ private:
     Substrings mAllowSubstrings = Substrings::Refuse;
     bool mIsCompilation = false;
     bool mWasCancelled = false;
+    bool mWasUnanswered = false;
     bool mHasNotified = false;
 };

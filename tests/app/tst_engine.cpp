@@ -33,7 +33,7 @@ private Q_SLOTS:
         const GatheringOptions options = prefs.gatheringOptions();
         QCOMPARE(options.gather, gatherableAssets);
         QCOMPARE(options.overwrite, Assets());
-        QCOMPARE(options.albumPickingMethod, AlbumPick::MostAgreement);
+        QCOMPARE(options.albumPickingMethod, AlbumPick::Best);
         QVERIFY(options.parallelSearch);
         QCOMPARE(options.overwriteImageThreshold, preferences::noLimit);
         QVERIFY(prefs.readOptions().dialect == ID3Dialect::standard());

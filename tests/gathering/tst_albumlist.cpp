@@ -1,6 +1,6 @@
 #include "base/texts.h"
 
-#include "gathering/albumlist.h"
+#include "gathering/choicerecorder.h"
 #include "support/table.h"
 
 namespace {
@@ -211,6 +211,41 @@ private Q_SLOTS:
             filterAlbums(list, {trustsTitle, u"One"_qs, album, 2}, Substrings::Refuse);
             QCOMPARE(namesOf(list), kept);
         }
+    }
+
+    void tellsWhatItDrops()
+    {
+        using enum AlbumFate;
+        AlbumList list =
+            albumsFrom(u"K|||||One;Night|||||One;Night|||||One;B|||||Two;;C|||||Two"_qs);
+        QStringList dropped;
+        const DropListener listener = [&](const AlbumInfo &album, AlbumFate fate) {
+            dropped << *album.name() + QString::number(static_cast<int>(fate));
+        };
+        filterAlbums(list, {true, u"One"_qs, u"Night Live"_qs, 0}, Substrings::Allow, listener);
+        filterAlbums(list = albumsFrom(u"K|||||1;B|||||1,2"_qs), {false, {}, {}, 2}, {}, listener);
+        QStringList expected;
+        for (const auto &[name, fate] : {std::pair{u"B"_qs, TitleNotOnAlbum},
+                                         {u"C"_qs, TitleNotOnAlbum},
+                                         {u"Night"_qs, Merged},
+                                         {u"K"_qs, OtherName},
+                                         {u"K"_qs, OtherNumberOfTracks}})
+            expected << name + QString::number(static_cast<int>(fate));
+        QCOMPARE(dropped, expected);
+    }
+
+    void keepsSoManyCandidatesAndTheChosenOne()
+    {
+        AlbumList list(ChoiceRecorder::mostCandidates + 50, albumWith({u"One"_qs}));
+        for (AlbumInfo &album : list)
+            album.setName(QString(1000, u'n'));
+        ChoiceRecorder recorder;
+        recorder.begin(list);
+        recorder.end(list, AlbumPick::Best, {list.last(), {}}, true);
+        const QList<AlbumCandidate> kept = recorder.record().candidates;
+        QCOMPARE(kept.size(), ChoiceRecorder::mostCandidates + 1);
+        QCOMPARE(kept.last().fate, AlbumFate::Chosen);
+        QCOMPARE(kept.last().album->size(), ChoiceRecorder::longestText);
     }
 
     void choosesAnAlbum_data()

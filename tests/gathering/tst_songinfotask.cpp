@@ -247,6 +247,47 @@ private Q_SLOTS:
         QCOMPARE(task.desiredAssetFlags(), Assets(AssetYear));
     }
 
+    void recordsWhatWasAnsweredAndChosen_data()
+    {
+        using enum ChoiceReason;
+        const Table<AlbumPick, QString, ChoiceReason, QString> row("method", "title", "reason",
+                                                                   "candidates");
+        row("no method", AlbumPick::None, u"Dawn"_qs, NoMethod, u"Night 0,Day 0,Noon 3"_qs);
+        row("a year", AlbumPick::EarliestYear, u"Dawn"_qs, EarliestYear,
+            u"Night 1,Day 7,Noon 3"_qs);
+        row("best first", AlbumPick::Best, u"Dawn"_qs, HighestScore, u"Day 7,Night 1,Noon 3"_qs);
+        row("another song", AlbumPick::EarliestYear, u"Nil"_qs, SongNotOnAlbum,
+            u"Night 1,Day 1,Noon 6"_qs);
+    }
+    void recordsWhatWasAnsweredAndChosen()
+    {
+        QFETCH(AlbumPick, method);
+        QFETCH(QString, title);
+        World world;
+        world.adds(u"Discs"_qs, AssetYear,
+                   {albumOf(u"Night"_qs, u"1999"_qs, nightTracks),
+                    albumOf(u"Day"_qs, u"1990"_qs, nightTracks),
+                    albumOf(u"Noon"_qs, u"1980"_qs, {u"Other"_qs}), lyricsOf(u"la"_qs)});
+        world.adds(u"Silent"_qs, AssetGenre, {});
+        world.adds(u"Dead"_qs, AssetGenre, {});
+        world.server.serve(u"/page?Dead"_qs, {.status = 503});
+        SongInfoTask &task = world.taskFor({.title = title}, Assets(AssetYear) | AssetGenre);
+        task.setAlbumSelectionMethod(method);
+        QVERIFY(world.run());
+        const ChoiceRecord &record = task.choices();
+        QTEST(record.reason, "reason");
+        QStringList candidates;
+        for (const AlbumCandidate &candidate : record.candidates)
+            candidates << *candidate.album + u' '
+                    + QString::number(static_cast<int>(candidate.fate));
+        QTEST(candidates.join(u','), "candidates");
+        QList<int> answers;
+        for (const SourceAnswer &answer : record.answers)
+            answers << static_cast<int>(answer.kind);
+        std::sort(answers.begin(), answers.end()); // at once, they answer in any order
+        QCOMPARE(answers, (QList{0, 1, 2}));
+    }
+
     void endsWithoutAnySource_data()
     {
         const Table<uint, uint> row("supplies", "gather");

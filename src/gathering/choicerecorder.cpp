@@ -1,0 +1,110 @@
+#include "gathering/choicerecorder.h"
+
+#include <algorithm>
+
+namespace {
+
+std::optional<QString> shortened(const std::optional<QString> &text)
+{
+    return text ? std::optional(text->left(ChoiceRecorder::longestText)) : std::nullopt;
+}
+
+AlbumCandidate candidateOf(const AlbumInfo &album)
+{
+    return {.source = album.sourceInterfaceName(),
+            .album = shortened(album.name()),
+            .artist = shortened(album.artist()),
+            .year = shortened(album.year()),
+            .tracks = album.numberOfTracks(),
+            .hasArtwork = album.artURLString().has_value(),
+            .score = album.score()};
+}
+
+ChoiceReason reasonOfMethod(AlbumPick method)
+{
+    switch (method) {
+    case AlbumPick::EarliestYear:
+        return ChoiceReason::EarliestYear;
+    case AlbumPick::MostAgreement:
+        return ChoiceReason::MostAgreement;
+    case AlbumPick::Best:
+        return ChoiceReason::HighestScore;
+    case AlbumPick::None:
+        break;
+    }
+    return ChoiceReason::NoMethod;
+}
+
+ChoiceReason reasonOf(qsizetype left, std::size_t found, AlbumPick method,
+                      const AlbumChoice &choice, bool isOnAlbum)
+{
+    if (choice.problem)
+        return ChoiceReason::NoUsableYear;
+    if (choice.album && !isOnAlbum)
+        return ChoiceReason::SongNotOnAlbum;
+    if (left > 1)
+        return reasonOfMethod(method);
+    return found == 1 ? ChoiceReason::OnlyAlbum : ChoiceReason::LastLeft;
+}
+
+} // namespace
+
+void ChoiceRecorder::answered(const SourceAnswer &answer)
+{
+    mRecord.answers << answer;
+    if (mRecord.reason == ChoiceReason::NotSearched)
+        mRecord.reason = ChoiceReason::NothingFound;
+}
+
+void ChoiceRecorder::begin(AlbumList &albums)
+{
+    mRound.clear();
+    for (AlbumInfo &album : albums) {
+        if (carriesOnlyLyrics(album))
+            continue;
+        album.setCandidateNumber(static_cast<int>(mRound.size()));
+        mRound.push_back(candidateOf(album));
+    }
+}
+
+void ChoiceRecorder::dropped(const AlbumInfo &album, AlbumFate fate)
+{
+    const int number = album.candidateNumber();
+    if (number >= 0)
+        mRound[static_cast<std::size_t>(number)].fate = fate;
+}
+
+void ChoiceRecorder::end(const AlbumList &left, AlbumPick method, const AlbumChoice &choice,
+                         bool isOnAlbum)
+{
+    if (mRound.empty())
+        return;
+    if (choice.album) {
+        for (const AlbumInfo &album : left)
+            dropped(album, AlbumFate::NotPicked);
+        dropped(*choice.album, isOnAlbum ? AlbumFate::Chosen : AlbumFate::SongNotOnAlbum);
+    }
+    if (!mRecord.isChosen()) // the first album that was chosen is the one to explain
+        explain(reasonOf(left.size(), mRound.size(), method, choice, isOnAlbum), left, choice);
+    keepRound();
+}
+
+void ChoiceRecorder::explain(ChoiceReason reason, const AlbumList &left, const AlbumChoice &choice)
+{
+    mRecord.reason = reason;
+    mRecord.pickedAlbum = choice.album ? shortened(choice.album->name()) : std::nullopt;
+    mRecord.found = static_cast<int>(mRound.size());
+    mRecord.left = static_cast<int>(left.size());
+}
+
+/// A later search may find again what an earlier one found; it is told of once.
+void ChoiceRecorder::keepRound()
+{
+    QList<AlbumCandidate> &kept = mRecord.candidates;
+    const QList<AlbumCandidate> earlier = kept;
+    for (const AlbumCandidate &candidate : mRound) {
+        const bool hasRoom = kept.size() < mostCandidates || candidate.fate == AlbumFate::Chosen;
+        if (hasRoom && !earlier.contains(candidate))
+            kept << candidate;
+    }
+}

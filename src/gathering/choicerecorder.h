@@ -1,0 +1,34 @@
+#pragma once
+
+#include "gathering/albumlist.h"
+#include "gathering/choicerecord.h"
+
+#include <vector>
+
+/// Writes the record of one song. Each time that albums are looked at is a round: those of one
+/// source, or of all at once. Albums that hold nothing but lyrics are no candidates.
+class ChoiceRecorder {
+public:
+    /// More candidates tell nobody anything; those of a song that every source knows stay below.
+    static constexpr qsizetype mostCandidates = 100;
+    /// Characters of a name; what a page holds may be of any length.
+    static constexpr qsizetype longestText = 200;
+
+    void answered(const SourceAnswer &answer);
+
+    /// Begins a round, and numbers the albums so that they are known again.
+    void begin(AlbumList &albums);
+    void dropped(const AlbumInfo &album, AlbumFate fate);
+    /// Ends it. `left`: what the filters left; `isOnAlbum`: whether the chosen album may be the
+    /// song's.
+    void end(const AlbumList &left, AlbumPick method, const AlbumChoice &choice, bool isOnAlbum);
+
+    [[nodiscard]] const ChoiceRecord &record() const { return mRecord; }
+
+private:
+    void explain(ChoiceReason reason, const AlbumList &left, const AlbumChoice &choice);
+    void keepRound();
+
+    std::vector<AlbumCandidate> mRound; ///< by number
+    ChoiceRecord mRecord;
+};

@@ -1,0 +1,98 @@
+#include "gathering/albumscore.h"
+#include "support/table.h"
+#include "support/tempfiles.h"
+
+namespace {
+
+using Fields = QHash<QString, QString>;
+
+/// "title = Neon Rain, year = 1988".
+Fields fieldsIn(const QString &line)
+{
+    Fields fields;
+    for (const QString &field : line.split(u", "_qs))
+        fields[field.section(u" = "_qs, 0, 0)] = field.section(u" = "_qs, 1);
+    return fields;
+}
+
+ScoredSong songOf(const Fields &fields)
+{
+    ScoredSong song;
+    if (fields.contains(u"title"_qs))
+        song.title = fields[u"title"_qs];
+    song.artists = QStringList{fields[u"artist"_qs]};
+    song.tracksOnAlbum = fields[u"tracks"_qs].toInt();
+    song.year = fields[u"year"_qs].toInt();
+    song.isCompilation = fields.contains(u"compilation"_qs);
+    song.allowSubstrings =
+        fields.contains(u"substrings"_qs) ? Substrings::Allow : Substrings::Refuse;
+    return song;
+}
+
+/// Of the cells source, album, artist, year, tracks, title.
+AlbumInfo albumOf(const QStringList &cells)
+{
+    const auto cell = [&](qsizetype column) {
+        return cells[column] == u"–"_qs ? std::nullopt : std::optional(cells[column]);
+    };
+    AlbumInfo album(cell(2), cell(1));
+    album.setSourceInterfaceName(cells[0]);
+    album.setYear(cell(3));
+    if (const auto tracks = cell(4)) {
+        QStringList titles(tracks->toInt(), u"Another"_qs);
+        if (cells[5] != u"no"_qs)
+            titles[1] = cells[5] == u"part"_qs ? u"Neon Rain (Live)"_qs : u"Neon Rain"_qs;
+        album.setTrackNames(titles);
+    }
+    return album;
+}
+
+QString row(const AlbumInfo &album)
+{
+    return album.sourceInterfaceName() + u' ' + *album.name() + u' '
+        + QString::number(album.score().value_or(-1));
+}
+
+} // namespace
+
+class AlbumScoreTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void scoresTheDocumentedExamples_data()
+    {
+        const Table<ScoredSong, QList<QStringList>> table("song", "rows");
+        const QByteArray page = fileContents(qEnvironmentVariable("TAGWRIGHT_TEST_DATA")
+                                             + u"/../../docs/matching.md"_qs);
+        for (const QString &example : QString::fromUtf8(page).split(u"\nSong: "_qs).mid(1)) {
+            const QStringList lines = example.split(u'\n');
+            QList<QStringList> rows;
+            for (const QString &line : lines)
+                if (line.startsWith(u"| "_qs))
+                    rows << line.mid(2).chopped(2).split(u" | "_qs);
+            table(qPrintable(lines[0]), songOf(fieldsIn(lines[0])), rows.mid(2));
+        }
+    }
+    void scoresTheDocumentedExamples()
+    {
+        QFETCH(ScoredSong, song);
+        QFETCH(QList<QStringList>, rows);
+        AlbumList albums;
+        QStringList expected;
+        for (const QStringList &cells : rows) {
+            albums.prepend(albumOf(cells));
+            expected << QStringList{cells[0], cells[1], cells[6]}.join(u' ');
+        }
+        rankByScore(albums, song, {u"A"_qs, u"B"_qs, u"C"_qs});
+        QStringList ranked;
+        for (const AlbumInfo &album : std::as_const(albums))
+            ranked << row(album);
+        QCOMPARE(ranked.join(u'\n'), expected.join(u'\n'));
+        QVERIFY(rows.size() > 1);
+    }
+};
+
+Q_DECLARE_METATYPE(ScoredSong)
+
+QTEST_GUILESS_MAIN(AlbumScoreTest)
+#include "tst_albumscore.moc"
