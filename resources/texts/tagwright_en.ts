@@ -15,6 +15,82 @@
         <source>Artwork</source>
         <translation>Artwork</translation>
     </message>
+    <message id="ChoiceAlbumName">
+        <source>“%1”</source>
+        <translation>“%1”</translation>
+    </message>
+    <message id="ChoiceAlbumWithoutName">
+        <source>an album without a name</source>
+        <translation>an album without a name</translation>
+    </message>
+    <message id="ChoiceEarliestYear">
+        <source>Chosen: %1, the earliest of %2 albums</source>
+        <translation>Chosen: %1, the earliest of %2 albums</translation>
+    </message>
+    <message id="ChoiceHighestScore">
+        <source>Chosen: %1, which has the highest score of %2 albums</source>
+        <translation>Chosen: %1, which has the highest score of %2 albums</translation>
+    </message>
+    <message id="ChoiceLastLeft">
+        <source>Chosen: %1, which is what is left of %2 albums</source>
+        <translation>Chosen: %1, which is what is left of %2 albums</translation>
+    </message>
+    <message id="ChoiceMostAgreement">
+        <source>Chosen: %1, which was found most often of %2 albums</source>
+        <translation>Chosen: %1, which was found most often of %2 albums</translation>
+    </message>
+    <message id="ChoiceNoMethod">
+        <source>Nothing chosen: %1 albums fit, and no method picks one of them</source>
+        <translation>Nothing chosen: %1 albums fit, and no method picks one of them</translation>
+    </message>
+    <message id="ChoiceNoUsableYear">
+        <source>Nothing chosen: none of %1 albums has a usable year</source>
+        <translation>Nothing chosen: none of %1 albums has a usable year</translation>
+    </message>
+    <message id="ChoiceNothingFound">
+        <source>Nothing chosen: no album was found</source>
+        <translation>Nothing chosen: no album was found</translation>
+    </message>
+    <message id="ChoiceOnlyAlbum">
+        <source>Chosen: %1, the only album that was found</source>
+        <translation>Chosen: %1, the only album that was found</translation>
+    </message>
+    <message id="ChoiceSongNotOnAlbum">
+        <source>Nothing chosen: the song is not on %1</source>
+        <translation>Nothing chosen: the song is not on %1</translation>
+    </message>
+    <message id="ChoiceWithoutSources">
+        <source>%1 (no answer from %2)</source>
+        <translation>%1 (no answer from %2)</translation>
+    </message>
+    <message id="DroppedMerged">
+        <source>counted with another album of the same name</source>
+        <translation>counted with another album of the same name</translation>
+    </message>
+    <message id="DroppedNotPicked">
+        <source>another album was picked</source>
+        <translation>another album was picked</translation>
+    </message>
+    <message id="DroppedOtherName">
+        <source>another name than the song’s album, which others have</source>
+        <translation>another name than the song’s album, which others have</translation>
+    </message>
+    <message id="DroppedOtherNumberOfTracks">
+        <source>another number of tracks than the song’s album, which others have</source>
+        <translation>another number of tracks than the song’s album, which others have</translation>
+    </message>
+    <message id="DroppedSongNotOnAlbum">
+        <source>the song is not on it</source>
+        <translation>the song is not on it</translation>
+    </message>
+    <message id="DroppedTitleNotOnAlbum">
+        <source>the title is not on it, but on others</source>
+        <translation>the title is not on it, but on others</translation>
+    </message>
+    <message id="DroppedUndecided">
+        <source>it fits, but no album was picked</source>
+        <translation>it fits, but no album was picked</translation>
+    </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
         <translation>“%1” is no address that can be fetched: only http and https are</translation>

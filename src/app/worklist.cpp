@@ -52,6 +52,7 @@ SongOutcome outcomeOf(const SongInfoTask &task)
     outcome.sources = task.sourcesOfAssets();
     outcome.error = task.errorMessage();
     outcome.undecidedCandidates = task.undecidedCandidates();
+    outcome.choices = task.choices();
     return outcome;
 }
 } // namespace

@@ -26,6 +26,7 @@ struct SongOutcome {
     bool failed = false; ///< could not be read or written; `error` says why
     std::optional<QString> error; ///< the task's message, or why it failed
     int undecidedCandidates = 0; ///< albums among which none was chosen
+    ChoiceRecord choices;
 };
 
 enum class WriteSongs { Yes, No };

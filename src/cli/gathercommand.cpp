@@ -50,12 +50,12 @@ SongList loadedSongs(const std::vector<SongSource> &sources, const ReadOptions &
     return songs;
 }
 
-void tellOutcome(const SongOutcome &outcome, Report &report)
+void tellOutcome(const SongOutcome &outcome, Detail detail, Report &report)
 {
     if (report.format() == ReportFormat::JsonLines)
         report.object(outcomeAsJson(outcome));
     else
-        report.text(outcomeAsText(outcome));
+        report.text(outcomeAsText(outcome, detail));
     report.flush();
     if (outcome.failed)
         report.error(outcome.song->path(), outcome.error.value_or(QString()));
@@ -103,7 +103,10 @@ int runGather(const Arguments &arguments, Report &report)
         return ExitStatus::wrongArguments;
     }
 
-    const auto tell = [&report](const SongOutcome &outcome) { tellOutcome(outcome, report); };
+    const Detail detail = arguments.verbose ? Detail::Verbose : Detail::Calm;
+    const auto tell = [&report, detail](const SongOutcome &outcome) {
+        tellOutcome(outcome, detail, report);
+    };
     const ReadOptions reading = readOptionsOf(arguments, engine.prefs);
     int refused = 0;
     SourceLoading loading(engine, interrupt, report,

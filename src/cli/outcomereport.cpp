@@ -1,5 +1,7 @@
 #include "cli/outcomereport.h"
 
+#include "app/choicetexts.h"
+
 #include <QJsonArray>
 
 using namespace Qt::StringLiterals;
@@ -36,6 +38,66 @@ QString changesAsText(const SongOutcome &outcome)
         + (sources.isEmpty() ? QString() : QStringLiteral(" from ") + sources);
 }
 
+QJsonValue asJson(const std::optional<QString> &text)
+{
+    return text ? QJsonValue(*text) : QJsonValue();
+}
+
+QJsonObject candidateAsJson(const AlbumCandidate &candidate)
+{
+    return {
+        {u"source"_s, candidate.source},
+        {u"album"_s, asJson(candidate.album)},
+        {u"artist"_s, asJson(candidate.artist)},
+        {u"year"_s, asJson(candidate.year)},
+        {u"tracks"_s, candidate.tracks},
+        {u"art"_s, candidate.hasArtwork},
+        {u"score"_s, candidate.score ? QJsonValue(*candidate.score) : QJsonValue()},
+        {u"dropped"_s, asJson(textOfFate(candidate.fate))},
+    };
+}
+
+QJsonArray candidatesAsJson(const ChoiceRecord &choices)
+{
+    QJsonArray candidates;
+    for (const AlbumCandidate &candidate : choices.candidates)
+        candidates.append(candidateAsJson(candidate));
+    return candidates;
+}
+
+QString candidateAsText(const AlbumCandidate &candidate)
+{
+    QStringList facts;
+    if (candidate.year)
+        facts << *candidate.year;
+    facts << QStringLiteral("%1 tracks").arg(candidate.tracks);
+    if (candidate.hasArtwork)
+        facts << QStringLiteral("artwork");
+    if (candidate.score)
+        facts << QStringLiteral("score %1").arg(*candidate.score);
+    return QStringLiteral("\n    %1: %2 – %3 (%4): %5")
+        .arg(candidate.source, candidate.artist.value_or(QStringLiteral("?")),
+             candidate.album.value_or(QStringLiteral("?")), facts.join(QStringLiteral(", ")),
+             textOfFate(candidate.fate).value_or(QStringLiteral("chosen")));
+}
+
+QString choicesAsText(const ChoiceRecord &choices)
+{
+    QString text;
+    if (const auto reason = textOfReason(choices))
+        text += QStringLiteral("\n  ") + *reason;
+    for (const AlbumCandidate &candidate : choices.candidates)
+        text += candidateAsText(candidate);
+    return text;
+}
+
+/// Whether the reader would wonder: albums were there and none was taken, and nothing says why.
+bool needsReason(const SongOutcome &outcome)
+{
+    return !outcome.choices.isChosen() && !outcome.choices.candidates.isEmpty() && !outcome.error
+        && outcome.undecidedCandidates <= 1;
+}
+
 } // namespace
 
 QJsonObject outcomeAsJson(const SongOutcome &outcome)
@@ -50,11 +112,13 @@ QJsonObject outcomeAsJson(const SongOutcome &outcome)
         {u"missing"_s, assetKeys(outcome.missing)},
         {u"sources"_s, sources},
         {u"written"_s, outcome.written},
-        {u"error"_s, outcome.error ? QJsonValue(*outcome.error) : QJsonValue()},
+        {u"error"_s, asJson(outcome.error)},
+        {u"candidates"_s, candidatesAsJson(outcome.choices)},
+        {u"reason"_s, asJson(textOfReason(outcome.choices))},
     };
 }
 
-QString outcomeAsText(const SongOutcome &outcome)
+QString outcomeAsText(const SongOutcome &outcome, Detail detail)
 {
     QString text = outcome.song->path();
     if (outcome.failed)
@@ -67,5 +131,9 @@ QString outcomeAsText(const SongOutcome &outcome)
     if (outcome.undecidedCandidates > 1)
         text += QStringLiteral("\n  %1 albums found; --pick chooses one of them")
                     .arg(outcome.undecidedCandidates);
+    if (detail == Detail::Verbose)
+        text += choicesAsText(outcome.choices);
+    else if (needsReason(outcome))
+        text += QStringLiteral("\n  ") + textOfReason(outcome.choices).value_or(QString());
     return text;
 }

@@ -191,6 +191,11 @@ class Programs(unittest.TestCase):
         before = song(self.music / "a.mp3", TIT2="Low Water", TPE1="Nila Oster").read_bytes()
         first, summary = self.gather("--dry-run")
         self.assertTrue(first["changed"])
+        self.assertEqual(first["candidates"][0] | {"score": None},
+                         {"source": "FreeDBInterface", "album": "Harbour Lights",
+                          "artist": "Nila Oster", "year": "2007", "tracks": 2, "art": False,
+                          "score": None, "dropped": None})
+        self.assertIn("Harbour Lights", first["reason"])
         self.assertFalse(first["written"])
         self.assertEqual(summary["summary"]["modified"], 1)
         self.assertEqual((self.music / "a.mp3").read_bytes(), before)

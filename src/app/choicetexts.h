@@ -1,0 +1,12 @@
+#pragma once
+
+#include "gathering/choicerecord.h"
+
+// A record of a choice in words, for the report and the window.
+
+/// Why the album was chosen, or why none; with the sources that could not be asked. Nothing when
+/// no source was asked.
+[[nodiscard]] std::optional<QString> textOfReason(const ChoiceRecord &record);
+
+/// Why the album was not chosen; nothing for a chosen one.
+[[nodiscard]] std::optional<QString> textOfFate(AlbumFate fate);
