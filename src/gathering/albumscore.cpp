@@ -21,6 +21,11 @@ constexpr int half = 50; // also for what the album does not say
 constexpr int yearsUntilNothing = 10;
 constexpr int tracksOfBonus = 2;
 
+// Differences in milliseconds: pressings differ a little in the silence at their ends, while
+// other versions differ by much more.
+constexpr qint64 sameLength = 3'000;
+constexpr qint64 otherLength = 15'000;
+
 constexpr QLatin1String various("various");
 
 using Mark = std::optional<int>; ///< absent: nothing is known of the song to compare with
@@ -35,6 +40,7 @@ struct Field {
     QHash<QString, QSet<QString>> sourcesOfName; ///< by simplified name
     qsizetype sources = 0; ///< that found albums with a name
     int year = 0; ///< that albums should be of; 0: not known
+    bool knowsLengths = false; ///< of tracks
 };
 
 /// A song in the form in which it is compared.
@@ -98,6 +104,29 @@ Mark trackCountMark(const AlbumInfo &album, const Wanted &wanted)
     return difference <= tracksOfBonus ? half : 0;
 }
 
+/// Of the song's track, in milliseconds; 0 where the album does not tell.
+qint64 lengthOnAlbum(const AlbumInfo &album, const Wanted &wanted)
+{
+    if (album.trackLengths().isEmpty())
+        return 0;
+    const int number = wanted.title
+        ? album.numberOfTrackSimplified(*wanted.title, wanted.song.allowSubstrings)
+        : wanted.song.trackNumber;
+    return album.trackLengths().value(number - 1);
+}
+
+Mark lengthMark(const AlbumInfo &album, const Wanted &wanted, const Field &field)
+{
+    if (!wanted.song.duration || !field.knowsLengths)
+        return {};
+    const qint64 length = lengthOnAlbum(album, wanted);
+    if (length <= 0)
+        return half;
+    const qint64 difference =
+        std::clamp(std::abs(length - *wanted.song.duration), sameLength, otherLength);
+    return static_cast<int>(perfect * (otherLength - difference) / (otherLength - sameLength));
+}
+
 Mark yearMark(const AlbumInfo &album, const Field &field)
 {
     if (field.year == 0)
@@ -112,9 +141,9 @@ Mark yearMark(const AlbumInfo &album, const Field &field)
 int scoreOf(const AlbumInfo &album, const Wanted &wanted, const Field &field)
 {
     const std::array marks{
-        Weighed{30, titleMark(album, wanted)},    Weighed{20, artistMark(album, wanted)},
-        Weighed{20, agreementMark(album, field)}, Weighed{10, trackCountMark(album, wanted)},
-        Weighed{10, yearMark(album, field)},
+        Weighed{30, titleMark(album, wanted)},         Weighed{20, artistMark(album, wanted)},
+        Weighed{20, agreementMark(album, field)},      Weighed{10, trackCountMark(album, wanted)},
+        Weighed{10, lengthMark(album, wanted, field)}, Weighed{10, yearMark(album, field)},
     };
     int sum = 0;
     int weights = 0;
@@ -146,6 +175,7 @@ Field fieldOf(const AlbumList &albums, const Wanted &wanted)
     Field field;
     QSet<QString> sources;
     for (const AlbumInfo &album : albums) {
+        field.knowsLengths |= !album.trackLengths().isEmpty();
         const QString name = album.simplifiedName();
         if (name.isEmpty())
             continue;

@@ -10,7 +10,9 @@ struct ScoredSong {
     std::optional<QString> title; ///< absent also when it is looked for
     QStringList artists; ///< the artist in each of its forms
     bool isCompilation = false;
+    int trackNumber = 0;
     int tracksOnAlbum = 0;
+    std::optional<qint64> duration; ///< milliseconds
     int year = 0; ///< 0 also when it may be overwritten
     Substrings allowSubstrings = Substrings::Refuse;
 };

@@ -33,7 +33,9 @@ ScoredSong scoredSong(const SearchRequest &request, const AudioInfoTag &tag,
         if (artist)
             song.artists << *artist;
     song.isCompilation = request.isCompilation;
+    song.trackNumber = tag.trackNumber();
     song.tracksOnAlbum = tag.numberOfTracksOnAlbum();
+    song.duration = request.songDuration;
     song.year = ledger.isDesired(AssetYear) ? 0 : integerValue(tag.year().value_or(QString()));
     song.allowSubstrings = request.allowSubstrings;
     return song;

@@ -22,6 +22,8 @@ ScoredSong songOf(const Fields &fields)
         song.title = fields[u"title"_qs];
     song.artists = QStringList{fields[u"artist"_qs]};
     song.tracksOnAlbum = fields[u"tracks"_qs].toInt();
+    if (fields.contains(u"length"_qs))
+        song.duration = 1000 * fields[u"length"_qs].toInt();
     song.year = fields[u"year"_qs].toInt();
     song.isCompilation = fields.contains(u"compilation"_qs);
     song.allowSubstrings =
@@ -29,7 +31,7 @@ ScoredSong songOf(const Fields &fields)
     return song;
 }
 
-/// Of the cells source, album, artist, year, tracks, title.
+/// Of the cells source, album, artist, year, tracks, title and perhaps length.
 AlbumInfo albumOf(const QStringList &cells)
 {
     const auto cell = [&](qsizetype column) {
@@ -43,6 +45,8 @@ AlbumInfo albumOf(const QStringList &cells)
         if (cells[5] != u"no"_qs)
             titles[1] = cells[5] == u"part"_qs ? u"Neon Rain (Live)"_qs : u"Neon Rain"_qs;
         album.setTrackNames(titles);
+        if (cells.size() > 7)
+            album.setTrackLengths({0, 1000 * cells[6].toInt()});
     }
     return album;
 }
@@ -81,7 +85,7 @@ private Q_SLOTS:
         QStringList expected;
         for (const QStringList &cells : rows) {
             albums.prepend(albumOf(cells));
-            expected << QStringList{cells[0], cells[1], cells[6]}.join(u' ');
+            expected << QStringList{cells[0], cells[1], cells.last()}.join(u' ');
         }
         rankByScore(albums, song, {u"A"_qs, u"B"_qs, u"C"_qs});
         QStringList ranked;
