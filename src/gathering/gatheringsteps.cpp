@@ -1,11 +1,10 @@
 #include "gathering/gatheringsteps.h"
 
 #include "base/nextturn.h"
-#include "gathering/albumscore.h"
+#include "gathering/songfacts.h"
 #include "gathering/songfilling.h"
 #include "tags/songbytes.h"
 #include "tags/songlength.h"
-#include "text/integervalue.h"
 
 #include <algorithm>
 #include <chrono>
@@ -22,23 +21,6 @@ std::optional<QUrl> artURLOf(const AlbumInfo &album)
 {
     const QUrl url(album.artURLString().value_or(QString()));
     return url.isValid() && !url.scheme().isEmpty() ? std::optional(url) : std::nullopt;
-}
-
-ScoredSong scoredSong(const SearchRequest &request, const AudioInfoTag &tag,
-                      const AssetLedger &ledger)
-{
-    ScoredSong song;
-    song.title = request.songTitle;
-    for (const auto &artist : {request.artist, request.alternateArtist})
-        if (artist)
-            song.artists << *artist;
-    song.isCompilation = request.isCompilation;
-    song.trackNumber = tag.trackNumber();
-    song.tracksOnAlbum = tag.numberOfTracksOnAlbum();
-    song.duration = request.songDuration;
-    song.year = ledger.isDesired(AssetYear) ? 0 : integerValue(tag.year().value_or(QString()));
-    song.allowSubstrings = request.allowSubstrings;
-    return song;
 }
 
 } // namespace
@@ -322,7 +304,7 @@ AlbumChoice GatheringSteps::choiceAmong(AlbumList &albums)
         rankByScore(albums, scoredSong(searchRequest(), tag(), mLedger), mSources);
     mRecorder.begin(albums);
     filterAlbums(
-        albums, songFacts(), mChoices.allowSubstrings,
+        albums, songFacts(tag(), mLedger), mChoices.allowSubstrings,
         [this](const AlbumInfo &album, AlbumFate fate) { mRecorder.dropped(album, fate); });
     const SongWords words{tag().artist().value_or(QString()), tag().title().value_or(QString())};
     AlbumChoice choice = chooseAlbum(albums, method, words);
@@ -330,15 +312,6 @@ AlbumChoice GatheringSteps::choiceAmong(AlbumList &albums)
         choice.album && mayBeAlbumOfSong(*choice.album, tag(), mLedger, mChoices.allowSubstrings);
     mRecorder.end(albums, method, choice, isOnIt);
     return choice;
-}
-
-SongFacts GatheringSteps::songFacts()
-{
-    const AudioInfoTag &song = tag();
-    return {.trustsTitle = !mLedger.isDesired(AssetSongTitle),
-            .title = song.title(),
-            .album = mLedger.isDesired(AssetAlbumName) ? std::nullopt : song.album(),
-            .tracksOnAlbum = song.numberOfTracksOnAlbum()};
 }
 
 bool GatheringSteps::isOnAlbum(const AlbumInfo &album)

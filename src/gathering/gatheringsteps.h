@@ -72,7 +72,6 @@ private:
     void serialFetchArt(const AlbumInfo &album);
 
     [[nodiscard]] std::optional<AlbumInfo> chosenAlbum(AlbumList albums);
-    [[nodiscard]] SongFacts songFacts();
     [[nodiscard]] AlbumChoice choiceAmong(AlbumList &albums);
     [[nodiscard]] bool isOnAlbum(const AlbumInfo &album);
     void applyResourcesFromAlbum(const AlbumInfo &album, const Step &then);
