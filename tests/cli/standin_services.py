@@ -1,5 +1,6 @@
 """The living services on loopback hosts: the music database, its cover archive with the two hosts
-that it sends on to, the lyrics service and the music shop, with their limits, errors and gaps.
+that it sends on to, the lyrics service, the music shop and the service that knows songs by their
+sound, with their limits, errors and gaps.
 
 Run by itself it prints definitions that lead there, for a try by hand."""
 
@@ -8,6 +9,7 @@ import contextlib
 import hashlib
 import http.server
 import json
+import os
 import plistlib
 import re
 import sys
@@ -23,12 +25,15 @@ DEFAULTS = Path(__file__).resolve().parents[2] / "resources" / "defaultres.xml"
 FASTER = 10  # than the real rules
 MUSICBRAINZ, COVERS, LYRICS, SHOP = SERVICES = (
     "MusicBrainzInterface", "CoverArtArchiveInterface", "LRCLIBInterface", "DeezerInterface")
+SOUND = "AcoustIDLookup"
 ARCHIVE, STORAGE = "archive", "storage"  # where the covers' own host sends on to
 HOSTS = {MUSICBRAINZ: "127.0.0.1", COVERS: "127.0.0.2", ARCHIVE: "127.0.0.3",
-         STORAGE: "localhost", LYRICS: "127.0.0.4", SHOP: "127.0.0.5"}
+         STORAGE: "localhost", LYRICS: "127.0.0.4", SHOP: "127.0.0.5", SOUND: "127.0.0.6"}
 REAL = {MUSICBRAINZ: "https://musicbrainz.org", COVERS: "https://coverartarchive.org",
-        LYRICS: "https://lrclib.net", SHOP: "https://api.deezer.com"}
-LEAST_INTERVAL = {MUSICBRAINZ: 1 / FASTER, LYRICS: 0.2 / FASTER, SHOP: 0.1 / FASTER}  # seconds
+        LYRICS: "https://lrclib.net", SHOP: "https://api.deezer.com",
+        SOUND: "https://api.acoustid.org"}
+LEAST_INTERVAL = {MUSICBRAINZ: 1 / FASTER, LYRICS: 0.2 / FASTER, SHOP: 0.1 / FASTER,
+                  SOUND: 0.33 / FASTER}  # seconds
 JITTER = 0.06  # seconds by which a request may come late, and the next one not
 LATENCY = 0.01  # seconds that an answer takes, so that requests side by side are seen
 
@@ -379,12 +384,49 @@ class Shop:
                 "artist": self.artist(song.artist), "album": self.album(release)}
 
 
+class Sounds:
+    """Asked by a form. `songs` maps fingerprints to songs; decoders may differ a little."""
+
+    KEY = "standin-key"
+
+    def __init__(self, songs):
+        self.songs = songs
+
+    def answer(self, path, form):
+        if path != "/v2/lookup" or not form.get("duration", "").isdigit():
+            raise Refused(f"{path}: {form}")
+        if form.get("client") != self.KEY:
+            return in_json({"status": "error",
+                            "error": {"code": 4, "message": "invalid API key"}}, 400)
+        song = self.like(form["fingerprint"])
+        bare = {"id": identifier("recording alone")}
+        results = [{"id": identifier("sound"), "score": 0.97,
+                    "recordings": [bare, self.recording(song, form)]},
+                   {"id": identifier("other"), "score": 0.31}] if song else []
+        return in_json({"status": "ok", "results": results})
+
+    def like(self, fingerprint):
+        return next((song for known, song in self.songs.items()
+                     if len(os.path.commonprefix([known, fingerprint])) > len(known) / 2), None)
+
+    @staticmethod
+    def recording(song, form):
+        told = {"id": song.id, "title": song.title, "duration": song.seconds,
+                "artists": [{"id": identifier(name), "name": name}
+                            | ({"joinphrase": join} if join else {})
+                            for name, join in credits(song.artist)]}
+        groups = [{"id": release.group.id, "title": release.group.title,
+                   "type": release.group.kind} for release in song.releases]
+        return told | ({"releasegroups": groups} if "releasegroups" in form["meta"].split() else {})
+
+
 class Services:
     """All of them. `failing` maps a service to one of FAILURES; `broken` tells what a real service
-    would have refused or asked to leave."""
+    would have refused or asked to leave. `sounds`: songs by fingerprint."""
 
-    def __init__(self, catalogue=None, failing=None):
+    def __init__(self, catalogue=None, failing=None, sounds=None):
         self.failing = failing or {}
+        self.sounds = sounds or {}
         self.requests = collections.Counter()
         self.broken = []
         self.times = collections.defaultdict(list)
@@ -401,7 +443,8 @@ class Services:
         self.answers = {MUSICBRAINZ: MusicBrainz(catalogue).answer, COVERS: covers.own,
                         ARCHIVE: covers.archive, STORAGE: covers.storage,
                         LYRICS: Lyrics(catalogue).answer,
-                        SHOP: Shop(catalogue, self.address).answer}
+                        SHOP: Shop(catalogue, self.address).answer,
+                        SOUND: Sounds(self.sounds).answer}
         for name, server in self.servers.items():
             if self.failing.get(name) == "refused":
                 server.server_close()
@@ -418,6 +461,8 @@ class Services:
             def do_GET(self):
                 with contextlib.suppress(BrokenPipeError, ConnectionResetError):
                     services.serve(service, self)
+
+            do_POST = do_GET
 
             def log_message(self, *arguments):
                 pass
@@ -444,6 +489,8 @@ class Services:
 
     def answered(self, service, handler):
         path, _, query = handler.path.partition("?")
+        if handler.command == "POST":
+            query = handler.rfile.read(int(handler.headers["Content-Length"])).decode()
         agent = handler.headers.get("User-Agent", "")
         if service in (MUSICBRAINZ, LYRICS) and not re.fullmatch(
                 r"Tagwright/[\w.]+ \( ?\S+(://|@)\S+ ?\)", agent):
@@ -484,16 +531,17 @@ class Services:
         """The built-in ones with the stand-in's addresses and hastened paces."""
         values = plistlib.loads(DEFAULTS.read_bytes())
         values["sourcelist"] = list(sources)
-        for source in sources:
-            definition = values[f"res_{source}"]
-            for key, value in definition.items():
-                if isinstance(value, str):
-                    for service, real in REAL.items():
-                        value = value.replace(real, self.address[service])
-                    definition[key] = value
-            definition["minInterval"] = definition.get("minInterval", 0) / FASTER
-            definition.update((changes or {}).get(source, {}))
+        for source in REAL:
+            if definition := values.get(f"res_{source}"):
+                definition |= {key: self.at_home(value) for key, value in definition.items()}
+                definition["minInterval"] = definition.get("minInterval", 0) / FASTER
+                definition |= (changes or {}).get(source, {})
         return plistlib.dumps(values)
+
+    def at_home(self, value):
+        for service, real in REAL.items():
+            value = value.replace(real, self.address[service]) if isinstance(value, str) else value
+        return value
 
     def close(self):
         self.over.set()

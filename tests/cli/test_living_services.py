@@ -12,7 +12,8 @@ import unittest
 from pathlib import Path
 
 from standin_catalogue import INSTRUMENTAL, WITHOUT_ART, WITHOUT_WORDS, Catalogue
-from standin_services import COVERS, FAILURES, LYRICS, MUSICBRAINZ, Services, picture, sha1
+from standin_services import (COVERS, FAILURES, LYRICS, MUSICBRAINZ, SOUND, Services, Sounds,
+                              picture, sha1)
 
 PROGRAM = os.environ["TAGWRIGHT_PROGRAM"]
 SILENCE = (Path(__file__).resolve().parents[2] / "resources" / "silence.m4a").read_bytes()
@@ -93,8 +94,8 @@ class LivingServices(unittest.TestCase):
     maxDiff = None
     catalogue = Catalogue()
 
-    def services(self, **failing):
-        services = Services(self.catalogue, failing)
+    def services(self, sounds=None, **failing):
+        services = Services(self.catalogue, failing, sounds)
         self.addCleanup(services.close)
         return services
 
@@ -147,19 +148,56 @@ class LivingServices(unittest.TestCase):
             with self.subTest(service=service, failure=failure):
                 self.assert_left_out(service, *run.result())
 
-    def failing(self, made, service, failure):
+    def failing(self, made, service, failure, *options):
         home, services = Home(self, made.songs.values(), made), self.services(**{service: failure})
+        home.env = made.env | {"HOME": str(home.path)}
         impatient = {service: {"patience": 0.5}} if failure == "stalled" else {}
-        told, summary = home.gather(services, home.music, changes=impatient)
-        return home, told, summary, services.broken_rules()
+        told, summary = home.gather(services, home.music, *options, changes=impatient)
+        return told, summary, services.broken_rules()
 
-    def assert_left_out(self, service, home, told, summary, broken):
+    def assert_left_out(self, service, told, summary, broken):
         self.assertEqual(broken, [])
         self.assertEqual((summary["processed"], summary["failed"]), (3, 0))
         lost = [service] if service != MUSICBRAINZ else [service, COVERS]  # of which release?
         expected = given_by(set(LIVING) - set(lost))
         for each in told:
             self.assertEqual(set(each["changed"]), expected, each)
+
+    def test_songs_without_names_are_known_by_their_sound(self):
+        home, song = self.home_with_sounds(), self.catalogue.files[30]
+        fingerprint = subprocess.run(["ffmpeg", "-v", "error", "-i", home.music / "01 Track.mp3",
+                                      "-f", "chromaprint", "-"], capture_output=True, check=True)
+        services = self.services({fingerprint.stdout.decode().strip(): song})
+        known, unknown = home.gather(services, home.music, "--identify")[0]
+        self.assertEqual(services.broken_rules(), [])
+        shown = home.shown()[0]
+        self.assert_filled(shown, song)
+        self.assertEqual((shown["title"], shown["artist"]), (song.title, song.artist))
+        self.assertEqual(set(known["changed"]), given_by(LIVING) | {"Artist", "SongTitle"})
+        for field in "Artist", "SongTitle":
+            self.assertEqual(known["sources"][field], SOUND)
+        self.assertEqual(unknown["changed"], [])
+        self.assertIn("not known by its sound", unknown["error"])
+
+    def test_the_service_of_sounds_fails_in_each_way(self):
+        made = self.home_with_sounds()
+        with concurrent.futures.ThreadPoolExecutor(len(FAILURES)) as pool:
+            runs = {failure: pool.submit(self.failing, made, SOUND, failure, "--identify")
+                    for failure in FAILURES}
+        for failure, run in runs.items():
+            with self.subTest(failure=failure):
+                told, summary, _ = run.result()
+                self.assertEqual((summary["processed"], summary["modified"]), (2, 0))
+                self.assertTrue(all("not known by its sound" in each["error"] for each in told))
+
+    def home_with_sounds(self):
+        home = Home(self, [])
+        home.env["TAGWRIGHT_ACOUSTID_KEY"] = Sounds.KEY
+        for name, hertz in ("01 Track.mp3", "330+200*sin(t)"), ("Track 02.m4a", "900*t"):
+            subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i",
+                            f"aevalsrc='sin(6.28*t*({hertz}))':d=20", home.music / name],
+                           check=True)
+        return home
 
 
 if __name__ == "__main__":
