@@ -246,7 +246,5 @@ private Q_SLOTS:
     }
 };
 
-Q_DECLARE_METATYPE(HttpAnswer)
-
 QTEST_GUILESS_MAIN(MusicBrainzInterfaceTest)
 #include "tst_musicbrainzinterface.moc"
