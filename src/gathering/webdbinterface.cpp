@@ -213,8 +213,11 @@ std::optional<QJsonDocument> WebDBInterface::jsonPage(const FetchResult &result)
     JsonAnswer answer = jsonAnswerOf(result);
     if (mTrace)
         mTrace->noteProblem(answer.failedAt, answer.reason);
-    if (!answer.document)
+    if (!answer.document) {
         mQueue.removeURLFromCache(result.url);
+        // A service that answers by an error or with a page did not say what it has.
+        mWasUnanswered |= result.status < 400;
+    }
     return answer.document;
 }
 

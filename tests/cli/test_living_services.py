@@ -4,6 +4,7 @@ it, in few requests, at their pace, and as far as it goes when one of them fails
 import concurrent.futures
 import json
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -103,7 +104,8 @@ class LivingServices(unittest.TestCase):
         album, year, track, genre = self.catalogue.tags(song)
         expected = {"AlbumName": album, "Year": year, "Track": track, "Genre": genre,
                     "Lyrics": song.words,
-                    "Artwork": None if song.album == WITHOUT_ART else sha1(picture(song.album, 500))}
+                    "Artwork": (None if song.album == WITHOUT_ART
+                                else sha1(picture(song.album, 500)))}
         images = [image["sha1"] for image in shown["images"]]
         fields = {"AlbumName": shown["album"], "Year": shown["year"], "Track": shown["track"],
                   "Genre": shown["genres"], "Lyrics": shown["lyrics"],
@@ -120,6 +122,11 @@ class LivingServices(unittest.TestCase):
             for field in given & set(WANTED[source]):
                 self.assertIn(told["sources"][field], (source, "library"), field)
         self.assertEqual((told["written"], told["error"]), (True, None))
+        chosen, = (each for each in told["candidates"] if each["dropped"] is None)
+        self.assertEqual((chosen["source"], chosen["album"], chosen["art"]),
+                         (MUSICBRAINZ, self.catalogue.tags(song)[0], "Artwork" in given))
+        self.assertGreaterEqual(chosen["score"], 50)
+        self.assertRegex(told["reason"], f"^Chosen: .*{re.escape(chosen['album'])}")
 
     def test_a_folder_of_300_songs_is_filled_in_few_requests(self):
         home, services = Home(self, self.catalogue.files), self.services()
@@ -162,6 +169,7 @@ class LivingServices(unittest.TestCase):
         expected = given_by(set(LIVING) - set(lost))
         for each in told:
             self.assertEqual(set(each["changed"]), expected, each)
+            self.assertIn(service, each["reason"], each)
 
     def test_songs_without_names_are_known_by_their_sound(self):
         home, song = self.home_with_sounds(), self.catalogue.files[30]
