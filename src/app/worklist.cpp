@@ -53,6 +53,7 @@ SongOutcome outcomeOf(const SongInfoTask &task)
     outcome.error = task.errorMessage();
     outcome.undecidedCandidates = task.undecidedCandidates();
     outcome.choices = task.choices();
+    outcome.unasked = task.unaskedSources();
     return outcome;
 }
 } // namespace
@@ -93,6 +94,7 @@ void WorkList::beginGathering(const SongList &songs, const GatheringOptions &opt
     mWrite = write;
     mSongsProcessed = 0;
     mSongsModified = 0;
+    mContext.outages.clear();
     mAllSourceAssetsAvailable =
         mContext.catalog.assetsPossibleFromSources(mContext.definitions.sourcelist());
     mNextStep.start();

@@ -27,6 +27,8 @@ struct SongOutcome {
     std::optional<QString> error; ///< the task's message, or why it failed
     int undecidedCandidates = 0; ///< albums among which none was chosen
     ChoiceRecord choices;
+    QList<UnaskedSource>
+        unasked; ///< could not be asked about what is missing, in the order of the sources
 };
 
 enum class WriteSongs { Yes, No };

@@ -46,6 +46,7 @@ struct Arguments {
     std::optional<bool> squareArt;
     std::optional<QString> definitions;
     SitesAction sites = SitesAction::List;
+    bool retry = false;
     bool library = false;
     std::optional<QString> playlist;
 };

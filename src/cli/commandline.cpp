@@ -86,6 +86,7 @@ private:
     static void addSwitch(CLI::App &command, const char *on, const char *off,
                           const std::function<void(bool)> &set, const char *help);
     void sortPositionals();
+    void checkGatherSources() const;
 
     CLI::App mApp{"Finds on the web what the tags of your songs lack, and writes it into them.",
                   "tagwright"};
@@ -216,6 +217,8 @@ void Parser::addDefinitions(CLI::App &command)
 void Parser::addGatherSources(CLI::App &gather)
 {
     gather.add_flag("--library", mArguments.library, "Every song of the music library");
+    gather.add_flag("--retry", mArguments.retry,
+                    "The songs that some site could not be asked about in earlier runs");
     gather.add_option_function<std::string>(
         "--playlist",
         [this](const std::string &name) { mArguments.playlist = QString::fromStdString(name); },
@@ -312,9 +315,18 @@ void Parser::sortPositionals()
     if (mArguments.command == Command::Sites && mArguments.sites == SitesAction::Update
         && mArguments.definitions)
         throw CLI::ValidationError("sites update: the definitions in a file are not updated");
-    const bool hasSource = mArguments.library || mArguments.playlist;
-    if (mArguments.command == Command::Gather && mArguments.paths.isEmpty() && !hasSource)
-        throw CLI::ValidationError("gather: no PATH, --library or --playlist was given");
+    if (mArguments.command == Command::Gather)
+        checkGatherSources();
+}
+
+void Parser::checkGatherSources() const
+{
+    const bool hasSource =
+        !mArguments.paths.isEmpty() || mArguments.library || mArguments.playlist.has_value();
+    if (mArguments.retry && hasSource)
+        throw CLI::ValidationError("gather --retry: takes up the songs of its list alone");
+    if (!mArguments.retry && !hasSource)
+        throw CLI::ValidationError("gather: no PATH, --library, --playlist or --retry was given");
 }
 
 ParsedCommandLine Parser::parse(int argc, const char *const *argv)

@@ -7,6 +7,7 @@
 #include "cli/gatherrun.h"
 #include "cli/interrupt.h"
 #include "cli/outcomereport.h"
+#include "cli/retrysongs.h"
 #include "cli/sourceloading.h"
 
 #include <QFileInfo>
@@ -17,9 +18,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 std::vector<SongSource> sourcesOf(const Arguments &arguments, const PrefsController &prefs,
-                                  Report &report)
+                                  RetrySongs &retries, Report &report)
 {
     std::vector<SongSource> sources;
+    if (arguments.retry)
+        sources.push_back(pathsSource(retries.paths()));
     if (!arguments.paths.isEmpty())
         sources.push_back(pathsSource(arguments.paths));
     if (arguments.library) {
@@ -70,20 +73,45 @@ SongOutcome failedOutcome(const QString &path, const QString &reason, const Read
     return outcome;
 }
 
-void tellSummary(const GatherRun::Summary &summary, Report &report)
+QJsonObject summaryAsJson(const GatherRun::Summary &summary)
+{
+    QJsonObject json{{u"processed"_s, summary.processed},
+                     {u"modified"_s, summary.modified},
+                     {u"failed"_s, summary.failed},
+                     {u"cancelled"_s, summary.cancelled}};
+    QJsonObject unasked;
+    for (auto source = summary.unasked.begin(); source != summary.unasked.end(); ++source)
+        unasked.insert(source.key(), source.value());
+    if (!unasked.isEmpty())
+        json.insert(u"unasked"_s, unasked);
+    return json;
+}
+
+QString summaryAsText(const GatherRun::Summary &summary, WriteSongs write)
+{
+    QString text = QStringLiteral("%1 songs processed, %2 modified, %3 failed%4")
+                       .arg(summary.processed)
+                       .arg(summary.modified)
+                       .arg(summary.failed)
+                       .arg(summary.cancelled ? QStringLiteral(", cancelled") : QString());
+    const QString hint = write == WriteSongs::Yes
+        ? QStringLiteral("; tagwright gather --retry takes them up again")
+        : QString();
+    for (auto source = summary.unasked.begin(); source != summary.unasked.end(); ++source)
+        text +=
+            QStringLiteral("\n%1 could not be asked about %2 %3%4")
+                .arg(source.key())
+                .arg(source.value())
+                .arg(source.value() == 1 ? QStringLiteral("song") : QStringLiteral("songs"), hint);
+    return text;
+}
+
+void tellSummary(const GatherRun::Summary &summary, WriteSongs write, Report &report)
 {
     if (report.format() == ReportFormat::JsonLines)
-        report.object({{u"summary"_s,
-                        QJsonObject{{u"processed"_s, summary.processed},
-                                    {u"modified"_s, summary.modified},
-                                    {u"failed"_s, summary.failed},
-                                    {u"cancelled"_s, summary.cancelled}}}});
+        report.object({{u"summary"_s, summaryAsJson(summary)}});
     else
-        report.text(QStringLiteral("%1 songs processed, %2 modified, %3 failed%4")
-                        .arg(summary.processed)
-                        .arg(summary.modified)
-                        .arg(summary.failed)
-                        .arg(summary.cancelled ? QStringLiteral(", cancelled") : QString()));
+        report.text(summaryAsText(summary, write));
     if (summary.cancelled)
         report.setFailed();
 }
@@ -102,10 +130,13 @@ int runGather(const Arguments &arguments, Report &report)
         report.error(u"--identify"_s, qtTrId("ErrorNoAcoustIDKey"));
         return ExitStatus::wrongArguments;
     }
-
+    const WriteSongs write = arguments.dryRun ? WriteSongs::No : WriteSongs::Yes;
+    const GatheringOptions options = gatheringOptionsOf(arguments, engine.prefs);
     const Detail detail = arguments.verbose ? Detail::Verbose : Detail::Calm;
-    const auto tell = [&report, detail](const SongOutcome &outcome) {
+    RetrySongs retries(options.gather, write, report);
+    const auto tell = [&report, &retries, detail](const SongOutcome &outcome) {
         tellOutcome(outcome, detail, report);
+        retries.note(outcome);
     };
     const ReadOptions reading = readOptionsOf(arguments, engine.prefs);
     int refused = 0;
@@ -115,15 +146,14 @@ int runGather(const Arguments &arguments, Report &report)
                               tell(failedOutcome(path, reason, reading));
                           });
     const SongList songs =
-        loadedSongs(sourcesOf(arguments, engine.prefs, report), reading, loading);
+        loadedSongs(sourcesOf(arguments, engine.prefs, retries, report), reading, loading);
     GatherRun::Summary summary{.cancelled = true};
     if (!loading.isCancelled())
         summary = GatherRun(engine, songs, interrupt)
-                      .run(gatheringOptionsOf(arguments, engine.prefs),
-                           writeOptionsOf(arguments, engine.prefs),
-                           arguments.dryRun ? WriteSongs::No : WriteSongs::Yes, tell);
+                      .run(options, writeOptionsOf(arguments, engine.prefs), write, tell);
     summary.processed += refused;
     summary.failed += refused;
-    tellSummary(summary, report);
+    tellSummary(summary, write, report);
+    retries.save();
     return report.finish();
 }

@@ -52,6 +52,8 @@ void GatherRun::songFinished(const SongOutcome &outcome, const TellOutcome &tell
     ++mSummary.processed;
     mSummary.modified += outcome.changed && !outcome.failed ? 1 : 0;
     mSummary.failed += outcome.failed ? 1 : 0;
+    for (const UnaskedSource &source : outcome.unasked)
+        ++mSummary.unasked[source.className];
     mProgress.clear();
     tell(outcome);
 }

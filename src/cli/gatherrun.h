@@ -22,6 +22,7 @@ public:
         int modified = 0;
         int failed = 0;
         bool cancelled = false;
+        QMap<QString, int> unasked{}; ///< songs by source that could not be asked about them
     };
     using TellOutcome = std::function<void(const SongOutcome &)>;
 

@@ -98,6 +98,14 @@ bool needsReason(const SongOutcome &outcome)
         && outcome.undecidedCandidates <= 1;
 }
 
+QJsonArray unaskedClasses(const SongOutcome &outcome)
+{
+    QJsonArray classes;
+    for (const UnaskedSource &source : outcome.unasked)
+        classes.append(source.className);
+    return classes;
+}
+
 } // namespace
 
 QJsonObject outcomeAsJson(const SongOutcome &outcome)
@@ -115,6 +123,7 @@ QJsonObject outcomeAsJson(const SongOutcome &outcome)
         {u"error"_s, asJson(outcome.error)},
         {u"candidates"_s, candidatesAsJson(outcome.choices)},
         {u"reason"_s, asJson(textOfReason(outcome.choices))},
+        {u"unasked"_s, unaskedClasses(outcome)},
     };
 }
 

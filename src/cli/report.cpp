@@ -54,6 +54,11 @@ void Report::flush()
 void Report::error(const QString &path, const QString &reason)
 {
     mFailed = true;
+    note(path, reason);
+}
+
+void Report::note(const QString &path, const QString &reason)
+{
     std::fprintf(stderr, "%s: %s\n", terminalLine(path).toUtf8().constData(),
                  terminalLine(reason).toUtf8().constData());
 }

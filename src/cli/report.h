@@ -32,6 +32,8 @@ public:
 
     /// One line on standard error that names the path and the reason; the exit status becomes 1.
     void error(const QString &path, const QString &reason);
+    /// The same of something that is no failure of this run.
+    void note(const QString &path, const QString &reason);
     void setFailed() { mFailed = true; }
 
     /// Prints what is left. A standard output that cannot be written (a full disk) is a failure

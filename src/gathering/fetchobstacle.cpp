@@ -31,10 +31,14 @@ constexpr std::array challengeSigns{
 /// The signs stand at the front of such pages, which are short.
 constexpr qsizetype searchedForSigns = 100'000; // characters
 
-std::optional<FetchObstacle> challengeOn(const QByteArray &data)
+constexpr int firstStatusOfServerError = 500;
+
+std::optional<FetchObstacle> challengeOn(const FetchResult &result)
 {
-    const QString page =
-        QString::fromLatin1(QByteArrayView(data).first(std::min(data.size(), searchedForSigns)));
+    if (result.MIMEType.value_or(QString()).startsWith(QLatin1String("image/")))
+        return std::nullopt;
+    const QByteArrayView data(result.data);
+    const QString page = QString::fromLatin1(data.first(std::min(data.size(), searchedForSigns)));
     const auto sign =
         std::find_if(challengeSigns.begin(), challengeSigns.end(), [&](const ChallengeSign &each) {
             return page.contains(QLatin1String(each.text), Qt::CaseInsensitive);
@@ -51,11 +55,21 @@ std::optional<FetchObstacle> obstacleOf(const FetchResult &result)
     const QString status = QStringLiteral("status %1").arg(result.status);
     if (result.status == 401 || result.status == 403 || result.status == 429)
         return FetchObstacle{Obstacle::Blocked, status};
-    if (const auto challenge = challengeOn(result.data))
+    if (const auto challenge = challengeOn(result))
         return challenge;
     if (result.error)
         return FetchObstacle{Obstacle::NotReachable, result.error->localizedDescription};
     if (result.status >= 400)
         return FetchObstacle{Obstacle::NotReachable, status};
     return std::nullopt;
+}
+
+bool isUnanswered(const FetchResult &result)
+{
+    if (result.error)
+        return !result.error->isOurRefusal;
+    if (result.status >= firstStatusOfServerError)
+        return true;
+    const auto obstacle = obstacleOf(result);
+    return obstacle && obstacle->kind == Obstacle::Blocked;
 }

@@ -16,3 +16,7 @@ struct FetchObstacle {
 /// Nothing when a page came that may be what was asked for. Blocked are the statuses 401, 403 and
 /// 429, and pages that want to know whether a person asks.
 [[nodiscard]] std::optional<FetchObstacle> obstacleOf(const FetchResult &result);
+
+/// Whether the site could not be asked: no answer came, its server fails, or it lets us not in. A
+/// site that knows no such page has answered.
+[[nodiscard]] bool isUnanswered(const FetchResult &result);

@@ -18,6 +18,7 @@ struct FetchError {
 
     int code = unknown;
     QString localizedDescription;
+    bool isOurRefusal = false; ///< of the address or of the answer: the host is not to blame
 };
 
 /// The one answer to a request. A cancelled request gives the URL alone.

@@ -2,6 +2,7 @@
 
 #include "gathering/songidentification.h"
 #include "gathering/sourcecatalog.h"
+#include "gathering/sourceoutages.h"
 
 class LibraryLending;
 
@@ -12,4 +13,5 @@ struct GatherContext {
     SiteDefinitions definitions;
     LibraryLending &library;
     std::optional<IdentifyingMeans> identifying{}; ///< nothing: no song is known by its sound
+    SourceOutages outages{};
 };

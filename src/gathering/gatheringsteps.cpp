@@ -1,6 +1,7 @@
 #include "gathering/gatheringsteps.h"
 
 #include "base/nextturn.h"
+#include "gathering/fetchobstacle.h"
 #include "gathering/songfacts.h"
 #include "gathering/songfilling.h"
 #include "tags/songbytes.h"
@@ -35,7 +36,7 @@ GatheringSteps::GatheringSteps(QObject *owner, std::shared_ptr<SongFile> song,
     , mNotify(std::move(notify))
     , mAllResources(context.definitions)
     , mSources(mAllResources.sourcelist())
-    , mSearches(context.catalog, mAllResources, context.queue, mIndicator)
+    , mSearches(context.catalog, mAllResources, context.queue, context.outages, mIndicator)
 {
 }
 
@@ -346,6 +347,8 @@ void GatheringSteps::fetchArt(const QUrl &url, const QString &source, const Step
     };
     const auto gotArt = [=, this](const FetchResult &result) {
         mArtURL.clear();
+        if (!isStopped() && isUnanswered(result))
+            mSearches.noteUnasked(source);
         if (isStopped() || result.data.isEmpty())
             return refused();
         adjustImageInBackground(result.data, mChoices.artwork, mOwner, gotPicture);

@@ -37,6 +37,10 @@ public:
     void cancel();
     [[nodiscard]] Assets missing() const { return mLedger.desired | mSetAside; }
     [[nodiscard]] const ChoiceRecord &choices() const { return mRecorder.record(); }
+    [[nodiscard]] QList<UnaskedSource> unaskedSources() const
+    {
+        return mSearches.unaskedOf(mSources, missing());
+    }
 
     std::shared_ptr<SongFile> mSong;
     GatherChoices mChoices;

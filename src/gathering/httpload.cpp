@@ -42,7 +42,7 @@ bool forbidsStoring(const QNetworkReply &reply)
 
 FetchError notFetchableError(const QUrl &url)
 {
-    return {FetchError::unknown, qtTrId("ErrorAddressNotFetched").arg(url.toDisplayString())};
+    return {FetchError::unknown, qtTrId("ErrorAddressNotFetched").arg(url.toDisplayString()), true};
 }
 
 HttpLoad::HttpLoad(ConnectionPool &pool, HttpMessage message, const Bounds &bounds,
@@ -144,7 +144,7 @@ void HttpLoad::takeData()
             finish(false);
         } else if (mData.size() > mBounds.bodyBytes) {
             const qint64 megabytes = mBounds.bodyBytes / 1'048'576;
-            fail({FetchError::unknown, qtTrId("ErrorResponseTooLong").arg(megabytes)});
+            fail({FetchError::unknown, qtTrId("ErrorResponseTooLong").arg(megabytes), true});
         } else {
             Q_EMIT received(mData.size(), piece.size());
         }

@@ -120,3 +120,8 @@ const ChoiceRecord &SongInfoTask::choices() const
 {
     return d->choices();
 }
+
+QList<UnaskedSource> SongInfoTask::unaskedSources() const
+{
+    return d->unaskedSources();
+}

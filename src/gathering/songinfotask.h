@@ -59,6 +59,8 @@ public:
     [[nodiscard]] int undecidedCandidates() const;
     /// What the sources answered, and why the album was chosen or none.
     [[nodiscard]] const ChoiceRecord &choices() const;
+    /// Those that gave no answer about what is still missing.
+    [[nodiscard]] QList<UnaskedSource> unaskedSources() const;
 
 Q_SIGNALS:
     void finished();

@@ -61,10 +61,11 @@ std::optional<QString> albumTitleToSearch(const AudioInfoTag &tag)
 }
 
 SourceSearches::SourceSearches(const SourceCatalog &catalog, const SiteDefinitions &definitions,
-                               HVHTTPQueue &queue, Progress &progress)
+                               HVHTTPQueue &queue, SourceOutages &outages, Progress &progress)
     : mCatalog(catalog)
     , mDefinitions(definitions)
     , mQueue(queue)
+    , mOutages(outages)
     , mProgress(progress)
 {
 }
@@ -75,6 +76,10 @@ bool SourceSearches::start(const QString &className, const SearchRequest &reques
     std::unique_ptr<WebDBInterface> made = madeSource(className, request);
     if (!made)
         return false;
+    if (mOutages.isLeftAlone(className)) {
+        noteUnasked(className);
+        return false;
+    }
     WebDBInterface *source = mSources.emplace_back(std::move(made)).get();
     configure(*source, request);
     source->setProgessIndicator(&mProgress);
@@ -82,10 +87,37 @@ bool SourceSearches::start(const QString &className, const SearchRequest &reques
     QObject::connect(source, &WebDBInterface::searchComplete, source,
                      [this, source, completed = std::move(completed)] {
                          std::erase(mRunning, source);
+                         noteAnswer(*source);
                          completed(source->albums(), answerOf(*source));
                      });
     source->beginSearch();
     return true;
+}
+
+/// A search that found albums was answered, whichever page was not; one that fetched nothing tells
+/// nothing of its site.
+void SourceSearches::noteAnswer(const WebDBInterface &source)
+{
+    if (source.wasCancelled())
+        return;
+    if (source.wasUnanswered() && source.albums().isEmpty()) {
+        noteUnasked(source.className());
+        mOutages.unanswered(source.className());
+    } else if (source.totalSearches() > 0) {
+        mOutages.answered(source.className());
+    }
+}
+
+QList<UnaskedSource> SourceSearches::unaskedOf(const QStringList &sources, Assets missing) const
+{
+    QList<UnaskedSource> unasked;
+    for (const QString &className : sources) {
+        const SourceCatalog::Entry *entry = mCatalog.find(className);
+        const Assets mayGive = entry ? entry->resourcesPossiblyAvailable & missing : Assets();
+        if (mayGive && mUnasked.contains(className))
+            unasked << UnaskedSource{className, mayGive};
+    }
+    return unasked;
 }
 
 void SourceSearches::cancel()

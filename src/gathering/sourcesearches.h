@@ -1,8 +1,10 @@
 #pragma once
 
 #include "gathering/sourcecatalog.h"
+#include "gathering/sourceoutages.h"
 
 #include <QObject>
+#include <QSet>
 
 #include <functional>
 #include <memory>
@@ -43,21 +45,31 @@ public:
 
     /// `progress` follows the fetches of all sources.
     SourceSearches(const SourceCatalog &catalog, const SiteDefinitions &definitions,
-                   HVHTTPQueue &queue, Progress &progress);
+                   HVHTTPQueue &queue, SourceOutages &outages, Progress &progress);
 
-    /// Whether the class exists and may supply what the request desires; only then it searches.
+    /// Whether the class exists, may supply what the request desires, and is not left alone; only
+    /// then it searches.
     bool start(const QString &className, const SearchRequest &request, Completed completed);
     void cancel();
     [[nodiscard]] bool anyRunning() const { return !mRunning.empty(); }
 
+    /// Something of that source could not be fetched, such as a picture that it told of.
+    void noteUnasked(const QString &className) { mUnasked.insert(className); }
+    /// Those of the sources that were left alone or gave no answer, as far as they may supply some
+    /// of what is missing.
+    [[nodiscard]] QList<UnaskedSource> unaskedOf(const QStringList &sources, Assets missing) const;
+
 private:
+    void noteAnswer(const WebDBInterface &source);
     [[nodiscard]] std::unique_ptr<WebDBInterface> madeSource(const QString &className,
                                                              const SearchRequest &request) const;
 
     const SourceCatalog &mCatalog;
     const SiteDefinitions &mDefinitions;
     HVHTTPQueue &mQueue;
+    SourceOutages &mOutages;
     Progress &mProgress;
+    QSet<QString> mUnasked; ///< class names
     std::vector<std::unique_ptr<WebDBInterface>> mSources;
     std::vector<WebDBInterface *> mRunning;
 };

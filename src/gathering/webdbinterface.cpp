@@ -3,6 +3,7 @@
 #include "base/nextturn.h"
 #include "base/progress.h"
 #include "gathering/decodedpage.h"
+#include "gathering/fetchobstacle.h"
 #include "gathering/jsonanswer.h"
 #include "gathering/searchtrace.h"
 #include "text/htmlpage.h"
@@ -42,15 +43,6 @@ HostManners mannersOf(const SiteDefinition &resources)
         .userAgent =
             resources.formatted(QStringLiteral("userAgent"), {QStringLiteral(TAGWRIGHT_VERSION)})
                 .value_or(QString())};
-}
-
-constexpr int tooManyRequests = 429;
-constexpr int firstStatusOfServerError = 500;
-
-bool isUnanswered(const FetchResult &result)
-{
-    return result.error || result.status == tooManyRequests
-        || result.status >= firstStatusOfServerError;
 }
 
 } // namespace
@@ -120,7 +112,7 @@ bool WebDBInterface::postSearch(const QUrl &url, const QByteArray &form, Handler
         gotResult(result, returnMethod);
     };
     if (mWasCancelled || !mQueue.postURL(url, this, gotPage, form)) {
-        mWasUnanswered = true;
+        mWasUnanswered |= !form.isEmpty() && url.isValid();
         if (mTrace)
             mTrace->noteRefused(url);
         return false;
@@ -169,12 +161,24 @@ void WebDBInterface::gotResult(const FetchResult &result, const Handler &returnM
     finishedSearch(result.url);
     if (mWasCancelled)
         return;
-    mWasUnanswered |= isUnanswered(result);
     if (mTrace)
         mTrace->beginPage(result);
-    returnMethod(result);
+    handOn(result, returnMethod);
     if (mTrace)
         mTrace->endPage();
+}
+
+/// A page of which something came is an answer, so only the others are looked at closely.
+void WebDBInterface::handOn(const FetchResult &result, const Handler &returnMethod)
+{
+    const auto progressed = [this] { return mTotalSearches + mAlbums.size(); };
+    const auto before = progressed();
+    returnMethod(result);
+    const bool isOfUse = !result.error && result.status < 400 && progressed() > before;
+    if (isOfUse || !isUnanswered(result))
+        return;
+    mWasUnanswered = true;
+    mQueue.removeURLFromCache(result.url); // such as a page that asks whether we are a person
 }
 
 // Whether the search is complete is decided on the next turn: a fetch is counted off before its

@@ -42,14 +42,17 @@ def song(path, **frames):
 
 
 class Site(http.server.BaseHTTPRequestHandler):
-    """A track database: a search form and disc records. `delay` slows every answer down."""
+    """A track database: a search form and disc records. `delay` slows every answer down, `status`
+    is that of them all."""
 
     delay = 0.0
+    status = 200
+    searches = 0
 
     def answer(self, kind, text):
         time.sleep(Site.delay)
-        body = text.encode("latin-1")
-        self.send_response(200)
+        body = text.encode("latin-1") if Site.status == 200 else b"come back later"
+        self.send_response(Site.status)
         self.send_header("Content-Type", kind)
         self.send_header("Content-Length", str(len(body)))
         self.end_headers()
@@ -58,6 +61,7 @@ class Site(http.server.BaseHTTPRequestHandler):
 
     def do_POST(self):
         form = urllib.parse.parse_qs(self.rfile.read(int(self.headers["Content-Length"])).decode())
+        Site.searches += 1
         wanted = form["ifSearch"][0].lower()
         rows = "".join(f"<tr><td>x</td><td>{key}</td><td>{artist} / {name}</td></tr>"
                        for key, (artist, name, _, _, tracks) in ALBUMS.items()
@@ -115,7 +119,7 @@ def demo_fields(report):
     return fields
 
 
-class Programs(unittest.TestCase):
+class ProgramCase(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Site)
@@ -132,7 +136,7 @@ class Programs(unittest.TestCase):
         self.music = self.home / "music"
         self.env = {"HOME": str(self.home), "PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8",
                     "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "")}
-        Site.delay = 0.0
+        Site.delay, Site.status, Site.searches = 0.0, 200, 0
 
     def run_program(self, *arguments, status=0):
         done = subprocess.run([PROGRAM, *map(str, arguments)], env=self.env, timeout=120,
@@ -158,6 +162,8 @@ class Programs(unittest.TestCase):
         return self.lines("gather", "--json", "--definitions", self.definitions(), *options,
                           self.music, status=status)
 
+
+class Programs(ProgramCase):
     def test_gather_fills_writes_and_reports_what_adds_up(self):
         song(self.music / "a.mp3", TIT2="Low Water", TPE1="Nila Oster")
         m4a = self.music / "b" / "c.m4a"
@@ -243,7 +249,8 @@ class Programs(unittest.TestCase):
         wrong = [("gather", "--want", "sound", path), ("gather", "--parallel", "--serial", path),
                  ("gather", "--definitions", no_picture, path), ("set", path), ("set", "title=x"),
                  ("set", path, "compilation=perhaps"), ("set", path, f"artwork={no_picture}"),
-                 ("set", path, "title=y", "artwork=gone.png"), ("show",), ("play", path)]
+                 ("set", path, "title=y", "artwork=gone.png"), ("show",), ("play", path),
+                 ("gather",), ("gather", "--retry", path), ("gather", "--retry", "--library")]
         refused = self.definitions(discInfoURL="file:///etc/%@")
         wrong += [("gather", "--definitions", refused, path),
                   ("sites", "check", "--definitions", refused), ("sites", "play"),
