@@ -123,8 +123,6 @@ protected:
     /// The first visible text behind each marker that the track format below `key` makes with 1,
     /// 2, 3 and so on, up to the first number that has none.
     [[nodiscard]] QStringList numberedTextsOn(const QString &page, const QString &key) const;
-    /// For sites that say within an answer that they cannot be asked now.
-    void noteUnanswered() { mWasUnanswered = true; }
     /// Adds an album under this source's name. With the last of maxAlbums() nothing further is
     /// fetched.
     void addAlbum(AlbumInfo album);
