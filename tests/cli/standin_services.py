@@ -22,6 +22,7 @@ from standin_catalogue import (ALBUMS, INSTRUMENTAL, ON_DISCS, ONLY_SYNCED, SEAR
                                Catalogue, credits, identifier, tokens)
 
 DEFAULTS = Path(__file__).resolve().parents[2] / "resources" / "defaultres.xml"
+SOURCELIST = plistlib.loads(DEFAULTS.read_bytes())["sourcelist"]
 FASTER = 10  # than the real rules
 MUSICBRAINZ, COVERS, LYRICS, SHOP = SERVICES = (
     "MusicBrainzInterface", "CoverArtArchiveInterface", "LRCLIBInterface", "DeezerInterface")

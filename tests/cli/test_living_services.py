@@ -13,13 +13,14 @@ import unittest
 from pathlib import Path
 
 from standin_catalogue import INSTRUMENTAL, WITHOUT_ART, WITHOUT_WORDS, Catalogue
-from standin_services import (COVERS, FAILURES, LYRICS, MUSICBRAINZ, SOUND, Services, Sounds,
-                              picture, sha1)
+from standin_services import (COVERS, FAILURES, LYRICS, MUSICBRAINZ, SOUND, SOURCELIST, Services,
+                              Sounds, picture, sha1)
 
 PROGRAM = os.environ["TAGWRIGHT_PROGRAM"]
 SILENCE = (Path(__file__).resolve().parents[2] / "resources" / "silence.m4a").read_bytes()
 MOST_REQUESTS = 2.2  # a song
-LIVING = (MUSICBRAINZ,)
+# Those that users are given; the table below says what each has.
+LIVING = tuple(service for service in (MUSICBRAINZ, LYRICS) if service in SOURCELIST)
 OF_ALBUM = ("AlbumName", "Genre", "Year", "Track")
 WANTED = {MUSICBRAINZ: OF_ALBUM, COVERS: ("Artwork",), LYRICS: ("Lyrics",)}
 
@@ -122,6 +123,7 @@ class LivingServices(unittest.TestCase):
             for field in given & set(WANTED[source]):
                 self.assertIn(told["sources"][field], (source, "library"), field)
         self.assertEqual((told["written"], told["error"]), (True, None))
+        self.assertEqual("instrumental" in told, song.key == INSTRUMENTAL and LYRICS in LIVING)
         chosen, = (each for each in told["candidates"] if each["dropped"] is None)
         self.assertEqual((chosen["source"], chosen["album"], chosen["art"]),
                          (MUSICBRAINZ, self.catalogue.tags(song)[0], "Artwork" in given))
