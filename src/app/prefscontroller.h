@@ -27,6 +27,8 @@ inline constexpr Setting<int> cacheSizeMB{"cacheSizeMB", 0};
 inline constexpr Setting<bool> writeSpecCorrectID3v24{"id3v24Accurate", false};
 inline constexpr Setting<bool> keepiTunesRefreshed{"keepiTunesRefreshed", false};
 inline constexpr Setting<bool> filterLyrics{"filterLyrics", false};
+/// Lyrics with the times of their lines, from a source that has them.
+inline constexpr Setting<bool> syncedLyrics{"syncedLyrics", false};
 
 } // namespace preferences
 

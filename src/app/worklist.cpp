@@ -54,6 +54,7 @@ SongOutcome outcomeOf(const SongInfoTask &task)
     outcome.undecidedCandidates = task.undecidedCandidates();
     outcome.choices = task.choices();
     outcome.unasked = task.unaskedSources();
+    outcome.isInstrumental = task.isInstrumental();
     return outcome;
 }
 } // namespace

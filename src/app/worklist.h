@@ -29,6 +29,7 @@ struct SongOutcome {
     ChoiceRecord choices;
     QList<UnaskedSource>
         unasked; ///< could not be asked about what is missing, in the order of the sources
+    bool isInstrumental = false; ///< a source says so: lyrics are not missing
 };
 
 enum class WriteSongs { Yes, No };

@@ -1,5 +1,6 @@
 #include "cli/gatherrun.h"
 
+#include "app/sourcechoices.h"
 #include "base/ownprogram.h"
 #include "cli/interrupt.h"
 
@@ -20,8 +21,9 @@ std::optional<IdentifyingMeans> identifyingMeansOf(const PrefsController &prefs)
 GatherRun::GatherRun(Engine &engine, const SongList &songs, const Interrupt &interrupt)
     : mSongs(songs)
     , mLibrary(songs)
-    , mContext{engine.queue, engine.catalog, engine.definitions.liveResources(), mLibrary,
-               identifyingMeansOf(engine.prefs)}
+    , mContext{engine.queue, engine.catalog,
+               definitionsAsChosen(engine.definitions.liveResources(), engine.prefs.settings()),
+               mLibrary, identifyingMeansOf(engine.prefs)}
     , mWorkList(mContext, engine.itunes, engine.log)
 {
     mWorkList.setInfoCache(&engine.infoCache);

@@ -114,7 +114,7 @@ QJsonObject outcomeAsJson(const SongOutcome &outcome)
     for (const AssetName &name : assetNames)
         if (outcome.changed.testFlag(name.asset))
             sources.insert(QLatin1String(name.key), outcome.sources.value(name.asset));
-    return {
+    QJsonObject object{
         {u"path"_s, outcome.song->path()},
         {u"changed"_s, assetKeys(outcome.changed)},
         {u"missing"_s, assetKeys(outcome.missing)},
@@ -125,6 +125,9 @@ QJsonObject outcomeAsJson(const SongOutcome &outcome)
         {u"reason"_s, asJson(textOfReason(outcome.choices))},
         {u"unasked"_s, unaskedClasses(outcome)},
     };
+    if (outcome.isInstrumental)
+        object[u"instrumental"_s] = true;
+    return object;
 }
 
 QString outcomeAsText(const SongOutcome &outcome, Detail detail)
@@ -133,6 +136,8 @@ QString outcomeAsText(const SongOutcome &outcome, Detail detail)
     if (outcome.failed)
         return text + QStringLiteral("\n  not changed: ") + outcome.error.value_or(QString());
     text += QStringLiteral("\n  ") + changesAsText(outcome);
+    if (outcome.isInstrumental)
+        text += QStringLiteral("\n  an instrumental: it has no lyrics");
     if (outcome.missing)
         text += QStringLiteral("\n  still missing: ") + summaryOfAssets(outcome.missing);
     if (outcome.error)

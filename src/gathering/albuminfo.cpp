@@ -138,6 +138,8 @@ QString AlbumInfo::description() const
                        .arg(QString::number(address, 16), shown(mName), shown(mArtist));
     if (!mLyrics.isEmpty())
         text += QStringLiteral(" lyrics (%1 songs)").arg(mLyrics.size());
+    if (mIsInstrumental)
+        text += QStringLiteral(" instrumental");
     if (mYear)
         text += QStringLiteral(" year=") + *mYear;
     if (mGenre)

@@ -41,6 +41,8 @@ public:
     [[nodiscard]] const std::optional<QString> &artURLString() const { return mArtURLString; }
     /// By song title.
     [[nodiscard]] const QMap<QString, QString> &lyrics() const { return mLyrics; }
+    /// The song that was searched has no words.
+    [[nodiscard]] bool isInstrumental() const { return mIsInstrumental; }
     [[nodiscard]] const QString &sourceInterfaceName() const { return mSourceInterface; }
     [[nodiscard]] int duplicates() const { return mDuplicates; }
     [[nodiscard]] int numberOfTracks() const;
@@ -59,6 +61,7 @@ public:
     void setIdentifiers(ReleaseIdentifiers known) { mIdentifiers = std::move(known); }
     void setArtURLString(std::optional<QString> url) { mArtURLString = std::move(url); }
     void setLyrics(const QString &text, const QString &forTitle) { mLyrics[forTitle] = text; }
+    void setIsInstrumental(bool isInstrumental) { mIsInstrumental = isInstrumental; }
     void setSourceInterfaceName(const QString &name) { mSourceInterface = name; }
     void incDuplicates() { ++mDuplicates; }
     void setScore(int score) { mScore = score; }
@@ -97,4 +100,5 @@ private:
     int mDuplicates = 0;
     std::optional<int> mScore;
     int mCandidateNumber = -1;
+    bool mIsInstrumental = false;
 };

@@ -301,8 +301,9 @@ AlbumList artworkCandidates(const AlbumList &albums, const QStringList &sources)
 
 bool carriesOnlyLyrics(const AlbumInfo &album)
 {
-    return !album.lyrics().isEmpty() && album.numberOfTracks() == 0 && !album.artURLString()
-        && !album.year() && !album.genre();
+    const bool tellsOfLyrics = album.isInstrumental() || !album.lyrics().isEmpty();
+    return tellsOfLyrics && album.numberOfTracks() == 0 && !album.artURLString() && !album.year()
+        && !album.genre();
 }
 
 AlbumList takeLyricsAlbums(AlbumList &albums, const QStringList &sources)

@@ -20,6 +20,7 @@ struct AssetLedger {
     Assets desired;
     Assets changed;
     QMap<Asset, QString> sources; ///< of each changed asset
+    bool isInstrumental = false; ///< a source says that there are no lyrics to be found
 
     [[nodiscard]] bool isDesired(Asset asset) const { return desired.testFlag(asset); }
 

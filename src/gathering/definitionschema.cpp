@@ -161,8 +161,16 @@ constexpr std::array acoustID{
     DefinitionKey{"minScore", Number},
 };
 
+constexpr std::array lrclib{
+    DefinitionKey{"recordURL", Address},
+    DefinitionKey{"searchURL", Address},
+    DefinitionKey{"durationTolerance", Number},
+    DefinitionKey{"syncedLyrics", Switch},
+};
+
 constexpr std::array sources{
     SourceSchema{"MusicBrainzInterface", musicBrainz},
+    SourceSchema{"LRCLIBInterface", lrclib},
     SourceSchema{"FreeDBInterface", freeDB},
     SourceSchema{"CDUniverseInterface", cdUniverse},
     SourceSchema{"TowerInterface", tower},

@@ -82,7 +82,13 @@ void fillFromAlbum(AudioInfoTag &tag, const AlbumInfo &album, Substrings allowSu
 
 void fillLyrics(AudioInfoTag &tag, const AlbumInfo &album, AssetLedger &ledger)
 {
-    if (!ledger.isDesired(AssetLyrics) || album.lyrics().isEmpty())
+    if (!ledger.isDesired(AssetLyrics))
+        return;
+    if (album.isInstrumental()) {
+        ledger.desired &= ~Assets(AssetLyrics);
+        ledger.isInstrumental = true;
+    }
+    if (album.lyrics().isEmpty())
         return;
     tag.setLyrics(album.lyrics().last());
     ledger.supplied(AssetLyrics, album.sourceInterfaceName());

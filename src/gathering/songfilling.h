@@ -25,6 +25,7 @@ void fillAlbumName(AudioInfoTag &tag, const AlbumInfo &album, AssetLedger &ledge
 void fillFromAlbum(AudioInfoTag &tag, const AlbumInfo &album, Substrings allowSubstrings,
                    AssetLedger &ledger);
 
+/// An instrumental's lyrics are desired no more; those that the tag holds stay.
 void fillLyrics(AudioInfoTag &tag, const AlbumInfo &album, AssetLedger &ledger);
 void fillYear(AudioInfoTag &tag, const QString &year, const QString &source, AssetLedger &ledger);
 void fillGenres(AudioInfoTag &tag, const QString &genres, const QString &source,

@@ -111,6 +111,11 @@ const QMap<Asset, QString> &SongInfoTask::sourcesOfAssets() const
     return d->mLedger.sources;
 }
 
+bool SongInfoTask::isInstrumental() const
+{
+    return d->mLedger.isInstrumental;
+}
+
 int SongInfoTask::undecidedCandidates() const
 {
     return d->missing() ? d->mUndecidedCandidates : 0;

@@ -55,6 +55,8 @@ public:
     [[nodiscard]] std::optional<QString> errorMessage() const;
     /// Which source each changed asset came from: its class name, or "library".
     [[nodiscard]] const QMap<Asset, QString> &sourcesOfAssets() const;
+    /// Whether the song has no words, so that none are missing.
+    [[nodiscard]] bool isInstrumental() const;
     /// How many albums were left to choose from when none was chosen; 0 otherwise.
     [[nodiscard]] int undecidedCandidates() const;
     /// What the sources answered, and why the album was chosen or none.

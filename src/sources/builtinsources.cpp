@@ -9,6 +9,7 @@
 #include "sources/freedbinterface.h"
 #include "sources/googleimageinterface.h"
 #include "sources/leoslyricsinterface.h"
+#include "sources/lrclibinterface.h"
 #include "sources/lyricsandsongsinterface.h"
 #include "sources/musicbrainzinterface.h"
 #include "sources/towerinterface.h"
@@ -53,6 +54,7 @@ SourceCatalog builtInSources()
 {
     return SourceCatalog({
         musicBrainzEntry(),
+        entry<LRCLIBInterface>(QStringLiteral("LRCLIBInterface")),
         entry<FreeDBInterface>(QStringLiteral("FreeDBInterface")),
         entry<CDUniverseInterface>(QStringLiteral("CDUniverseInterface")),
         entry<TowerInterface>(QStringLiteral("TowerInterface")),

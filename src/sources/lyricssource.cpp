@@ -30,11 +30,16 @@ bool isOfTheWeb(const QUrl &url)
 
 } // namespace
 
-void LyricsSource::searchBy(const QString &queryKey, Handler returnMethod)
+bool LyricsSource::knowsSong()
 {
     mWantedTitle = HVUtility::simplifyString(songTitle().value_or(QString()));
     mWantedArtist = SearchedArtist(artist(), alternateArtist());
-    if (mWantedTitle.isEmpty() || mWantedArtist.name.isEmpty())
+    return !mWantedTitle.isEmpty() && !mWantedArtist.name.isEmpty();
+}
+
+void LyricsSource::searchBy(const QString &queryKey, Handler returnMethod)
+{
+    if (!knowsSong())
         return;
     const QStringList terms{queryTerm(*artist()), queryTerm(*songTitle())};
     if (const auto address = resources().formatted(queryKey, terms))
@@ -84,4 +89,11 @@ bool LyricsSource::addLyrics(const QString &lyrics)
     album.setLyrics(lyrics, *songTitle());
     addAlbum(std::move(album));
     return true;
+}
+
+void LyricsSource::addInstrumental()
+{
+    AlbumInfo album(artist(), std::nullopt);
+    album.setIsInstrumental(true);
+    addAlbum(std::move(album));
 }

@@ -14,8 +14,11 @@ public:
     using WebDBInterface::WebDBInterface;
 
 protected:
+    /// Whether artist and title are known; else no listed song is the right one. Asked before the
+    /// tests of what a list says.
+    [[nodiscard]] bool knowsSong();
     /// Queues the address below `queryKey`, with artist and title put in as far as it asks for
-    /// them. Nothing where one of them is not known: then no listed song is the right one.
+    /// them. Nothing where one of them is not known.
     void searchBy(const QString &queryKey, Handler returnMethod);
 
     // Whether what a list says is what is searched; both take simplified strings.
@@ -37,6 +40,8 @@ protected:
     [[nodiscard]] std::optional<QString> lyricsPage(const FetchResult &result);
     /// Adds an album that holds nothing but the song's words. False where they are none.
     bool addLyrics(const QString &lyrics);
+    /// Adds an album that says that the song has no words.
+    void addInstrumental();
 
 private:
     // Simplified.
