@@ -96,7 +96,5 @@ private Q_SLOTS:
     }
 };
 
-Q_DECLARE_METATYPE(ScoredSong)
-
 QTEST_GUILESS_MAIN(AlbumScoreTest)
 #include "tst_albumscore.moc"
