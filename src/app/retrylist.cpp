@@ -27,15 +27,6 @@ constexpr std::chrono::seconds betweenSaves{60};
 /// Another program of ours holds the lock for moments only.
 constexpr std::chrono::seconds patienceWithLock{5};
 
-QJsonArray keysOf(Assets assets)
-{
-    QJsonArray keys;
-    for (const AssetName &name : assetNames)
-        if (assets.testFlag(name.asset))
-            keys.append(QLatin1String(name.key));
-    return keys;
-}
-
 Assets assetsOf(const QJsonArray &keys)
 {
     Assets assets;
@@ -57,7 +48,7 @@ QJsonObject asJson(const QMap<QString, Assets> &unasked)
 {
     QJsonObject sources;
     for (auto source = unasked.begin(); source != unasked.end(); ++source)
-        sources.insert(source.key(), keysOf(source.value()));
+        sources.insert(source.key(), QJsonArray::fromStringList(keysOfAssets(source.value())));
     return sources;
 }
 

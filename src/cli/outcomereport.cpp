@@ -8,15 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QJsonArray assetKeys(Assets assets)
-{
-    QJsonArray keys;
-    for (const AssetName &name : assetNames)
-        if (assets.testFlag(name.asset))
-            keys.append(QLatin1String(name.key));
-    return keys;
-}
-
 /// The sources of what changed, each once, in the order of the assets.
 QString sourcesAsText(const SongOutcome &outcome)
 {
@@ -116,8 +107,8 @@ QJsonObject outcomeAsJson(const SongOutcome &outcome)
             sources.insert(QLatin1String(name.key), outcome.sources.value(name.asset));
     QJsonObject object{
         {u"path"_s, outcome.song->path()},
-        {u"changed"_s, assetKeys(outcome.changed)},
-        {u"missing"_s, assetKeys(outcome.missing)},
+        {u"changed"_s, QJsonArray::fromStringList(keysOfAssets(outcome.changed))},
+        {u"missing"_s, QJsonArray::fromStringList(keysOfAssets(outcome.missing))},
         {u"sources"_s, sources},
         {u"written"_s, outcome.written},
         {u"error"_s, asJson(outcome.error)},

@@ -8,15 +8,6 @@ namespace {
 
 using Answer = SiteFinding::Answer;
 
-QJsonArray assetKeys(Assets assets)
-{
-    QJsonArray keys;
-    for (const AssetName &name : assetNames)
-        if (assets.testFlag(name.asset))
-            keys.append(QLatin1String(name.key));
-    return keys;
-}
-
 QString nameOf(Answer answer)
 {
     switch (answer) {
@@ -97,7 +88,7 @@ QJsonObject listedAsJson(const ListedSource &source)
         {u"source"_s, source.className},
         {u"known"_s, source.isKnown},
         {u"configured"_s, source.hasSite},
-        {u"supplies"_s, assetKeys(source.supplies)},
+        {u"supplies"_s, QJsonArray::fromStringList(keysOfAssets(source.supplies))},
         {u"missingKeys"_s, QJsonArray::fromStringList(source.missingKeys)},
     };
 }
@@ -118,8 +109,8 @@ QJsonObject findingAsJson(const SiteFinding &finding)
     return {
         {u"source"_s, finding.className},
         {u"answer"_s, nameOf(finding.answer)},
-        {u"found"_s, assetKeys(finding.found)},
-        {u"missing"_s, assetKeys(finding.missing)},
+        {u"found"_s, QJsonArray::fromStringList(keysOfAssets(finding.found))},
+        {u"missing"_s, QJsonArray::fromStringList(keysOfAssets(finding.missing))},
         {u"step"_s, failed ? QJsonValue(nameOf(failure.step)) : QJsonValue()},
         {u"reason"_s, textOrNull(failure.reason)},
         {u"url"_s, textOrNull(shown(failure.url))},

@@ -1,14 +1,21 @@
 #include "gathering/asset.h"
 
-#include <QStringList>
 #include <QtGlobal>
+
+QStringList keysOfAssets(Assets assets)
+{
+    QStringList keys;
+    for (const AssetName &name : assetNames)
+        if (assets.testFlag(name.asset))
+            keys << QLatin1String(name.key);
+    return keys;
+}
 
 QString summaryOfAssets(Assets assets)
 {
     QStringList texts;
-    for (const AssetName &name : assetNames) {
-        if (assets.testFlag(name.asset))
-            texts << qtTrId(name.key);
-    }
+    const QStringList keys = keysOfAssets(assets);
+    for (const QString &key : keys)
+        texts << qtTrId(qUtf8Printable(key));
     return texts.join(QStringLiteral(", "));
 }

@@ -2,6 +2,7 @@
 
 #include <QFlags>
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <optional>
@@ -34,6 +35,9 @@ inline constexpr std::array assetNames{
     AssetName{AssetGenre, "Genre"},         AssetName{AssetYear, "Year"},
     AssetName{AssetTrack, "Track"},         AssetName{AssetArtwork, "Artwork"},
 };
+
+/// The keys of the assets, as reports and lists hold them.
+[[nodiscard]] QStringList keysOfAssets(Assets assets);
 
 /// The localized texts of the assets, joined by ", ".
 QString summaryOfAssets(Assets assets);
