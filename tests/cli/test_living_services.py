@@ -12,9 +12,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from standin_catalogue import INSTRUMENTAL, WITHOUT_ART, WITHOUT_WORDS, Catalogue
-from standin_services import (COVERS, FAILURES, LYRICS, MUSICBRAINZ, SOUND, SOURCELIST, Services,
-                              Sounds, picture, sha1)
+from standin_catalogue import INSTRUMENTAL, WITHOUT_WORDS, Catalogue
+from standin_services import (FAILURES, LYRICS, MUSICBRAINZ, SOUND, SOURCELIST, Services, Sounds)
 
 PROGRAM = os.environ["TAGWRIGHT_PROGRAM"]
 SILENCE = (Path(__file__).resolve().parents[2] / "resources" / "silence.m4a").read_bytes()
@@ -22,7 +21,7 @@ MOST_REQUESTS = 2.2  # a song
 # Those that users are given; the table below says what each has.
 LIVING = tuple(service for service in (MUSICBRAINZ, LYRICS) if service in SOURCELIST)
 OF_ALBUM = ("AlbumName", "Genre", "Year", "Track")
-WANTED = {MUSICBRAINZ: OF_ALBUM, COVERS: ("Artwork",), LYRICS: ("Lyrics",)}
+WANTED = {MUSICBRAINZ: OF_ALBUM, LYRICS: ("Lyrics",)}
 
 
 def mp3(seconds):
@@ -44,8 +43,7 @@ def given_by(sources):
 
 def lacking(song):
     """What no service has of it."""
-    without_words = {"Lyrics"} if song.key in (INSTRUMENTAL, WITHOUT_WORDS) else set()
-    return without_words | ({"Artwork"} if song.album == WITHOUT_ART else set())
+    return {"Lyrics"} if song.key in (INSTRUMENTAL, WITHOUT_WORDS) else set()
 
 
 class Home:
@@ -104,13 +102,9 @@ class LivingServices(unittest.TestCase):
     def assert_filled(self, shown, song):
         album, year, track, genre = self.catalogue.tags(song)
         expected = {"AlbumName": album, "Year": year, "Track": track, "Genre": genre,
-                    "Lyrics": song.words,
-                    "Artwork": (None if song.album == WITHOUT_ART
-                                else sha1(picture(song.album, 500)))}
-        images = [image["sha1"] for image in shown["images"]]
+                    "Lyrics": song.words}
         fields = {"AlbumName": shown["album"], "Year": shown["year"], "Track": shown["track"],
-                  "Genre": shown["genres"], "Lyrics": shown["lyrics"],
-                  "Artwork": images[0] if images else None}
+                  "Genre": shown["genres"], "Lyrics": shown["lyrics"]}
         given = given_by(LIVING)
         self.assertEqual(fields, {field: value if field in given else None
                                   for field, value in expected.items()})
@@ -126,7 +120,7 @@ class LivingServices(unittest.TestCase):
         self.assertEqual("instrumental" in told, song.key == INSTRUMENTAL and LYRICS in LIVING)
         chosen, = (each for each in told["candidates"] if each["dropped"] is None)
         self.assertEqual((chosen["source"], chosen["album"], chosen["art"]),
-                         (MUSICBRAINZ, self.catalogue.tags(song)[0], "Artwork" in given))
+                         (MUSICBRAINZ, self.catalogue.tags(song)[0], False))
         self.assertGreaterEqual(chosen["score"], 50)
         self.assertRegex(told["reason"], f"^Chosen: .*{re.escape(chosen['album'])}")
 
@@ -167,8 +161,7 @@ class LivingServices(unittest.TestCase):
     def assert_left_out(self, service, told, summary, broken):
         self.assertEqual(broken, [])
         self.assertEqual((summary["processed"], summary["failed"]), (3, 0))
-        lost = [service] if service != MUSICBRAINZ else [service, COVERS]  # of which release?
-        expected = given_by(set(LIVING) - set(lost))
+        expected = given_by(set(LIVING) - {service})
         for each in told:
             self.assertEqual(set(each["changed"]), expected, each)
             self.assertIn(service, each["reason"], each)
