@@ -1,11 +1,12 @@
 // The program that users start. It reads the command line and shows tags itself, with nothing
-// loaded but QtCore; everything else is done by the full program, which it becomes.
+// loaded but QtCore; everything else is done by the full program or the one with the window, which
+// it becomes.
 
 #include "base/inplacefile.h"
 #include "base/log.h"
 #include "base/texts.h"
 #include "cli/commandline.h"
-#include "cli/fullprogram.h"
+#include "cli/otherprograms.h"
 #include "cli/showcommand.h"
 
 #include <QCoreApplication>
@@ -21,8 +22,15 @@ int main(int argc, char **argv)
         return parsed.exitStatus;
     }
     const Arguments &arguments = parsed.arguments;
-    if (arguments.command != Command::Show)
-        return runFullProgram(argc, argv);
+    const Program program = programFor(arguments);
+    if (program == Program::Window && !hasDisplay()) {
+        std::fputs("tagwright: there is no display to open a window on; "
+                   "\"tagwright --help\" lists what works without one\n",
+                   stderr);
+        return ExitStatus::wrongArguments;
+    }
+    if (program != Program::This)
+        return becomeProgram(program, argc, argv);
 
     const QCoreApplication app(argc, argv);
     installDiagnostics(arguments.verbose ? Diagnostics::ToStandardErrorToo

@@ -1,4 +1,4 @@
-// The full program: everything but showing tags. Started by the program of main.cpp, which has
+// The full program: every command but "show". Started by the program of main.cpp, which has
 // checked the command line already.
 
 #include "base/inplacefile.h"
@@ -11,8 +11,6 @@
 #include "cli/writingcommands.h"
 
 #include <QCoreApplication>
-
-#include <cstdio>
 
 namespace {
 
@@ -31,10 +29,8 @@ int runCommand(const Arguments &arguments, Report &report)
         return runDemo(report);
     case Command::Show:
     case Command::None:
-        break;
+        break; // the other programs' business
     }
-    std::fputs("tagwright: the window is still to come; \"tagwright --help\" lists the commands\n",
-               stderr);
     return ExitStatus::wrongArguments;
 }
 

@@ -3,6 +3,14 @@
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
     <name></name>
+    <message id="AboutText">
+        <source>&lt;b&gt;Tagwright %1&lt;/b&gt;&lt;br&gt;&lt;br&gt;Fills in what the tags of your songs lack: album, title, genre, year, track, artwork and lyrics.&lt;br&gt;&lt;br&gt;Free software under the GNU General Public License, version 3 or later.</source>
+        <translation>&lt;b&gt;Tagwright %1&lt;/b&gt;&lt;br&gt;&lt;br&gt;Fills in what the tags of your songs lack: album, title, genre, year, track, artwork and lyrics.&lt;br&gt;&lt;br&gt;Free software under the GNU General Public License, version 3 or later.</translation>
+    </message>
+    <message id="AboutTitle">
+        <source>About Tagwright</source>
+        <translation>About Tagwright</translation>
+    </message>
     <message id="AlbumName">
         <source>Album</source>
         <translation>Album</translation>
@@ -259,6 +267,158 @@
         <source>Lyrics</source>
         <translation>Lyrics</translation>
     </message>
+    <message id="MenuAbout">
+        <source>&amp;About Tagwright</source>
+        <translation>&amp;About Tagwright</translation>
+    </message>
+    <message id="MenuActivity">
+        <source>&amp;Activity</source>
+        <translation>&amp;Activity</translation>
+    </message>
+    <message id="MenuAdd">
+        <source>A&amp;dd</source>
+        <translation>A&amp;dd</translation>
+    </message>
+    <message id="MenuAddArtwork">
+        <source>&amp;Add Artwork…</source>
+        <translation>&amp;Add Artwork…</translation>
+    </message>
+    <message id="MenuArtwork">
+        <source>&amp;Artwork</source>
+        <translation>&amp;Artwork</translation>
+    </message>
+    <message id="MenuBegin">
+        <source>&amp;Begin</source>
+        <translation>&amp;Begin</translation>
+    </message>
+    <message id="MenuClearLog">
+        <source>C&amp;lear Log</source>
+        <translation>C&amp;lear Log</translation>
+    </message>
+    <message id="MenuCopyLog">
+        <source>&amp;Copy Log</source>
+        <translation>&amp;Copy Log</translation>
+    </message>
+    <message id="MenuCopyTags">
+        <source>Copy &amp;Tags</source>
+        <translation>Copy &amp;Tags</translation>
+    </message>
+    <message id="MenuEdit">
+        <source>&amp;Edit</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message id="MenuFile">
+        <source>&amp;File</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message id="MenuFind">
+        <source>&amp;Find</source>
+        <translation>&amp;Find</translation>
+    </message>
+    <message id="MenuGathering">
+        <source>&amp;Gathering</source>
+        <translation>&amp;Gathering</translation>
+    </message>
+    <message id="MenuHelp">
+        <source>&amp;Help</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message id="MenuLyricsInspector">
+        <source>&amp;Lyrics</source>
+        <translation>&amp;Lyrics</translation>
+    </message>
+    <message id="MenuOpenFolder">
+        <source>&amp;Open Folder…</source>
+        <translation>&amp;Open Folder…</translation>
+    </message>
+    <message id="MenuPasteArtwork">
+        <source>&amp;Paste Artwork</source>
+        <translation>&amp;Paste Artwork</translation>
+    </message>
+    <message id="MenuPasteTags">
+        <source>P&amp;aste Tags</source>
+        <translation>P&amp;aste Tags</translation>
+    </message>
+    <message id="MenuPreferences">
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Preferences…</translation>
+    </message>
+    <message id="MenuQuit">
+        <source>&amp;Quit</source>
+        <translation>&amp;Quit</translation>
+    </message>
+    <message id="MenuRedo">
+        <source>&amp;Redo</source>
+        <translation>&amp;Redo</translation>
+    </message>
+    <message id="MenuRegenerate">
+        <source>&amp;Regenerate Tags…</source>
+        <translation>&amp;Regenerate Tags…</translation>
+    </message>
+    <message id="MenuRemoveArtwork">
+        <source>&amp;Remove Artwork</source>
+        <translation>&amp;Remove Artwork</translation>
+    </message>
+    <message id="MenuRemoveLyrics">
+        <source>Re&amp;move Lyrics</source>
+        <translation>Re&amp;move Lyrics</translation>
+    </message>
+    <message id="MenuReplaceArtwork">
+        <source>R&amp;eplace Artwork…</source>
+        <translation>R&amp;eplace Artwork…</translation>
+    </message>
+    <message id="MenuRescan">
+        <source>&amp;Rescan</source>
+        <translation>&amp;Rescan</translation>
+    </message>
+    <message id="MenuRetryUnanswered">
+        <source>&amp;Ask Again</source>
+        <translation>&amp;Ask Again</translation>
+    </message>
+    <message id="MenuRevealFile">
+        <source>&amp;Show in File Manager</source>
+        <translation>&amp;Show in File Manager</translation>
+    </message>
+    <message id="MenuReview">
+        <source>&amp;Review…</source>
+        <translation>&amp;Review…</translation>
+    </message>
+    <message id="MenuSaveArtwork">
+        <source>&amp;Save Artwork As…</source>
+        <translation>&amp;Save Artwork As…</translation>
+    </message>
+    <message id="MenuSelectAll">
+        <source>&amp;Select All</source>
+        <translation>&amp;Select All</translation>
+    </message>
+    <message id="MenuShowOptions">
+        <source>Gathering &amp;Options</source>
+        <translation>Gathering &amp;Options</translation>
+    </message>
+    <message id="MenuSongs">
+        <source>&amp;Songs</source>
+        <translation>&amp;Songs</translation>
+    </message>
+    <message id="MenuStandardiseGenre">
+        <source>Standardise &amp;Genre</source>
+        <translation>Standardise &amp;Genre</translation>
+    </message>
+    <message id="MenuStop">
+        <source>&amp;Stop</source>
+        <translation>&amp;Stop</translation>
+    </message>
+    <message id="MenuUndo">
+        <source>&amp;Undo</source>
+        <translation>&amp;Undo</translation>
+    </message>
+    <message id="MenuWelcome">
+        <source>&amp;Welcome</source>
+        <translation>&amp;Welcome</translation>
+    </message>
+    <message id="MenuWindow">
+        <source>&amp;Window</source>
+        <translation>&amp;Window</translation>
+    </message>
     <message id="NoInitializeSong">
         <source>No song can be found at</source>
         <translation>No song can be found at</translation>
@@ -271,9 +431,21 @@
         <source>%1 (%2 remaining)</source>
         <translation>%1 (%2 remaining)</translation>
     </message>
+    <message id="OpenFolderTitle">
+        <source>Choose a folder of songs</source>
+        <translation>Choose a folder of songs</translation>
+    </message>
     <message id="PlaylistNotFoundMessage">
         <source>There is no playlist “%1” that can be read</source>
         <translation>There is no playlist “%1” that can be read</translation>
+    </message>
+    <message id="PlaylistNotFoundProceed">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="PlaylistNotFoundTitle">
+        <source>The playlist was not found</source>
+        <translation>The playlist was not found</translation>
     </message>
     <message id="ReasonFileBusy">
         <source>Another write to the file is under way</source>
@@ -315,6 +487,10 @@
         <source>Reading the music library …</source>
         <translation>Reading the music library …</translation>
     </message>
+    <message id="SearchPlaceholder">
+        <source>Search songs</source>
+        <translation>Search songs</translation>
+    </message>
     <message id="SearchSubset">
         <source>%1 of %2</source>
         <translation>%1 of %2</translation>
@@ -322,6 +498,18 @@
     <message id="SongTitle">
         <source>Title</source>
         <translation>Title</translation>
+    </message>
+    <message id="SourceMenuFolder">
+        <source>Folder…</source>
+        <translation>Folder…</translation>
+    </message>
+    <message id="SourceMenuTitle">
+        <source>Where the songs come from</source>
+        <translation>Where the songs come from</translation>
+    </message>
+    <message id="ToolBarTitle">
+        <source>Toolbar</source>
+        <translation>Toolbar</translation>
     </message>
     <message id="Track">
         <source>Track</source>
@@ -342,6 +530,18 @@
     <message id="Year">
         <source>Year</source>
         <translation>Year</translation>
+    </message>
+    <message id="iTunesIsBusy">
+        <source>Playlists cannot be asked for now</source>
+        <translation>Playlists cannot be asked for now</translation>
+    </message>
+    <message id="iTunesLibrary">
+        <source>Whole library</source>
+        <translation>Whole library</translation>
+    </message>
+    <message id="iTunesNotRunning">
+        <source>The music player is not running</source>
+        <translation>The music player is not running</translation>
     </message>
     <message id="newVersionMessage">
         <source>Tagwright &lt;version&gt; is there.</source>

@@ -1,7 +1,6 @@
 #include "app/engine.h"
 
 #include "app/sharedtables.h"
-#include "base/folders.h"
 #include "itunes/systemrunner.h"
 #include "sources/builtinsources.h"
 
@@ -23,8 +22,9 @@ void clearCache(const SiteDefinitions &definitions)
 }
 } // namespace
 
-Engine::Engine(Pages pages)
-    : definitions(prefs.settings())
+Engine::Engine(Pages pages, const QString &settings)
+    : prefs(settings)
+    , definitions(prefs.settings())
     , queue(pages == Pages::OnDisk ? cacheFolder() + QStringLiteral("/pages") : QString())
     , catalog(builtInSources())
     , scriptRunner(systemScriptRunner(usualMusicPlaces(prefs.movedFolders())))

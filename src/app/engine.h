@@ -2,6 +2,7 @@
 
 #include "app/prefscontroller.h"
 #include "app/userlog.h"
+#include "base/folders.h"
 #include "gathering/httpqueue.h"
 #include "gathering/sourcecatalog.h"
 #include "itunes/itunesinterface.h"
@@ -24,7 +25,7 @@ public:
     /// summaries of songs are kept with the pages on disk alone.
     enum class Pages { OnDisk, InMemory };
 
-    explicit Engine(Pages pages = Pages::OnDisk);
+    explicit Engine(Pages pages = Pages::OnDisk, const QString &settings = settingsFile());
     Engine(const Engine &) = delete;
     Engine &operator=(const Engine &) = delete;
 

@@ -1,7 +1,5 @@
 #include "app/prefscontroller.h"
 
-#include "base/folders.h"
-
 #include <array>
 
 namespace {
@@ -68,8 +66,8 @@ double positive(const Setting<double> &setting, const QSettings &settings)
 }
 } // namespace
 
-PrefsController::PrefsController()
-    : mSettings(settingsFile(), QSettings::IniFormat)
+PrefsController::PrefsController(const QString &file)
+    : mSettings(file, QSettings::IniFormat)
 {
     // A file that cannot be read holds settings all the same.
     if (mSettings.status() == QSettings::NoError && mSettings.allKeys().isEmpty())

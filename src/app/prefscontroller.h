@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/folders.h"
 #include "base/setting.h"
 #include "gathering/albumlist.h"
 #include "gathering/asset.h"
@@ -57,8 +58,8 @@ enum class SourceKind { Folder = 0, Playlist = 1, Library = 2 };
 /// The settings of the user, read when they are needed.
 class PrefsController {
 public:
-    /// Opens settingsFile(). A user without any settings gets those of a new user.
-    PrefsController();
+    /// A user without any settings in the file gets those of a new user.
+    explicit PrefsController(const QString &file = settingsFile());
 
     [[nodiscard]] QSettings &settings() { return mSettings; }
 

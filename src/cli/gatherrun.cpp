@@ -1,29 +1,14 @@
 #include "cli/gatherrun.h"
 
-#include "app/sourcechoices.h"
-#include "base/ownprogram.h"
+#include "app/runcontext.h"
 #include "cli/interrupt.h"
 
 #include <QEventLoop>
 
-namespace {
-
-std::optional<IdentifyingMeans> identifyingMeansOf(const PrefsController &prefs)
-{
-    const QString key = prefs.acoustIDKey();
-    if (key.isEmpty())
-        return {};
-    return IdentifyingMeans{key, pathOfOwnProgram(QStringLiteral("tagwright-fingerprint"))};
-}
-
-} // namespace
-
 GatherRun::GatherRun(Engine &engine, const SongList &songs, const Interrupt &interrupt)
     : mSongs(songs)
     , mLibrary(songs)
-    , mContext{engine.queue, engine.catalog,
-               definitionsAsChosen(engine.definitions.liveResources(), engine.prefs.settings()),
-               mLibrary, identifyingMeansOf(engine.prefs)}
+    , mContext(runContext(engine, mLibrary))
     , mWorkList(mContext, engine.itunes, engine.log)
 {
     mWorkList.setInfoCache(&engine.infoCache);

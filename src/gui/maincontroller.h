@@ -1,0 +1,79 @@
+#pragma once
+
+#include "app/engine.h"
+#include "app/songlist.h"
+#include "app/worklist.h"
+#include "gathering/librarylending.h"
+
+#include <QObject>
+
+#include <functional>
+
+/// Connects what the window shows: the songs of the chosen source, those that are selected, and
+/// the run that gathers for them. The parts of the window know this and not each other.
+class MainController : public QObject {
+    Q_OBJECT
+
+public:
+    /// The engine must be started and outlive this.
+    explicit MainController(Engine &engine);
+
+    [[nodiscard]] Engine &engine() { return mEngine; }
+    [[nodiscard]] PrefsController &prefs() { return mEngine.prefs; }
+    [[nodiscard]] LoadedSongs &songs() { return mSongs; }
+    [[nodiscard]] WorkList &workList() { return mWorkList; }
+
+    // Where the songs come from. Each remembers its choice and loads it.
+    void setSongLibraryFolder(const QString &path);
+    void setiTunesLibrary();
+    void setSongLibraryPlaylist(const QString &name);
+    /// Loads the chosen source anew.
+    void rescan();
+
+    /// In the order in which the list shows them.
+    [[nodiscard]] const SongList &selectedSongs() const { return mSelectedSongs; }
+    void setSelectedSongs(SongList songs);
+    /// How the list asks for those that it shows, in order: a run takes them in that order.
+    void setVisibleSongs(std::function<SongList()> visibleSongs)
+    {
+        mVisibleSongs = std::move(visibleSongs);
+    }
+    [[nodiscard]] SongList visibleSongs() const;
+
+    /// Starts a run over the selected songs, or adds them to the one under way.
+    void beginGathering();
+    void stopGathering() { mWorkList.stopGathering(); }
+    /// Since the program started.
+    [[nodiscard]] int totalSongsModified() const { return mTotalSongsModified; }
+
+    /// To be called by whoever changed these songs, or what is told of them.
+    void tellChanged(const SongList &songs);
+
+Q_SIGNALS:
+    /// What was begun on the shown songs, such as a text being edited, is to be completed now.
+    void sourceWillChange();
+    /// A source is being loaded; LoadedSongs::source() has its titles.
+    void sourceChanged();
+    void playlistNotFound(const QString &name);
+    void selectionChanged();
+    /// Songs of the list have another tag, status or path.
+    void songsChanged(const SongList &songs);
+    /// A run began, was added to, or ended: of any song the status may be another.
+    void gatheringChanged();
+
+private:
+    void load(const SongSource &source);
+    void loadFinished();
+    void songFinished(const SongOutcome &outcome);
+    void lendFromLoadedSongs();
+
+    Engine &mEngine;
+    LoadedSongs mSongs;
+    LibraryLending mLibrary;
+    GatherContext mContext;
+    WorkList mWorkList;
+    SongList mSelectedSongs;
+    std::function<SongList()> mVisibleSongs;
+    int mTotalSongsModified = 0;
+    bool mLibraryIsStale = false; ///< other songs were loaded than those that lend
+};

@@ -1,0 +1,136 @@
+#include "gui/mainwindow.h"
+
+#include "gui/sourcepopup.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace {
+constexpr QSize firstSize(1120, 720); // pixels
+constexpr int searchFieldWidth = 220; // pixels
+} // namespace
+
+MainWindow::MainWindow(MainController &controller)
+    : mController(controller)
+{
+    setObjectName(QStringLiteral("mainWindow"));
+    resize(firstSize);
+    mCommands.fillMenuBar(*menuBar());
+    setUpToolBar();
+    setUpParts();
+    connectCommands();
+    showTitle();
+    validateInterface();
+}
+
+void MainWindow::setUpToolBar()
+{
+    QToolBar *bar = addToolBar(qtTrId("ToolBarTitle"));
+    bar->setObjectName(QStringLiteral("toolBar"));
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    mSourcePopUp = new SourcePopUp(mController, this);
+    bar->addWidget(mSourcePopUp);
+    bar->addSeparator();
+    mCommands.fillToolBar(*bar);
+    auto *space = new QWidget(bar);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(space);
+    mSearchField = new QLineEdit(bar);
+    mSearchField->setObjectName(QStringLiteral("searchField"));
+    mSearchField->setPlaceholderText(qtTrId("SearchPlaceholder"));
+    mSearchField->setAccessibleName(qtTrId("SearchPlaceholder"));
+    mSearchField->setClearButtonEnabled(true);
+    mSearchField->setMaximumWidth(searchFieldWidth);
+    bar->addWidget(mSearchField);
+}
+
+void MainWindow::setUpParts()
+{
+    auto *content = new QWidget(this);
+    auto *column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    auto *rows = new QSplitter(Qt::Vertical, content);
+    auto *songs = new QSplitter(Qt::Horizontal, rows);
+    songs->addWidget(new QWidget(songs));
+    column->addWidget(rows, 1);
+    setCentralWidget(content);
+}
+
+void MainWindow::connectCommands()
+{
+    using enum MenuCommand;
+    const auto on = [this](MenuCommand command, auto slot) {
+        connect(&mCommands[command], &QAction::triggered, this, slot);
+    };
+    on(OpenFolder, &MainWindow::openFolder);
+    on(Rescan, [this] { mController.rescan(); });
+    on(Quit, &MainWindow::close);
+    on(Begin, [this] { mController.beginGathering(); });
+    on(Stop, [this] { mController.stopGathering(); });
+    on(Find, [this] { mSearchField->setFocus(Qt::ShortcutFocusReason); });
+    on(About, [this] {
+        QMessageBox::about(this, qtTrId("AboutTitle"),
+                           qtTrId("AboutText").arg(QStringLiteral(TAGWRIGHT_VERSION)));
+    });
+    connect(mSourcePopUp, &SourcePopUp::folderWanted, this, &MainWindow::openFolder);
+    connect(&mController, &MainController::sourceChanged, this, &MainWindow::showTitle);
+    connect(&mController, &MainController::playlistNotFound, this,
+            &MainWindow::showPlaylistNotFound);
+    connect(&mController, &MainController::selectionChanged, this, &MainWindow::validateInterface);
+    connect(&mController, &MainController::gatheringChanged, this, &MainWindow::validateInterface);
+}
+
+void MainWindow::validateInterface()
+{
+    using enum MenuCommand;
+    const bool hasSelection = !mController.selectedSongs().empty();
+    const bool isRunning = mController.workList().isRunning();
+    for (const MenuCommand command :
+         {Begin, RevealFile, CopyTags, PasteTags, StandardiseGenre, Regenerate, AddArtwork,
+          PasteArtwork, ReplaceArtwork, RemoveArtwork, SaveArtwork, RemoveLyrics})
+        mCommands[command].setEnabled(hasSelection);
+    mCommands[Stop].setEnabled(isRunning);
+    mCommands.setBeginAddToMode(isRunning);
+}
+
+void MainWindow::showTitle()
+{
+    const QString title = mController.songs().source().windowTitle;
+    setWindowTitle(title.isEmpty() ? QStringLiteral("Tagwright") : title);
+}
+
+void MainWindow::openFolder()
+{
+    const QString folder = QFileDialog::getExistingDirectory(
+        this, qtTrId("OpenFolderTitle"), mController.prefs().libraryDirectory());
+    if (!folder.isEmpty())
+        mController.setSongLibraryFolder(folder);
+    mSourcePopUp->selectAppropriateSource();
+}
+
+void MainWindow::showPlaylistNotFound(const QString &name)
+{
+    auto *sheet =
+        new QMessageBox(QMessageBox::Critical, qtTrId("PlaylistNotFoundTitle"),
+                        qtTrId("PlaylistNotFoundMessage").arg(name), QMessageBox::NoButton, this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->addButton(qtTrId("PlaylistNotFoundProceed"), QMessageBox::AcceptRole);
+    sheet->open();
+    mSourcePopUp->setUpSourceMenu();
+}
+
+/// A run is stopped first; the song in hand is left as it is.
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    Q_EMIT mController.sourceWillChange();
+    mController.stopGathering();
+    mController.songs().cancel();
+    event->accept();
+}

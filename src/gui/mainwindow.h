@@ -1,0 +1,37 @@
+#pragma once
+
+#include "gui/commands.h"
+#include "gui/maincontroller.h"
+
+#include <QMainWindow>
+
+class QLineEdit;
+class QSplitter;
+class SourcePopUp;
+
+/// The main window: lays its parts out and connects the commands with what does them.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// The controller must outlive the window.
+    explicit MainWindow(MainController &controller);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void setUpToolBar();
+    void setUpParts();
+    void connectCommands();
+    /// Enables what can be done now.
+    void validateInterface();
+    void showTitle();
+    void openFolder();
+    void showPlaylistNotFound(const QString &name);
+
+    MainController &mController;
+    Commands mCommands{this};
+    SourcePopUp *mSourcePopUp = nullptr;
+    QLineEdit *mSearchField = nullptr;
+};
