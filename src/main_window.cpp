@@ -5,6 +5,7 @@
 #include "base/log.h"
 #include "base/texts.h"
 #include "cli/commandline.h"
+#include "gui/icons.h"
 #include "gui/mainwindow.h"
 
 #include <QApplication>
@@ -16,6 +17,7 @@ int main(int argc, char **argv)
     const QApplication app(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("Tagwright"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tagwright"));
+    QApplication::setWindowIcon(icon(QStringLiteral("tagwright")));
     installDiagnostics(arguments.verbose ? Diagnostics::ToStandardErrorToo
                                          : Diagnostics::ToLogFile);
     installTexts();

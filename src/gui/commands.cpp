@@ -1,5 +1,7 @@
 #include "gui/commands.h"
 
+#include "gui/icons.h"
+
 #include <QMenu>
 
 #include <initializer_list>
@@ -11,6 +13,7 @@ struct CommandRow {
     MenuCommand command;
     const char *textID;
     QKeySequence shortcut{};
+    const char *icon = "";
 };
 
 /// A menu; nothing in `entries` separates groups.
@@ -23,34 +26,36 @@ std::vector<CommandRow> commandRows()
 {
     using enum MenuCommand;
     return {
-        {OpenFolder, QT_TRID_NOOP("MenuOpenFolder"), QKeySequence::Open},
-        {Rescan, QT_TRID_NOOP("MenuRescan"), QKeySequence::Refresh},
+        {OpenFolder, QT_TRID_NOOP("MenuOpenFolder"), QKeySequence::Open, "Menu-Directory"},
+        {Rescan, QT_TRID_NOOP("MenuRescan"), QKeySequence::Refresh, "rescan"},
         {RevealFile, QT_TRID_NOOP("MenuRevealFile"), Qt::CTRL | Qt::SHIFT | Qt::Key_R},
         {Quit, QT_TRID_NOOP("MenuQuit"), QKeySequence::Quit},
-        {Undo, QT_TRID_NOOP("MenuUndo"), QKeySequence::Undo},
-        {Redo, QT_TRID_NOOP("MenuRedo"), QKeySequence::Redo},
-        {CopyTags, QT_TRID_NOOP("MenuCopyTags"), Qt::CTRL | Qt::SHIFT | Qt::Key_C},
-        {PasteTags, QT_TRID_NOOP("MenuPasteTags"), Qt::CTRL | Qt::SHIFT | Qt::Key_V},
+        {Undo, QT_TRID_NOOP("MenuUndo"), QKeySequence::Undo, "undo"},
+        {Redo, QT_TRID_NOOP("MenuRedo"), QKeySequence::Redo, "redo"},
+        {CopyTags, QT_TRID_NOOP("MenuCopyTags"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, "copy"},
+        {PasteTags, QT_TRID_NOOP("MenuPasteTags"), Qt::CTRL | Qt::SHIFT | Qt::Key_V, "paste"},
         {SelectAll, QT_TRID_NOOP("MenuSelectAll")}, // the focused part has the usual key itself
-        {Find, QT_TRID_NOOP("MenuFind"), QKeySequence::Find},
-        {Preferences, QT_TRID_NOOP("MenuPreferences"), Qt::CTRL | Qt::Key_Comma},
-        {Begin, QT_TRID_NOOP("MenuBegin"), Qt::CTRL | Qt::Key_Return},
-        {Stop, QT_TRID_NOOP("MenuStop"), Qt::CTRL | Qt::Key_Period},
-        {ShowOptions, QT_TRID_NOOP("MenuShowOptions"), Qt::CTRL | Qt::Key_T},
-        {Review, QT_TRID_NOOP("MenuReview"), Qt::CTRL | Qt::SHIFT | Qt::Key_Return},
+        {Find, QT_TRID_NOOP("MenuFind"), QKeySequence::Find, "search"},
+        {Preferences, QT_TRID_NOOP("MenuPreferences"), Qt::CTRL | Qt::Key_Comma, "preferences"},
+        {Begin, QT_TRID_NOOP("MenuBegin"), Qt::CTRL | Qt::Key_Return, "begin"},
+        {Stop, QT_TRID_NOOP("MenuStop"), Qt::CTRL | Qt::Key_Period, "stop"},
+        {ShowOptions, QT_TRID_NOOP("MenuShowOptions"), Qt::CTRL | Qt::Key_T, "options"},
+        {Review, QT_TRID_NOOP("MenuReview"), Qt::CTRL | Qt::SHIFT | Qt::Key_Return, "review"},
         {RetryUnanswered, QT_TRID_NOOP("MenuRetryUnanswered")},
-        {StandardiseGenre, QT_TRID_NOOP("MenuStandardiseGenre"), Qt::CTRL | Qt::Key_G},
-        {Regenerate, QT_TRID_NOOP("MenuRegenerate")},
-        {AddArtwork, QT_TRID_NOOP("MenuAddArtwork"), Qt::CTRL | Qt::SHIFT | Qt::Key_A},
+        {StandardiseGenre, QT_TRID_NOOP("MenuStandardiseGenre"), Qt::CTRL | Qt::Key_G,
+         "standardise-genre"},
+        {Regenerate, QT_TRID_NOOP("MenuRegenerate"), {}, "regenerate"},
+        {AddArtwork, QT_TRID_NOOP("MenuAddArtwork"), Qt::CTRL | Qt::SHIFT | Qt::Key_A,
+         "artwork-add"},
         {PasteArtwork, QT_TRID_NOOP("MenuPasteArtwork")},
-        {ReplaceArtwork, QT_TRID_NOOP("MenuReplaceArtwork")},
-        {RemoveArtwork, QT_TRID_NOOP("MenuRemoveArtwork")},
-        {SaveArtwork, QT_TRID_NOOP("MenuSaveArtwork")},
-        {LyricsInspector, QT_TRID_NOOP("MenuLyricsInspector"), Qt::CTRL | Qt::Key_L},
+        {ReplaceArtwork, QT_TRID_NOOP("MenuReplaceArtwork"), {}, "artwork-replace"},
+        {RemoveArtwork, QT_TRID_NOOP("MenuRemoveArtwork"), {}, "artwork-remove"},
+        {SaveArtwork, QT_TRID_NOOP("MenuSaveArtwork"), {}, "artwork-save"},
+        {LyricsInspector, QT_TRID_NOOP("MenuLyricsInspector"), Qt::CTRL | Qt::Key_L, "lyrics"},
         {RemoveLyrics, QT_TRID_NOOP("MenuRemoveLyrics")},
-        {Activity, QT_TRID_NOOP("MenuActivity"), Qt::CTRL | Qt::Key_0},
+        {Activity, QT_TRID_NOOP("MenuActivity"), Qt::CTRL | Qt::Key_0, "activity"},
         {CopyLog, QT_TRID_NOOP("MenuCopyLog")},
-        {ClearLog, QT_TRID_NOOP("MenuClearLog")},
+        {ClearLog, QT_TRID_NOOP("MenuClearLog"), {}, "clear"},
         {Welcome, QT_TRID_NOOP("MenuWelcome")},
         {About, QT_TRID_NOOP("MenuAbout")},
     };
@@ -85,6 +90,7 @@ Commands::Commands(QObject *parent)
         auto *action = new QAction(qtTrId(row.textID), this);
         action->setObjectName(QLatin1String(row.textID));
         action->setShortcut(row.shortcut);
+        action->setIcon(icon(QLatin1String(row.icon)));
         mActions.emplace(row.command, action);
     }
     (*this)[MenuCommand::Quit].setMenuRole(QAction::QuitRole);
@@ -114,4 +120,5 @@ void Commands::setBeginAddToMode(bool adds)
 {
     QAction &begin = (*this)[MenuCommand::Begin];
     begin.setText(adds ? qtTrId("MenuAdd") : qtTrId("MenuBegin"));
+    begin.setIcon(icon(adds ? QStringLiteral("add") : QStringLiteral("begin")));
 }
