@@ -259,6 +259,10 @@
         <source>Finished: %1 songs processed, %2 modified</source>
         <translation>Finished: %1 songs processed, %2 modified</translation>
     </message>
+    <message id="LogFoundInfo">
+        <source>Found %1 for “%2”</source>
+        <translation>Found %1 for “%2”</translation>
+    </message>
     <message id="LogSetInfo">
         <source>Set %1 of “%2”</source>
         <translation>Set %1 of “%2”</translation>

@@ -1,28 +1,15 @@
 #include "app/worklist.h"
 
+#include "app/tasksetup.h"
 #include "base/log.h"
-#include "gathering/artworkcheck.h"
-#include "gathering/librarylending.h"
-#include "itunes/itunesinterface.h"
-#include "songs/cachedinfotag.h"
-#include "songs/songfileinfocache.h"
 
-#include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
 constexpr std::chrono::seconds patienceWithCancelledTask{4};
-
-/// In pixels; 0 without pictures.
-int widestPicture(const AudioInfoTag &tag)
-{
-    int widest = 0;
-    for (const ID3Image &image : tag.images())
-        widest = std::max(widest, imageWidth(image.data));
-    return widest;
-}
 
 QString titleOf(const AudioInfoTag &tag)
 {
@@ -59,66 +46,122 @@ SongOutcome outcomeOf(const SongInfoTask &task)
 }
 } // namespace
 
-Assets overwritableAssets(const GatheringOptions &options, int existingWidth)
-{
-    Assets assets = options.overwrite;
-    if (existingWidth >= options.overwriteImageThreshold)
-        assets.setFlag(AssetArtwork, false);
-    return assets;
-}
-
 WorkList::WorkList(GatherContext &context, iTunesInterface &itunes, UserLog &log)
     : mContext(context)
-    , mItunes(itunes)
     , mLog(log)
+    , mWriting(context.library, itunes, log)
 {
     mNextStep.setSingleShot(true);
     connect(&mNextStep, &QTimer::timeout, this, &WorkList::processNextSongOnWorkList);
     mCancelTimeout.setSingleShot(true);
     mCancelTimeout.setInterval(patienceWithCancelledTask);
     connect(&mCancelTimeout, &QTimer::timeout, this, &WorkList::giveUpOnTask);
+    connect(&mPreparation, &SongPreparation::prepared, this, &WorkList::appendSong);
+    connect(&mPreparation, &SongPreparation::finished, this, &WorkList::songsPrepared);
 }
 
 WorkList::~WorkList() = default;
+
+void WorkList::setPaused(bool isPaused)
+{
+    if (std::exchange(mIsPaused, isPaused) && !isPaused && mIsRunning && !mCurrentInfoTask)
+        mNextStep.start();
+}
 
 void WorkList::beginGathering(const SongList &songs, const GatheringOptions &options,
                               const WriteOptions &writeOptions, WriteSongs write)
 {
     mOptions = options;
     mWriteOptions = writeOptions;
+    const bool isAdding = std::exchange(mIsRunning, true);
+    if (!isAdding) {
+        mIsCancelled = false;
+        mIsPaused = false;
+        mWrite = write;
+        mSongsProcessed = 0;
+        mSongsModified = 0;
+        mContext.outages.clear();
+    }
     append(songs);
-    if (mIsRunning)
-        return;
-    mIsRunning = true;
+    // Songs that are in the run already count again: the bar has always been raised by all rows
+    // that were selected, and ends before it is full.
+    if (isAdding)
+        mOverallProgress.setMaximum(mOverallProgress.maximum() + static_cast<double>(songs.size()));
+    else if (!mPreparation.isPreparing())
+        startLoop();
+    if (!isAdding)
+        Q_EMIT runStarted();
+    Q_EMIT statusLineChanged();
+}
+
+void WorkList::append(const SongList &songs)
+{
+    mIsArranged = false;
+    if (mPreparation.isPreparing() || SongPreparation::isWorthwhile(songs))
+        return mPreparation.add(songs);
+    for (const auto &song : songs)
+        appendSong(song);
+}
+
+void WorkList::appendSong(const std::shared_ptr<SongFile> &song)
+{
+    if (song->activityStatus() == SongStatus::Ready) {
+        song->setAliasFromPath();
+        song->setActivityStatus(SongStatus::Pending);
+        mSongWorkList.push_back(song);
+    } else if (!song->canWriteToOriginalPath()) {
+        mSongWorkList.push_back(song);
+    }
+}
+
+/// In a new run nothing was begun yet.
+void WorkList::songsPrepared(bool cancelled)
+{
+    const bool isNew = !mKeptJournal;
+    if (cancelled && isNew)
+        for (const auto &song : std::exchange(mSongWorkList, {}))
+            song->setDefaultActivityStatus();
+    if (isNew)
+        startLoop();
+    else if (!mCurrentInfoTask)
+        mNextStep.start();
+}
+
+void WorkList::startLoop()
+{
     mKeptJournal.emplace();
-    mIsCancelled = false;
-    mWrite = write;
-    mSongsProcessed = 0;
-    mSongsModified = 0;
-    mContext.outages.clear();
     mAllSourceAssetsAvailable =
         mContext.catalog.assetsPossibleFromSources(mContext.definitions.sourcelist());
+    mOverallProgress.setMaximum(static_cast<double>(mSongWorkList.size()) + 1);
+    mOverallProgress.setValue(1);
     mNextStep.start();
 }
 
-/// The list stays in the order given, so that what is told follows it.
-void WorkList::append(const SongList &songs)
+/// The next song is the first one that the table shows, and after those the first of the list.
+void WorkList::arrangeAsVisible()
 {
-    for (const auto &song : songs) {
-        if (song->activityStatus() == SongStatus::Ready) {
-            song->setAliasFromPath();
-            song->setActivityStatus(SongStatus::Pending);
-            mSongWorkList.push_back(song);
-        } else if (!song->canWriteToOriginalPath()) {
-            mSongWorkList.push_back(song);
-        }
-    }
+    if (std::exchange(mIsArranged, true) || !mVisibleSongs || mSongWorkList.size() < 2)
+        return;
+    QSet<const SongFile *> waiting;
+    for (const auto &song : mSongWorkList)
+        waiting.insert(song.get());
+    std::deque<std::shared_ptr<SongFile>> arranged;
+    for (auto &song : mVisibleSongs())
+        if (waiting.remove(song.get()))
+            arranged.push_back(std::move(song));
+    for (auto &song : mSongWorkList)
+        if (waiting.remove(song.get()))
+            arranged.push_back(std::move(song));
+    mSongWorkList = std::move(arranged);
 }
 
 void WorkList::stopGathering()
 {
-    if (!mIsRunning || std::exchange(mIsCancelled, true) || !mCurrentInfoTask)
+    if (!mIsRunning || std::exchange(mIsCancelled, true))
         return;
+    mPreparation.cancel();
+    if (!mCurrentInfoTask)
+        return mNextStep.start(); // a paused run takes no step by itself
     mCancelTimeout.start();
     mCurrentInfoTask->cancel();
 }
@@ -126,6 +169,7 @@ void WorkList::stopGathering()
 SongList WorkList::songs() const
 {
     SongList songs(mSongWorkList.begin(), mSongWorkList.end());
+    songs.insert(songs.end(), mPreparation.songs().begin(), mPreparation.songs().end());
     if (mCurrentInfoTask)
         songs.push_back(mCurrentInfoTask->song());
     return songs;
@@ -149,8 +193,13 @@ void WorkList::processNextSongOnWorkList()
         abandonTask();
     else if (mCurrentInfoTask)
         finishTask();
-    if (mIsCancelled || mSongWorkList.empty())
+    if (mIsCancelled)
         return endRun();
+    if (mIsPaused || (mSongWorkList.empty() && mPreparation.isPreparing()))
+        return;
+    if (mSongWorkList.empty())
+        return endRun();
+    arrangeAsVisible();
     const auto song = mSongWorkList.front();
     mSongWorkList.pop_front();
     processSong(song);
@@ -189,27 +238,37 @@ void WorkList::makeTask(const std::shared_ptr<SongFile> &song)
     SongInfoTask &task = *mCurrentInfoTask;
     // On a turn of its own, so that no task is destroyed from inside its signal.
     connect(&task, &SongInfoTask::finished, &mNextStep, qOverload<>(&QTimer::start));
-    task.setParallelMode(mOptions.parallelSearch);
-    task.setIdentify(mOptions.identify);
-    task.setMinimumAcceptableImageSize(static_cast<float>(mOptions.minimumImageSize));
-    task.setMaximumImageSize(static_cast<float>(mOptions.maximumImageSize));
-    task.setIgnoreNonSquareArt(mOptions.ignoreNonSquareArtwork);
-    task.setAlbumSelectionMethod(mOptions.albumPickingMethod);
-    task.setAllowSubstringTrackMatches(mOptions.allowSubstrings);
-    task.setGatherFlags(mOptions.gather);
-    const bool replacesArtwork = mOptions.overwrite.testFlag(AssetArtwork);
-    const int existingWidth = replacesArtwork ? widestPicture(*song->infotag()) : 0;
-    task.setOverwriteFlags(overwritableAssets(mOptions, existingWidth));
+    setUpTask(task, mOptions);
 }
 
 void WorkList::startTask()
 {
     const auto song = mCurrentInfoTask->song();
     song->rememberOriginalValuesForLaterRefresh();
+    mBefore = mKeepsChanges ? valuesOf(*song->infotag()) : SongValues();
     song->setActivityStatus(SongStatus::Processing);
     song->setAliasFromPath();
+    connect(&mCurrentInfoTask->progress(), &Progress::changed, this, &WorkList::showSongProgress);
     mCurrentInfoTask->gather();
     Q_EMIT songStarted(song);
+    Q_EMIT statusLineChanged();
+}
+
+void WorkList::showSongProgress()
+{
+    if (!mCurrentInfoTask)
+        return;
+    const Progress &ofTask = mCurrentInfoTask->progress();
+    mSongProgress.setIndeterminate(ofTask.isIndeterminate());
+    mSongProgress.setMaximum(ofTask.maximum());
+    mSongProgress.setValue(ofTask.value());
+}
+
+void WorkList::resetSongProgress()
+{
+    mSongProgress.setIndeterminate(false);
+    mSongProgress.setMaximum(1);
+    mSongProgress.setValue(0);
 }
 
 void WorkList::finishTask()
@@ -217,39 +276,60 @@ void WorkList::finishTask()
     const auto task = std::exchange(mCurrentInfoTask, nullptr);
     SongOutcome outcome = outcomeOf(*task);
     outcome.song->setDefaultActivityStatus();
-    if (outcome.changed)
+    outcome.change = changeOf(*task);
+    if (outcome.changed) {
         ++mSongsModified;
-    if (const AudioInfoTag *tag = outcome.song->infotag())
+        ++mTotalSongsModified;
+    }
+    if (const AudioInfoTag *tag = outcome.song->infotag()) {
         logGathered(outcome, *tag);
+        warnAboutCompilation(outcome, *tag);
+    }
     writeSong(outcome);
     forgetTag(outcome);
     tell(outcome);
 }
 
+std::shared_ptr<SongChange> WorkList::changeOf(const SongInfoTask &task)
+{
+    const AudioInfoTag *tag = task.song()->infotag();
+    if (!mKeepsChanges || !task.wasStarted() || !tag)
+        return nullptr;
+    return std::make_shared<SongChange>(
+        SongChange{mBefore, valuesOf(*tag), mBefore, task.candidateAlbums(), mOptions});
+}
+
 void WorkList::logGathered(const SongOutcome &outcome, const AudioInfoTag &tag)
 {
+    const QString line =
+        mWrite == WriteSongs::AfterReview ? qtTrId("LogFoundInfo") : qtTrId("LogSetInfo");
     if (outcome.changed)
-        mLog.addLog(qtTrId("LogSetInfo").arg(summaryOfAssets(outcome.changed), titleOf(tag)),
-                    LogColor::Change);
+        mLog.addLog(line.arg(summaryOfAssets(outcome.changed), titleOf(tag)), LogColor::Change);
     if (outcome.error)
         mLog.addLog(QStringLiteral("-- %1").arg(*outcome.error), LogColor::Error);
+}
+
+void WorkList::warnAboutCompilation(const SongOutcome &outcome, const AudioInfoTag &tag)
+{
+    if (tag.isPartOfCompilation() && (outcome.missing & mAllSourceAssetsAvailable))
+        Q_EMIT compilationLacksAssets(titleOf(tag), artistOf(tag));
 }
 
 void WorkList::writeSong(SongOutcome &outcome)
 {
     const AudioInfoTag *tag = outcome.song->infotag();
-    if (mWrite == WriteSongs::No || !tag || !tag->tagHasBeenModified())
+    if (mWrite != WriteSongs::Yes || !tag || !tag->tagHasBeenModified())
         return;
     WriteOptions options = mWriteOptions;
     options.keptJournal = &*mKeptJournal;
-    const auto write = outcome.song->writeToOriginalPath(options, &mItunes);
+    const auto write = mWriting.write(*outcome.song, options);
     outcome.written = write.kind == InPlaceFile::Outcome::Kind::Written;
+    if (outcome.written && outcome.change)
+        outcome.change->inFile = mWriting.valuesInFile(*outcome.song);
     if (write.kind != InPlaceFile::Outcome::Kind::Failed)
         return;
     outcome.failed = true;
     outcome.error = write.error;
-    mLog.addLog(qtTrId("ErrorCannotModify").arg(titleOf(*tag), artistOf(*tag), write.error),
-                LogColor::Error);
 }
 
 /// The song in hand stays as it is on disk: what the task put into its tag is dropped.
@@ -260,47 +340,19 @@ void WorkList::abandonTask()
     forgetTag(outcomeOf(*task));
 }
 
-/// A list of any size fits in memory, and other songs borrow from what the file holds: of a song
-/// that was not written that is its old tag.
 void WorkList::forgetTag(const SongOutcome &outcome)
 {
-    SongFile &song = *outcome.song;
-    if (!outcome.written)
-        song.uncacheInfotag();
-    if (outcome.changed)
-        mContext.library.songChanged(outcome.song);
-    if (outcome.written)
-        storeSummary(song);
-    song.uncacheInfotag();
-    adoptSummary(song);
-}
-
-/// The tag in hand is what the file holds now.
-void WorkList::storeSummary(SongFile &song)
-{
-    const AudioInfoTag *tag = mInfoCache ? song.infotag() : nullptr;
-    if (!tag)
-        return;
-    const ID3Dialect &dialect = song.readOptions().dialect;
-    if (const auto info = CachedInfoTag::infoDictForTag(*tag, song.path(), dialect))
-        mInfoCache->storeInfo(*info, song.path());
-}
-
-/// The list shows the song by its summary. One that could not be written stays a problem.
-void WorkList::adoptSummary(SongFile &song)
-{
-    if (!mInfoCache)
-        return;
-    const ID3Dialect &dialect = song.readOptions().dialect;
-    const SongStatus status = song.activityStatus();
-    song.adoptInfotag(tagWithCachedInfo(mInfoCache->infoForSongFileAtPath(song.path(), dialect)));
-    song.setActivityStatus(status);
+    mWriting.forgetTag(outcome.song,
+                       outcome.written ? SongWriting::Tag::Written : SongWriting::Tag::Dropped,
+                       bool(outcome.changed));
 }
 
 void WorkList::tell(const SongOutcome &outcome)
 {
     ++mSongsProcessed;
+    mOverallProgress.advance(1);
     Q_EMIT songFinished(outcome);
+    Q_EMIT statusLineChanged();
 }
 
 void WorkList::endRun()
@@ -312,12 +364,16 @@ void WorkList::endRun()
             song->setDefaultActivityStatus();
     mIsRunning = false;
     mKeptJournal.reset();
+    mBefore = {};
+    resetSongProgress();
+    mOverallProgress.setValue(0);
     if (mIsCancelled)
         mLog.addLog(qtTrId("LogCancelled"), LogColor::Cancel);
     else
         mLog.addLog(qtTrId("LogFinished")
                         .arg(QString::number(mSongsProcessed), QString::number(mSongsModified)),
                     LogColor::Finished);
+    Q_EMIT statusLineChanged();
     Q_EMIT runFinished(mIsCancelled);
 }
 

@@ -51,6 +51,12 @@ AlbumInfo::AlbumInfo(const std::optional<QString> &artist, const std::optional<Q
     cleanUpStrings();
 }
 
+std::optional<QUrl> AlbumInfo::artURL() const
+{
+    const QUrl url(mArtURLString.value_or(QString()));
+    return url.isValid() && !url.scheme().isEmpty() ? std::optional(url) : std::nullopt;
+}
+
 int AlbumInfo::numberOfTracks() const
 {
     return mTracks ? static_cast<int>(mTracks->size()) : 0;

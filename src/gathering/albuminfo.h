@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 #include <optional>
 
@@ -39,6 +40,8 @@ public:
     [[nodiscard]] const QList<qint64> &trackLengths() const { return mTrackLengths; }
     [[nodiscard]] const ReleaseIdentifiers &identifiers() const { return mIdentifiers; }
     [[nodiscard]] const std::optional<QString> &artURLString() const { return mArtURLString; }
+    /// Nothing when it is no address.
+    [[nodiscard]] std::optional<QUrl> artURL() const;
     /// By song title.
     [[nodiscard]] const QMap<QString, QString> &lyrics() const { return mLyrics; }
     /// The song that was searched has no words.

@@ -59,11 +59,13 @@ void ChoiceRecorder::answered(const SourceAnswer &answer)
 void ChoiceRecorder::begin(AlbumList &albums)
 {
     mRound.clear();
+    mRoundAlbums.clear();
     for (AlbumInfo &album : albums) {
         if (carriesOnlyLyrics(album))
             continue;
         album.setCandidateNumber(static_cast<int>(mRound.size()));
         mRound.push_back(candidateOf(album));
+        mRoundAlbums << album;
     }
 }
 
@@ -79,6 +81,9 @@ void ChoiceRecorder::end(const AlbumList &left, AlbumPick method, const AlbumCho
 {
     if (mRound.empty())
         return;
+    for (const AlbumInfo &album : left)
+        if (album.candidateNumber() >= 0)
+            mRoundAlbums[album.candidateNumber()] = album;
     if (choice.album) {
         for (const AlbumInfo &album : left)
             dropped(album, AlbumFate::NotPicked);
@@ -102,9 +107,12 @@ void ChoiceRecorder::keepRound()
 {
     QList<AlbumCandidate> &kept = mRecord.candidates;
     const QList<AlbumCandidate> earlier = kept;
-    for (const AlbumCandidate &candidate : mRound) {
+    for (std::size_t i = 0; i < mRound.size(); ++i) {
+        const AlbumCandidate &candidate = mRound[i];
         const bool hasRoom = kept.size() < mostCandidates || candidate.fate == AlbumFate::Chosen;
-        if (hasRoom && !earlier.contains(candidate))
-            kept << candidate;
+        if (!hasRoom || earlier.contains(candidate))
+            continue;
+        kept << candidate;
+        mAlbums << mRoundAlbums.at(static_cast<qsizetype>(i));
     }
 }

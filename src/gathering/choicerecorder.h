@@ -24,11 +24,15 @@ public:
     void end(const AlbumList &left, AlbumPick method, const AlbumChoice &choice, bool isOnAlbum);
 
     [[nodiscard]] const ChoiceRecord &record() const { return mRecord; }
+    /// The albums of its candidates, in the same order: what a candidate was merged with is in it.
+    [[nodiscard]] const AlbumList &albums() const { return mAlbums; }
 
 private:
     void explain(ChoiceReason reason, const AlbumList &left, const AlbumChoice &choice);
     void keepRound();
 
     std::vector<AlbumCandidate> mRound; ///< by number
+    AlbumList mRoundAlbums; ///< by number
     ChoiceRecord mRecord;
+    AlbumList mAlbums;
 };

@@ -18,12 +18,6 @@ constexpr std::chrono::milliseconds readingSlice{5};
 
 const QLatin1String fromLibrary("library");
 
-std::optional<QUrl> artURLOf(const AlbumInfo &album)
-{
-    const QUrl url(album.artURLString().value_or(QString()));
-    return url.isValid() && !url.scheme().isEmpty() ? std::optional(url) : std::nullopt;
-}
-
 } // namespace
 
 GatheringSteps::GatheringSteps(QObject *owner, std::shared_ptr<SongFile> song,
@@ -61,14 +55,25 @@ void GatheringSteps::planArtwork()
     mWantArtworkButNoAlbum = mLedger.isDesired(AssetArtwork) && mLedger.isDesired(AssetAlbumName);
 }
 
-void GatheringSteps::begin()
+void GatheringSteps::begin(const std::optional<AlbumInfo> &taken)
 {
     Q_ASSERT(!mStarted);
     mStarted = true;
     mIndicator.setIndeterminate(true);
     mIndicator.setValue(0);
     mIndicator.setMaximum(0);
+    if (taken)
+        return beginWith(*taken);
     identify([this] { applyResourcesFromLibrary([this] { gatherDataOnline(); }); });
+}
+
+void GatheringSteps::beginWith(const AlbumInfo &album)
+{
+    mNextSource = mSources.size();
+    mWantArtworkButNoAlbum = mLedger.isDesired(AssetArtwork) && !album.artURL();
+    if (isStopped())
+        return finishAndNotify();
+    applyResourcesFromAlbum(album, [this, album] { serialFetchArt(album); });
 }
 
 void GatheringSteps::cancel()
@@ -244,7 +249,7 @@ void GatheringSteps::parallelNextArt()
     std::optional<QUrl> url;
     while (!isStopped() && !url && !mParallelAlbums.isEmpty()) {
         const AlbumInfo candidate = mParallelAlbums.takeFirst();
-        url = artURLOf(candidate);
+        url = candidate.artURL();
         if (url)
             fetchArt(
                 *url, candidate.sourceInterfaceName(), [this] { finishAndNotify(); },
@@ -279,7 +284,7 @@ void GatheringSteps::serialSearchCompleted(const AlbumList &albums)
 
 void GatheringSteps::serialFetchArt(const AlbumInfo &album)
 {
-    const std::optional<QUrl> url = artURLOf(album);
+    const std::optional<QUrl> url = album.artURL();
     if (isStopped() || mWantArtworkButNoAlbum || !mLedger.isDesired(AssetArtwork) || !url)
         return serialGatherDataOnline();
     const Step next = [this] { serialGatherDataOnline(); };
@@ -365,11 +370,6 @@ void GatheringSteps::finishAndNotify()
         applyResourcesFromLibrary([this] { gatherArtworkOfKnownAlbum(); });
     else
         notify();
-}
-
-bool GatheringSteps::hasAlbumButNoPicture()
-{
-    return tag().album() && tag().numberOfImages() == 0;
 }
 
 /// A second pass, for artwork alone.

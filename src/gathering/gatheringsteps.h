@@ -33,10 +33,14 @@ public:
     ~GatheringSteps();
 
     void setUpDesiredAssets();
-    void begin();
+    /// `taken`: an album that the user took, in place of all searches; only artwork is looked for
+    /// where that album has none.
+    void begin(const std::optional<AlbumInfo> &taken = {});
     void cancel();
+    [[nodiscard]] bool wasStarted() const { return mStarted; }
     [[nodiscard]] Assets missing() const { return mLedger.desired | mSetAside; }
     [[nodiscard]] const ChoiceRecord &choices() const { return mRecorder.record(); }
+    [[nodiscard]] const AlbumList &albums() const { return mRecorder.albums(); }
     [[nodiscard]] QList<UnaskedSource> unaskedSources() const
     {
         return mSearches.unaskedOf(mSources, missing());
@@ -55,6 +59,7 @@ private:
     [[nodiscard]] bool isStopped() { return mCancelWhenPossible || !mSong->infotag(); }
     [[nodiscard]] AudioInfoTag &tag() { return *mSong->infotag(); }
 
+    void beginWith(const AlbumInfo &album);
     void planArtwork();
     void identify(const Step &then);
     void identified(const Step &then);
@@ -82,7 +87,10 @@ private:
     void fetchArt(const QUrl &url, const QString &source, const Step &applied, const Step &refused);
 
     void finishAndNotify();
-    [[nodiscard]] bool hasAlbumButNoPicture();
+    [[nodiscard]] bool hasAlbumButNoPicture()
+    {
+        return tag().album() && tag().numberOfImages() == 0;
+    }
     void gatherArtworkOfKnownAlbum();
     void notify();
 

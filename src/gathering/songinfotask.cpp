@@ -71,6 +71,11 @@ void SongInfoTask::gather()
     d->begin();
 }
 
+void SongInfoTask::gatherFrom(const AlbumInfo &album)
+{
+    d->begin(album);
+}
+
 void SongInfoTask::cancel()
 {
     d->cancel();
@@ -94,6 +99,11 @@ Assets SongInfoTask::changedAssetFlags() const
 Assets SongInfoTask::desiredAssetFlags() const
 {
     return d->missing();
+}
+
+bool SongInfoTask::wasStarted() const
+{
+    return d->wasStarted();
 }
 
 bool SongInfoTask::wasCancelled() const
@@ -124,6 +134,11 @@ int SongInfoTask::undecidedCandidates() const
 const ChoiceRecord &SongInfoTask::choices() const
 {
     return d->choices();
+}
+
+const AlbumList &SongInfoTask::candidateAlbums() const
+{
+    return d->albums();
 }
 
 QList<UnaskedSource> SongInfoTask::unaskedSources() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gathering/choicerecord.h"
+#include "gathering/albumlist.h"
 #include "gathering/gathercontext.h"
 #include "songs/songfile.h"
 
@@ -42,6 +42,9 @@ public:
     /// Starts, once; finished() follows on a later turn of the event loop, exactly once, also when
     /// nothing is desired, no source can help or the task was cancelled before.
     void gather();
+    /// The same with an album that the user took, in place of what sources find: nothing is asked
+    /// of them but its artwork, where the album has none.
+    void gatherFrom(const AlbumInfo &album);
     /// Winds down: what runs is cancelled, nothing more is applied, and finished() still follows.
     void cancel();
 
@@ -50,6 +53,7 @@ public:
     [[nodiscard]] Assets changedAssetFlags() const;
     /// What is still missing.
     [[nodiscard]] Assets desiredAssetFlags() const;
+    [[nodiscard]] bool wasStarted() const;
     [[nodiscard]] bool wasCancelled() const;
     /// Why nothing was applied, for the user.
     [[nodiscard]] std::optional<QString> errorMessage() const;
@@ -61,6 +65,8 @@ public:
     [[nodiscard]] int undecidedCandidates() const;
     /// What the sources answered, and why the album was chosen or none.
     [[nodiscard]] const ChoiceRecord &choices() const;
+    /// The albums of its candidates, in the same order.
+    [[nodiscard]] const AlbumList &candidateAlbums() const;
     /// Those that gave no answer about what is still missing.
     [[nodiscard]] QList<UnaskedSource> unaskedSources() const;
 

@@ -1,5 +1,6 @@
 #include "app/worklist.h"
 
+#include "app/tasksetup.h"
 #include "base/texts.h"
 #include "gathering/librarylending.h"
 #include "itunes/itunesinterface.h"
