@@ -20,7 +20,7 @@ int main(int argc, char **argv)
     QApplication::setWindowIcon(icon(QStringLiteral("tagwright")));
     installDiagnostics(arguments.verbose ? Diagnostics::ToStandardErrorToo
                                          : Diagnostics::ToLogFile);
-    installTexts();
+    installTexts(TextLanguage::OfTheSystem);
     recoverInterruptedWrites();
 
     Engine engine;

@@ -1,0 +1,551 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="AboutText">
+        <source>&lt;b&gt;Tagwright %1&lt;/b&gt;&lt;br&gt;&lt;br&gt;Fills in what the tags of your songs lack: album, title, genre, year, track, artwork and lyrics.&lt;br&gt;&lt;br&gt;Free software under the GNU General Public License, version 3 or later.</source>
+        <translation>&lt;b&gt;Tagwright %1&lt;/b&gt;&lt;br&gt;&lt;br&gt;Ergänzt, was den Tags Ihrer Songs fehlt: Album, Titel, Genre, Jahr, Titelnummer, Cover und Songtext.&lt;br&gt;&lt;br&gt;Freie Software unter der GNU General Public License, Version 3 oder neuer.</translation>
+    </message>
+    <message id="AboutTitle">
+        <source>About Tagwright</source>
+        <translation>Über Tagwright</translation>
+    </message>
+    <message id="AlbumName">
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message id="Artist">
+        <source>Artist</source>
+        <translation>Interpret</translation>
+    </message>
+    <message id="Artwork">
+        <source>Artwork</source>
+        <translation>Cover</translation>
+    </message>
+    <message id="ChoiceAlbumName">
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message id="ChoiceAlbumWithoutName">
+        <source>an album without a name</source>
+        <translation>ein Album ohne Namen</translation>
+    </message>
+    <message id="ChoiceEarliestYear">
+        <source>Chosen: %1, the earliest of %2 albums</source>
+        <translation>Gewählt: %1, das früheste von %2 Alben</translation>
+    </message>
+    <message id="ChoiceHighestScore">
+        <source>Chosen: %1, which has the highest score of %2 albums</source>
+        <translation>Gewählt: %1, das unter %2 Alben die höchste Wertung hat</translation>
+    </message>
+    <message id="ChoiceLastLeft">
+        <source>Chosen: %1, which is what is left of %2 albums</source>
+        <translation>Gewählt: %1, das von %2 Alben übrig blieb</translation>
+    </message>
+    <message id="ChoiceMostAgreement">
+        <source>Chosen: %1, which was found most often of %2 albums</source>
+        <translation>Gewählt: %1, das unter %2 Alben am häufigsten gefunden wurde</translation>
+    </message>
+    <message id="ChoiceNoMethod">
+        <source>Nothing chosen: %1 albums fit, and no method picks one of them</source>
+        <translation>Nichts gewählt: %1 Alben passen, und kein Verfahren wählt eines davon aus</translation>
+    </message>
+    <message id="ChoiceNoUsableYear">
+        <source>Nothing chosen: none of %1 albums has a usable year</source>
+        <translation>Nichts gewählt: Keines von %1 Alben hat ein brauchbares Jahr</translation>
+    </message>
+    <message id="ChoiceNothingFound">
+        <source>Nothing chosen: no album was found</source>
+        <translation>Nichts gewählt: Es wurde kein Album gefunden</translation>
+    </message>
+    <message id="ChoiceOnlyAlbum">
+        <source>Chosen: %1, the only album that was found</source>
+        <translation>Gewählt: %1, das einzige gefundene Album</translation>
+    </message>
+    <message id="ChoiceSongNotOnAlbum">
+        <source>Nothing chosen: the song is not on %1</source>
+        <translation>Nichts gewählt: Der Song ist nicht auf %1</translation>
+    </message>
+    <message id="ChoiceWithoutSources">
+        <source>%1 (no answer from %2)</source>
+        <translation>%1 (ohne Antwort von %2)</translation>
+    </message>
+    <message id="DroppedMerged">
+        <source>counted with another album of the same name</source>
+        <translation>mit einem anderen Album gleichen Namens zusammengezählt</translation>
+    </message>
+    <message id="DroppedNotPicked">
+        <source>another album was picked</source>
+        <translation>ein anderes Album wurde gewählt</translation>
+    </message>
+    <message id="DroppedOtherName">
+        <source>another name than the song’s album, which others have</source>
+        <translation>heißt anders als das Album des Songs, das andere haben</translation>
+    </message>
+    <message id="DroppedOtherNumberOfTracks">
+        <source>another number of tracks than the song’s album, which others have</source>
+        <translation>hat eine andere Titelanzahl als das Album des Songs, die andere haben</translation>
+    </message>
+    <message id="DroppedSongNotOnAlbum">
+        <source>the song is not on it</source>
+        <translation>der Song ist nicht darauf</translation>
+    </message>
+    <message id="DroppedTitleNotOnAlbum">
+        <source>the title is not on it, but on others</source>
+        <translation>der Titel ist nicht darauf, aber auf anderen</translation>
+    </message>
+    <message id="DroppedUndecided">
+        <source>it fits, but no album was picked</source>
+        <translation>es passt, aber kein Album wurde gewählt</translation>
+    </message>
+    <message id="ErrorAddressNotFetched">
+        <source>“%1” is no address that can be fetched: only http and https are</source>
+        <translation>„%1“ ist keine Adresse, die abgerufen werden kann: nur http und https</translation>
+    </message>
+    <message id="ErrorCannotMakeID3">
+        <source>The ID3 tag cannot be made</source>
+        <translation>Das ID3-Tag kann nicht erstellt werden</translation>
+    </message>
+    <message id="ErrorCannotModify">
+        <source>“%1” by %2 cannot be changed: %3</source>
+        <translation>„%1“ von %2 kann nicht geändert werden: %3</translation>
+    </message>
+    <message id="ErrorCannotOpenForRead">
+        <source>The file cannot be opened for reading</source>
+        <translation>Die Datei kann nicht zum Lesen geöffnet werden</translation>
+    </message>
+    <message id="ErrorCannotOpenForWrite">
+        <source>The file cannot be opened for writing</source>
+        <translation>Die Datei kann nicht zum Schreiben geöffnet werden</translation>
+    </message>
+    <message id="ErrorCannotReadFile">
+        <source>The file cannot be read</source>
+        <translation>Die Datei kann nicht gelesen werden</translation>
+    </message>
+    <message id="ErrorDigestEmptyField">
+        <source>Album title or path is empty</source>
+        <translation>Albumtitel oder Pfad ist leer</translation>
+    </message>
+    <message id="ErrorDigestFields">
+        <source>Artist, album and path with tabs between are expected; here are %1 fields</source>
+        <translation>Interpret, Album und Pfad mit Tabulatoren dazwischen werden erwartet; hier sind es %1 Felder</translation>
+    </message>
+    <message id="ErrorDigestNotUTF8">
+        <source>This is no text in UTF-8</source>
+        <translation>Dies ist kein Text in UTF-8</translation>
+    </message>
+    <message id="ErrorDigestTwoPaths">
+        <source>Line %1 gives another path for this album</source>
+        <translation>Zeile %1 gibt einen anderen Pfad für dieses Album an</translation>
+    </message>
+    <message id="ErrorFileChanged">
+        <source>The file is not the song that it was</source>
+        <translation>Die Datei ist nicht mehr der Song, der sie war</translation>
+    </message>
+    <message id="ErrorForeignMetadata">
+        <source>it keeps metadata of another kind where the list of items belongs</source>
+        <translation>sie hat Metadaten anderer Art an der Stelle der Eintragsliste</translation>
+    </message>
+    <message id="ErrorFrameTooLarge">
+        <source>“%1” is larger than this kind of tag can hold (16 MB)</source>
+        <translation>„%1“ ist größer, als ein Tag dieser Art fassen kann (16 MB)</translation>
+    </message>
+    <message id="ErrorHostFailedLately">
+        <source>%1 could not be reached within the last five minutes and is left alone for now</source>
+        <translation>%1 war in den letzten fünf Minuten nicht erreichbar und wird vorerst nicht gefragt</translation>
+    </message>
+    <message id="ErrorMP4Unreadable">
+        <source>This MP4 file cannot be read: %1</source>
+        <translation>Diese MP4-Datei kann nicht gelesen werden: %1</translation>
+    </message>
+    <message id="ErrorNoAcoustIDKey">
+        <source>needs a key of yours for the AcoustID service: in the setting “acoustIDKey” or in TAGWRIGHT_ACOUSTID_KEY</source>
+        <translation>braucht einen eigenen Schlüssel für den Dienst AcoustID: in der Einstellung „acoustIDKey“ oder in TAGWRIGHT_ACOUSTID_KEY</translation>
+    </message>
+    <message id="ErrorNoLength">
+        <source>its length cannot be told</source>
+        <translation>seine Länge lässt sich nicht bestimmen</translation>
+    </message>
+    <message id="ErrorNoLibrary">
+        <source>There is no library file of iTunes that was written within the last 30 days</source>
+        <translation>Es gibt keine Mediathek-Datei von iTunes, die in den letzten 30 Tagen geschrieben wurde</translation>
+    </message>
+    <message id="ErrorNoMovie">
+        <source>it has no “moov” atom, which would hold the tag</source>
+        <translation>sie hat kein „moov“-Atom, in dem das Tag stünde</translation>
+    </message>
+    <message id="ErrorNoSong">
+        <source>This is no song file that can be read</source>
+        <translation>Dies ist keine lesbare Songdatei</translation>
+    </message>
+    <message id="ErrorNoSound">
+        <source>no sound in it can be decoded</source>
+        <translation>kein Ton darin lässt sich dekodieren</translation>
+    </message>
+    <message id="ErrorNoYear">
+        <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
+        <translation>%1 Alben für %2 – %3 gefunden, aber keines mit brauchbarem Jahr: %4</translation>
+    </message>
+    <message id="ErrorNotIdentified">
+        <source>“%1” is not known by its sound: %2</source>
+        <translation>„%1“ wird nicht an seinem Klang erkannt: %2</translation>
+    </message>
+    <message id="ErrorNotOnAlbum">
+        <source>“%1” is not on the album “%2” (%3)</source>
+        <translation>„%1“ ist nicht auf dem Album „%2“ (%3)</translation>
+    </message>
+    <message id="ErrorResponseTooLong">
+        <source>The answer is longer than %1 MB</source>
+        <translation>Die Antwort ist länger als %1 MB</translation>
+    </message>
+    <message id="ErrorServiceNotReached">
+        <source>the service cannot be reached</source>
+        <translation>der Dienst ist nicht erreichbar</translation>
+    </message>
+    <message id="ErrorSongHasProblem">
+        <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
+        <translation>Das Tag ist beschädigt; „tagwright regenerate“ schreibt es mit dem Unversehrten neu</translation>
+    </message>
+    <message id="ErrorSongLocked">
+        <source>The file is not writable</source>
+        <translation>Die Datei ist schreibgeschützt</translation>
+    </message>
+    <message id="ErrorSongVanished">
+        <source>The file is gone</source>
+        <translation>Die Datei ist nicht mehr da</translation>
+    </message>
+    <message id="ErrorSoundUnknown">
+        <source>the service knows no such song</source>
+        <translation>der Dienst kennt keinen solchen Song</translation>
+    </message>
+    <message id="ErrorStrangeAnswer">
+        <source>the answer of the service is not understood</source>
+        <translation>die Antwort des Dienstes ist nicht verständlich</translation>
+    </message>
+    <message id="ErrorTagTooLarge">
+        <source>It would be larger than 256 MB</source>
+        <translation>Es wäre größer als 256 MB</translation>
+    </message>
+    <message id="ErrorTagUnreadable">
+        <source>The ID3 tag is damaged and cannot be read</source>
+        <translation>Das ID3-Tag ist beschädigt und nicht lesbar</translation>
+    </message>
+    <message id="ErrorTimedOut">
+        <source>The server took too long to answer</source>
+        <translation>Der Server hat zu lange nicht geantwortet</translation>
+    </message>
+    <message id="ErrorTooManyRedirects">
+        <source>The server redirects without end</source>
+        <translation>Der Server leitet ohne Ende weiter</translation>
+    </message>
+    <message id="GeneralErrorPrefix">
+        <source>Network: </source>
+        <translation>Netzwerk: </translation>
+    </message>
+    <message id="Genre">
+        <source>Genre</source>
+        <translation>Genre</translation>
+    </message>
+    <message id="LoadingPlaylist">
+        <source>Loading the playlist “%1” …</source>
+        <translation>Die Wiedergabeliste „%1“ wird geladen …</translation>
+    </message>
+    <message id="LogCancelled">
+        <source>Gathering was cancelled</source>
+        <translation>Das Ergänzen wurde abgebrochen</translation>
+    </message>
+    <message id="LogFinished">
+        <source>Finished: %1 songs processed, %2 modified</source>
+        <translation>Fertig: %1 Songs bearbeitet, %2 geändert</translation>
+    </message>
+    <message id="LogSetInfo">
+        <source>Set %1 of “%2”</source>
+        <translation>%1 von „%2“ gesetzt</translation>
+    </message>
+    <message id="Lyrics">
+        <source>Lyrics</source>
+        <translation>Songtext</translation>
+    </message>
+    <message id="MenuAbout">
+        <source>&amp;About Tagwright</source>
+        <translation>Ü&amp;ber Tagwright</translation>
+    </message>
+    <message id="MenuActivity">
+        <source>&amp;Activity</source>
+        <translation>&amp;Aktivität</translation>
+    </message>
+    <message id="MenuAdd">
+        <source>A&amp;dd</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message id="MenuAddArtwork">
+        <source>&amp;Add Artwork…</source>
+        <translation>Cover &amp;hinzufügen…</translation>
+    </message>
+    <message id="MenuArtwork">
+        <source>&amp;Artwork</source>
+        <translation>&amp;Cover</translation>
+    </message>
+    <message id="MenuBegin">
+        <source>&amp;Begin</source>
+        <translation>&amp;Beginnen</translation>
+    </message>
+    <message id="MenuClearLog">
+        <source>C&amp;lear Log</source>
+        <translation>Protokoll &amp;leeren</translation>
+    </message>
+    <message id="MenuCopyLog">
+        <source>&amp;Copy Log</source>
+        <translation>Protokoll &amp;kopieren</translation>
+    </message>
+    <message id="MenuCopyTags">
+        <source>Copy &amp;Tags</source>
+        <translation>&amp;Tags kopieren</translation>
+    </message>
+    <message id="MenuEdit">
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message id="MenuFile">
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message id="MenuFind">
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message id="MenuGathering">
+        <source>&amp;Gathering</source>
+        <translation>&amp;Ergänzen</translation>
+    </message>
+    <message id="MenuHelp">
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message id="MenuLyricsInspector">
+        <source>&amp;Lyrics</source>
+        <translation>&amp;Songtext</translation>
+    </message>
+    <message id="MenuOpenFolder">
+        <source>&amp;Open Folder…</source>
+        <translation>&amp;Ordner öffnen…</translation>
+    </message>
+    <message id="MenuPasteArtwork">
+        <source>&amp;Paste Artwork</source>
+        <translation>Cover &amp;einfügen</translation>
+    </message>
+    <message id="MenuPasteTags">
+        <source>P&amp;aste Tags</source>
+        <translation>Tags ei&amp;nfügen</translation>
+    </message>
+    <message id="MenuPreferences">
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Einstellungen…</translation>
+    </message>
+    <message id="MenuQuit">
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message id="MenuRedo">
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message id="MenuRegenerate">
+        <source>&amp;Regenerate Tags…</source>
+        <translation>&amp;Tags neu schreiben…</translation>
+    </message>
+    <message id="MenuRemoveArtwork">
+        <source>&amp;Remove Artwork</source>
+        <translation>Cover ent&amp;fernen</translation>
+    </message>
+    <message id="MenuRemoveLyrics">
+        <source>Re&amp;move Lyrics</source>
+        <translation>Songtext ent&amp;fernen</translation>
+    </message>
+    <message id="MenuReplaceArtwork">
+        <source>R&amp;eplace Artwork…</source>
+        <translation>Cover e&amp;rsetzen…</translation>
+    </message>
+    <message id="MenuRescan">
+        <source>&amp;Rescan</source>
+        <translation>&amp;Neu einlesen</translation>
+    </message>
+    <message id="MenuRetryUnanswered">
+        <source>&amp;Ask Again</source>
+        <translation>Er&amp;neut fragen</translation>
+    </message>
+    <message id="MenuRevealFile">
+        <source>&amp;Show in File Manager</source>
+        <translation>Im Dateimanager &amp;zeigen</translation>
+    </message>
+    <message id="MenuReview">
+        <source>&amp;Review…</source>
+        <translation>&amp;Durchsehen…</translation>
+    </message>
+    <message id="MenuSaveArtwork">
+        <source>&amp;Save Artwork As…</source>
+        <translation>Cover &amp;sichern unter…</translation>
+    </message>
+    <message id="MenuSelectAll">
+        <source>&amp;Select All</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message id="MenuShowOptions">
+        <source>Gathering &amp;Options</source>
+        <translation>&amp;Optionen zum Ergänzen</translation>
+    </message>
+    <message id="MenuSongs">
+        <source>&amp;Songs</source>
+        <translation>&amp;Songs</translation>
+    </message>
+    <message id="MenuStandardiseGenre">
+        <source>Standardise &amp;Genre</source>
+        <translation>&amp;Genre vereinheitlichen</translation>
+    </message>
+    <message id="MenuStop">
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message id="MenuUndo">
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message id="MenuWelcome">
+        <source>&amp;Welcome</source>
+        <translation>&amp;Willkommen</translation>
+    </message>
+    <message id="MenuWindow">
+        <source>&amp;Window</source>
+        <translation>&amp;Fenster</translation>
+    </message>
+    <message id="NoInitializeSong">
+        <source>No song can be found at</source>
+        <translation>Kein Song gefunden unter</translation>
+    </message>
+    <message id="NoInitializeTag">
+        <source>No tag can be read from</source>
+        <translation>Kein Tag kann gelesen werden aus</translation>
+    </message>
+    <message id="NumberRemaining">
+        <source>%1 (%2 remaining)</source>
+        <translation>%1 (%2 übrig)</translation>
+    </message>
+    <message id="OpenFolderTitle">
+        <source>Choose a folder of songs</source>
+        <translation>Einen Ordner mit Songs wählen</translation>
+    </message>
+    <message id="PlaylistNotFoundMessage">
+        <source>There is no playlist “%1” that can be read</source>
+        <translation>Es gibt keine lesbare Wiedergabeliste „%1“</translation>
+    </message>
+    <message id="PlaylistNotFoundProceed">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="PlaylistNotFoundTitle">
+        <source>The playlist was not found</source>
+        <translation>Die Wiedergabeliste wurde nicht gefunden</translation>
+    </message>
+    <message id="ReasonFileBusy">
+        <source>Another write to the file is under way</source>
+        <translation>Die Datei wird gerade schon geschrieben</translation>
+    </message>
+    <message id="ReasonFileChanged">
+        <source>Another program changed the file meanwhile</source>
+        <translation>Ein anderes Programm hat die Datei inzwischen geändert</translation>
+    </message>
+    <message id="ReasonFileReplaced">
+        <source>Another program moved or replaced the file meanwhile</source>
+        <translation>Ein anderes Programm hat die Datei inzwischen verschoben oder ersetzt</translation>
+    </message>
+    <message id="ReasonFileShortened">
+        <source>The file became shorter meanwhile</source>
+        <translation>Die Datei wurde inzwischen kürzer</translation>
+    </message>
+    <message id="ReasonNoJournal">
+        <source>The bytes to be overwritten cannot be kept in %1: %2</source>
+        <translation>Die zu überschreibenden Bytes können nicht in %1 aufbewahrt werden: %2</translation>
+    </message>
+    <message id="ReasonNotRegular">
+        <source>This is no regular file</source>
+        <translation>Dies ist keine gewöhnliche Datei</translation>
+    </message>
+    <message id="ReasonNotRolledBack">
+        <source>%1; what the file held is kept, and is put back at the next start</source>
+        <translation>%1; der bisherige Inhalt der Datei ist aufbewahrt und wird beim nächsten Start zurückgelegt</translation>
+    </message>
+    <message id="Scanning">
+        <source>Looking for songs …</source>
+        <translation>Songs werden gesucht …</translation>
+    </message>
+    <message id="ScanningDirectory">
+        <source>Looking for songs in the folder …</source>
+        <translation>Songs werden im Ordner gesucht …</translation>
+    </message>
+    <message id="ScanningiTunesLibrary">
+        <source>Reading the music library …</source>
+        <translation>Die Mediathek wird gelesen …</translation>
+    </message>
+    <message id="SearchPlaceholder">
+        <source>Search songs</source>
+        <translation>Songs suchen</translation>
+    </message>
+    <message id="SearchSubset">
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message id="SongTitle">
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message id="SourceMenuFolder">
+        <source>Folder…</source>
+        <translation>Ordner…</translation>
+    </message>
+    <message id="SourceMenuTitle">
+        <source>Where the songs come from</source>
+        <translation>Woher die Songs kommen</translation>
+    </message>
+    <message id="ToolBarTitle">
+        <source>Toolbar</source>
+        <translation>Werkzeugleiste</translation>
+    </message>
+    <message id="Track">
+        <source>Track</source>
+        <translation>Titelnummer</translation>
+    </message>
+    <message id="WindowTitleDirectory">
+        <source>%1 – Tagwright</source>
+        <translation>%1 – Tagwright</translation>
+    </message>
+    <message id="WindowTitleLibrary">
+        <source>Music library – Tagwright</source>
+        <translation>Mediathek – Tagwright</translation>
+    </message>
+    <message id="WindowTitlePlaylist">
+        <source>%1 – Tagwright</source>
+        <translation>%1 – Tagwright</translation>
+    </message>
+    <message id="Year">
+        <source>Year</source>
+        <translation>Jahr</translation>
+    </message>
+    <message id="iTunesIsBusy">
+        <source>Playlists cannot be asked for now</source>
+        <translation>Wiedergabelisten sind gerade nicht abrufbar</translation>
+    </message>
+    <message id="iTunesLibrary">
+        <source>Whole library</source>
+        <translation>Ganze Mediathek</translation>
+    </message>
+    <message id="iTunesNotRunning">
+        <source>The music player is not running</source>
+        <translation>Der Musikplayer läuft nicht</translation>
+    </message>
+    <message id="newVersionMessage">
+        <source>Tagwright &lt;version&gt; is there.</source>
+        <translation>Tagwright &lt;version&gt; ist da.</translation>
+    </message>
+</context>
+</TS>

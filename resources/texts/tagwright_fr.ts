@@ -1,0 +1,551 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="AboutText">
+        <source>&lt;b&gt;Tagwright %1&lt;/b&gt;&lt;br&gt;&lt;br&gt;Fills in what the tags of your songs lack: album, title, genre, year, track, artwork and lyrics.&lt;br&gt;&lt;br&gt;Free software under the GNU General Public License, version 3 or later.</source>
+        <translation>&lt;b&gt;Tagwright %1&lt;/b&gt;&lt;br&gt;&lt;br&gt;Complète ce qui manque aux étiquettes de vos morceaux : album, titre, genre, année, piste, pochette et paroles.&lt;br&gt;&lt;br&gt;Logiciel libre sous licence publique générale GNU, version 3 ou ultérieure.</translation>
+    </message>
+    <message id="AboutTitle">
+        <source>About Tagwright</source>
+        <translation>À propos de Tagwright</translation>
+    </message>
+    <message id="AlbumName">
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message id="Artist">
+        <source>Artist</source>
+        <translation>Artiste</translation>
+    </message>
+    <message id="Artwork">
+        <source>Artwork</source>
+        <translation>Pochette</translation>
+    </message>
+    <message id="ChoiceAlbumName">
+        <source>“%1”</source>
+        <translation>« %1 »</translation>
+    </message>
+    <message id="ChoiceAlbumWithoutName">
+        <source>an album without a name</source>
+        <translation>un album sans nom</translation>
+    </message>
+    <message id="ChoiceEarliestYear">
+        <source>Chosen: %1, the earliest of %2 albums</source>
+        <translation>Choisi : %1, le plus ancien de %2 albums</translation>
+    </message>
+    <message id="ChoiceHighestScore">
+        <source>Chosen: %1, which has the highest score of %2 albums</source>
+        <translation>Choisi : %1, le mieux noté de %2 albums</translation>
+    </message>
+    <message id="ChoiceLastLeft">
+        <source>Chosen: %1, which is what is left of %2 albums</source>
+        <translation>Choisi : %1, le seul restant de %2 albums</translation>
+    </message>
+    <message id="ChoiceMostAgreement">
+        <source>Chosen: %1, which was found most often of %2 albums</source>
+        <translation>Choisi : %1, le plus souvent trouvé parmi %2 albums</translation>
+    </message>
+    <message id="ChoiceNoMethod">
+        <source>Nothing chosen: %1 albums fit, and no method picks one of them</source>
+        <translation>Rien n’est choisi : %1 albums conviennent et aucune méthode n’en retient un</translation>
+    </message>
+    <message id="ChoiceNoUsableYear">
+        <source>Nothing chosen: none of %1 albums has a usable year</source>
+        <translation>Rien n’est choisi : aucun des %1 albums n’a d’année utilisable</translation>
+    </message>
+    <message id="ChoiceNothingFound">
+        <source>Nothing chosen: no album was found</source>
+        <translation>Rien n’est choisi : aucun album n’a été trouvé</translation>
+    </message>
+    <message id="ChoiceOnlyAlbum">
+        <source>Chosen: %1, the only album that was found</source>
+        <translation>Choisi : %1, le seul album trouvé</translation>
+    </message>
+    <message id="ChoiceSongNotOnAlbum">
+        <source>Nothing chosen: the song is not on %1</source>
+        <translation>Rien n’est choisi : le morceau n’est pas sur %1</translation>
+    </message>
+    <message id="ChoiceWithoutSources">
+        <source>%1 (no answer from %2)</source>
+        <translation>%1 (sans réponse de %2)</translation>
+    </message>
+    <message id="DroppedMerged">
+        <source>counted with another album of the same name</source>
+        <translation>compté avec un autre album du même nom</translation>
+    </message>
+    <message id="DroppedNotPicked">
+        <source>another album was picked</source>
+        <translation>un autre album a été retenu</translation>
+    </message>
+    <message id="DroppedOtherName">
+        <source>another name than the song’s album, which others have</source>
+        <translation>porte un autre nom que l’album du morceau, que d’autres portent</translation>
+    </message>
+    <message id="DroppedOtherNumberOfTracks">
+        <source>another number of tracks than the song’s album, which others have</source>
+        <translation>a un autre nombre de pistes que l’album du morceau, que d’autres ont</translation>
+    </message>
+    <message id="DroppedSongNotOnAlbum">
+        <source>the song is not on it</source>
+        <translation>le morceau n’y figure pas</translation>
+    </message>
+    <message id="DroppedTitleNotOnAlbum">
+        <source>the title is not on it, but on others</source>
+        <translation>le titre n’y figure pas, mais figure sur d’autres</translation>
+    </message>
+    <message id="DroppedUndecided">
+        <source>it fits, but no album was picked</source>
+        <translation>il convient, mais aucun album n’a été retenu</translation>
+    </message>
+    <message id="ErrorAddressNotFetched">
+        <source>“%1” is no address that can be fetched: only http and https are</source>
+        <translation>« %1 » n’est pas une adresse accessible : seules http et https le sont</translation>
+    </message>
+    <message id="ErrorCannotMakeID3">
+        <source>The ID3 tag cannot be made</source>
+        <translation>L’étiquette ID3 ne peut pas être créée</translation>
+    </message>
+    <message id="ErrorCannotModify">
+        <source>“%1” by %2 cannot be changed: %3</source>
+        <translation>« %1 » de %2 ne peut pas être modifié : %3</translation>
+    </message>
+    <message id="ErrorCannotOpenForRead">
+        <source>The file cannot be opened for reading</source>
+        <translation>Le fichier ne peut pas être ouvert en lecture</translation>
+    </message>
+    <message id="ErrorCannotOpenForWrite">
+        <source>The file cannot be opened for writing</source>
+        <translation>Le fichier ne peut pas être ouvert en écriture</translation>
+    </message>
+    <message id="ErrorCannotReadFile">
+        <source>The file cannot be read</source>
+        <translation>Le fichier ne peut pas être lu</translation>
+    </message>
+    <message id="ErrorDigestEmptyField">
+        <source>Album title or path is empty</source>
+        <translation>Le titre de l’album ou le chemin est vide</translation>
+    </message>
+    <message id="ErrorDigestFields">
+        <source>Artist, album and path with tabs between are expected; here are %1 fields</source>
+        <translation>Artiste, album et chemin séparés par des tabulations sont attendus ; il y a ici %1 champs</translation>
+    </message>
+    <message id="ErrorDigestNotUTF8">
+        <source>This is no text in UTF-8</source>
+        <translation>Ce n’est pas un texte en UTF-8</translation>
+    </message>
+    <message id="ErrorDigestTwoPaths">
+        <source>Line %1 gives another path for this album</source>
+        <translation>La ligne %1 donne un autre chemin pour cet album</translation>
+    </message>
+    <message id="ErrorFileChanged">
+        <source>The file is not the song that it was</source>
+        <translation>Le fichier n’est plus le morceau qu’il était</translation>
+    </message>
+    <message id="ErrorForeignMetadata">
+        <source>it keeps metadata of another kind where the list of items belongs</source>
+        <translation>il contient des métadonnées d’un autre type à la place de la liste d’éléments</translation>
+    </message>
+    <message id="ErrorFrameTooLarge">
+        <source>“%1” is larger than this kind of tag can hold (16 MB)</source>
+        <translation>« %1 » dépasse ce que ce type d’étiquette peut contenir (16 Mo)</translation>
+    </message>
+    <message id="ErrorHostFailedLately">
+        <source>%1 could not be reached within the last five minutes and is left alone for now</source>
+        <translation>%1 n’a pas pu être joint ces cinq dernières minutes et n’est pas sollicité pour l’instant</translation>
+    </message>
+    <message id="ErrorMP4Unreadable">
+        <source>This MP4 file cannot be read: %1</source>
+        <translation>Ce fichier MP4 ne peut pas être lu : %1</translation>
+    </message>
+    <message id="ErrorNoAcoustIDKey">
+        <source>needs a key of yours for the AcoustID service: in the setting “acoustIDKey” or in TAGWRIGHT_ACOUSTID_KEY</source>
+        <translation>nécessite une clé personnelle pour le service AcoustID : dans le réglage « acoustIDKey » ou dans TAGWRIGHT_ACOUSTID_KEY</translation>
+    </message>
+    <message id="ErrorNoLength">
+        <source>its length cannot be told</source>
+        <translation>sa durée ne peut pas être déterminée</translation>
+    </message>
+    <message id="ErrorNoLibrary">
+        <source>There is no library file of iTunes that was written within the last 30 days</source>
+        <translation>Il n’y a pas de fichier de bibliothèque iTunes écrit au cours des 30 derniers jours</translation>
+    </message>
+    <message id="ErrorNoMovie">
+        <source>it has no “moov” atom, which would hold the tag</source>
+        <translation>il n’a pas d’atome « moov », qui contiendrait l’étiquette</translation>
+    </message>
+    <message id="ErrorNoSong">
+        <source>This is no song file that can be read</source>
+        <translation>Ce n’est pas un fichier musical lisible</translation>
+    </message>
+    <message id="ErrorNoSound">
+        <source>no sound in it can be decoded</source>
+        <translation>aucun son ne peut y être décodé</translation>
+    </message>
+    <message id="ErrorNoYear">
+        <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
+        <translation>%1 albums trouvés pour %2 – %3, mais aucun avec une année utilisable : %4</translation>
+    </message>
+    <message id="ErrorNotIdentified">
+        <source>“%1” is not known by its sound: %2</source>
+        <translation>« %1 » n’est pas reconnu à l’écoute : %2</translation>
+    </message>
+    <message id="ErrorNotOnAlbum">
+        <source>“%1” is not on the album “%2” (%3)</source>
+        <translation>« %1 » n’est pas sur l’album « %2 » (%3)</translation>
+    </message>
+    <message id="ErrorResponseTooLong">
+        <source>The answer is longer than %1 MB</source>
+        <translation>La réponse dépasse %1 Mo</translation>
+    </message>
+    <message id="ErrorServiceNotReached">
+        <source>the service cannot be reached</source>
+        <translation>le service ne peut pas être joint</translation>
+    </message>
+    <message id="ErrorSongHasProblem">
+        <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
+        <translation>L’étiquette est endommagée ; « tagwright regenerate » la réécrit avec ce qui est intact</translation>
+    </message>
+    <message id="ErrorSongLocked">
+        <source>The file is not writable</source>
+        <translation>Le fichier est protégé en écriture</translation>
+    </message>
+    <message id="ErrorSongVanished">
+        <source>The file is gone</source>
+        <translation>Le fichier a disparu</translation>
+    </message>
+    <message id="ErrorSoundUnknown">
+        <source>the service knows no such song</source>
+        <translation>le service ne connaît pas ce morceau</translation>
+    </message>
+    <message id="ErrorStrangeAnswer">
+        <source>the answer of the service is not understood</source>
+        <translation>la réponse du service n’est pas comprise</translation>
+    </message>
+    <message id="ErrorTagTooLarge">
+        <source>It would be larger than 256 MB</source>
+        <translation>Elle dépasserait 256 Mo</translation>
+    </message>
+    <message id="ErrorTagUnreadable">
+        <source>The ID3 tag is damaged and cannot be read</source>
+        <translation>L’étiquette ID3 est endommagée et illisible</translation>
+    </message>
+    <message id="ErrorTimedOut">
+        <source>The server took too long to answer</source>
+        <translation>Le serveur a mis trop de temps à répondre</translation>
+    </message>
+    <message id="ErrorTooManyRedirects">
+        <source>The server redirects without end</source>
+        <translation>Le serveur redirige sans fin</translation>
+    </message>
+    <message id="GeneralErrorPrefix">
+        <source>Network: </source>
+        <translation>Réseau : </translation>
+    </message>
+    <message id="Genre">
+        <source>Genre</source>
+        <translation>Genre</translation>
+    </message>
+    <message id="LoadingPlaylist">
+        <source>Loading the playlist “%1” …</source>
+        <translation>Chargement de la liste de lecture « %1 »…</translation>
+    </message>
+    <message id="LogCancelled">
+        <source>Gathering was cancelled</source>
+        <translation>La collecte a été annulée</translation>
+    </message>
+    <message id="LogFinished">
+        <source>Finished: %1 songs processed, %2 modified</source>
+        <translation>Terminé : %1 morceaux traités, %2 modifiés</translation>
+    </message>
+    <message id="LogSetInfo">
+        <source>Set %1 of “%2”</source>
+        <translation>%1 de « %2 » défini</translation>
+    </message>
+    <message id="Lyrics">
+        <source>Lyrics</source>
+        <translation>Paroles</translation>
+    </message>
+    <message id="MenuAbout">
+        <source>&amp;About Tagwright</source>
+        <translation>À &amp;propos de Tagwright</translation>
+    </message>
+    <message id="MenuActivity">
+        <source>&amp;Activity</source>
+        <translation>&amp;Activité</translation>
+    </message>
+    <message id="MenuAdd">
+        <source>A&amp;dd</source>
+        <translation>A&amp;jouter</translation>
+    </message>
+    <message id="MenuAddArtwork">
+        <source>&amp;Add Artwork…</source>
+        <translation>&amp;Ajouter une pochette…</translation>
+    </message>
+    <message id="MenuArtwork">
+        <source>&amp;Artwork</source>
+        <translation>&amp;Pochette</translation>
+    </message>
+    <message id="MenuBegin">
+        <source>&amp;Begin</source>
+        <translation>&amp;Commencer</translation>
+    </message>
+    <message id="MenuClearLog">
+        <source>C&amp;lear Log</source>
+        <translation>&amp;Effacer le journal</translation>
+    </message>
+    <message id="MenuCopyLog">
+        <source>&amp;Copy Log</source>
+        <translation>&amp;Copier le journal</translation>
+    </message>
+    <message id="MenuCopyTags">
+        <source>Copy &amp;Tags</source>
+        <translation>Copier les éti&amp;quettes</translation>
+    </message>
+    <message id="MenuEdit">
+        <source>&amp;Edit</source>
+        <translation>É&amp;dition</translation>
+    </message>
+    <message id="MenuFile">
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message id="MenuFind">
+        <source>&amp;Find</source>
+        <translation>Rec&amp;hercher</translation>
+    </message>
+    <message id="MenuGathering">
+        <source>&amp;Gathering</source>
+        <translation>&amp;Collecte</translation>
+    </message>
+    <message id="MenuHelp">
+        <source>&amp;Help</source>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message id="MenuLyricsInspector">
+        <source>&amp;Lyrics</source>
+        <translation>&amp;Paroles</translation>
+    </message>
+    <message id="MenuOpenFolder">
+        <source>&amp;Open Folder…</source>
+        <translation>&amp;Ouvrir un dossier…</translation>
+    </message>
+    <message id="MenuPasteArtwork">
+        <source>&amp;Paste Artwork</source>
+        <translation>&amp;Coller la pochette</translation>
+    </message>
+    <message id="MenuPasteTags">
+        <source>P&amp;aste Tags</source>
+        <translation>Coller les é&amp;tiquettes</translation>
+    </message>
+    <message id="MenuPreferences">
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Préférences…</translation>
+    </message>
+    <message id="MenuQuit">
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message id="MenuRedo">
+        <source>&amp;Redo</source>
+        <translation>&amp;Rétablir</translation>
+    </message>
+    <message id="MenuRegenerate">
+        <source>&amp;Regenerate Tags…</source>
+        <translation>&amp;Régénérer les étiquettes…</translation>
+    </message>
+    <message id="MenuRemoveArtwork">
+        <source>&amp;Remove Artwork</source>
+        <translation>&amp;Supprimer la pochette</translation>
+    </message>
+    <message id="MenuRemoveLyrics">
+        <source>Re&amp;move Lyrics</source>
+        <translation>&amp;Supprimer les paroles</translation>
+    </message>
+    <message id="MenuReplaceArtwork">
+        <source>R&amp;eplace Artwork…</source>
+        <translation>&amp;Remplacer la pochette…</translation>
+    </message>
+    <message id="MenuRescan">
+        <source>&amp;Rescan</source>
+        <translation>&amp;Relire</translation>
+    </message>
+    <message id="MenuRetryUnanswered">
+        <source>&amp;Ask Again</source>
+        <translation>&amp;Redemander</translation>
+    </message>
+    <message id="MenuRevealFile">
+        <source>&amp;Show in File Manager</source>
+        <translation>&amp;Montrer dans le gestionnaire de fichiers</translation>
+    </message>
+    <message id="MenuReview">
+        <source>&amp;Review…</source>
+        <translation>&amp;Vérifier…</translation>
+    </message>
+    <message id="MenuSaveArtwork">
+        <source>&amp;Save Artwork As…</source>
+        <translation>&amp;Enregistrer la pochette sous…</translation>
+    </message>
+    <message id="MenuSelectAll">
+        <source>&amp;Select All</source>
+        <translation>Tout &amp;sélectionner</translation>
+    </message>
+    <message id="MenuShowOptions">
+        <source>Gathering &amp;Options</source>
+        <translation>&amp;Options de collecte</translation>
+    </message>
+    <message id="MenuSongs">
+        <source>&amp;Songs</source>
+        <translation>&amp;Morceaux</translation>
+    </message>
+    <message id="MenuStandardiseGenre">
+        <source>Standardise &amp;Genre</source>
+        <translation>&amp;Normaliser le genre</translation>
+    </message>
+    <message id="MenuStop">
+        <source>&amp;Stop</source>
+        <translation>&amp;Arrêter</translation>
+    </message>
+    <message id="MenuUndo">
+        <source>&amp;Undo</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message id="MenuWelcome">
+        <source>&amp;Welcome</source>
+        <translation>&amp;Bienvenue</translation>
+    </message>
+    <message id="MenuWindow">
+        <source>&amp;Window</source>
+        <translation>Fe&amp;nêtre</translation>
+    </message>
+    <message id="NoInitializeSong">
+        <source>No song can be found at</source>
+        <translation>Aucun morceau trouvé à l’emplacement</translation>
+    </message>
+    <message id="NoInitializeTag">
+        <source>No tag can be read from</source>
+        <translation>Aucune étiquette ne peut être lue dans</translation>
+    </message>
+    <message id="NumberRemaining">
+        <source>%1 (%2 remaining)</source>
+        <translation>%1 (%2 restants)</translation>
+    </message>
+    <message id="OpenFolderTitle">
+        <source>Choose a folder of songs</source>
+        <translation>Choisir un dossier de morceaux</translation>
+    </message>
+    <message id="PlaylistNotFoundMessage">
+        <source>There is no playlist “%1” that can be read</source>
+        <translation>Il n’y a pas de liste de lecture « %1 » lisible</translation>
+    </message>
+    <message id="PlaylistNotFoundProceed">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="PlaylistNotFoundTitle">
+        <source>The playlist was not found</source>
+        <translation>La liste de lecture est introuvable</translation>
+    </message>
+    <message id="ReasonFileBusy">
+        <source>Another write to the file is under way</source>
+        <translation>Une autre écriture du fichier est en cours</translation>
+    </message>
+    <message id="ReasonFileChanged">
+        <source>Another program changed the file meanwhile</source>
+        <translation>Un autre programme a modifié le fichier entre-temps</translation>
+    </message>
+    <message id="ReasonFileReplaced">
+        <source>Another program moved or replaced the file meanwhile</source>
+        <translation>Un autre programme a déplacé ou remplacé le fichier entre-temps</translation>
+    </message>
+    <message id="ReasonFileShortened">
+        <source>The file became shorter meanwhile</source>
+        <translation>Le fichier a été raccourci entre-temps</translation>
+    </message>
+    <message id="ReasonNoJournal">
+        <source>The bytes to be overwritten cannot be kept in %1: %2</source>
+        <translation>Les octets à remplacer ne peuvent pas être conservés dans %1 : %2</translation>
+    </message>
+    <message id="ReasonNotRegular">
+        <source>This is no regular file</source>
+        <translation>Ce n’est pas un fichier ordinaire</translation>
+    </message>
+    <message id="ReasonNotRolledBack">
+        <source>%1; what the file held is kept, and is put back at the next start</source>
+        <translation>%1 ; l’ancien contenu du fichier est conservé et sera rétabli au prochain démarrage</translation>
+    </message>
+    <message id="Scanning">
+        <source>Looking for songs …</source>
+        <translation>Recherche de morceaux…</translation>
+    </message>
+    <message id="ScanningDirectory">
+        <source>Looking for songs in the folder …</source>
+        <translation>Recherche de morceaux dans le dossier…</translation>
+    </message>
+    <message id="ScanningiTunesLibrary">
+        <source>Reading the music library …</source>
+        <translation>Lecture de la bibliothèque musicale…</translation>
+    </message>
+    <message id="SearchPlaceholder">
+        <source>Search songs</source>
+        <translation>Rechercher des morceaux</translation>
+    </message>
+    <message id="SearchSubset">
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message id="SongTitle">
+        <source>Title</source>
+        <translation>Titre</translation>
+    </message>
+    <message id="SourceMenuFolder">
+        <source>Folder…</source>
+        <translation>Dossier…</translation>
+    </message>
+    <message id="SourceMenuTitle">
+        <source>Where the songs come from</source>
+        <translation>D’où viennent les morceaux</translation>
+    </message>
+    <message id="ToolBarTitle">
+        <source>Toolbar</source>
+        <translation>Barre d’outils</translation>
+    </message>
+    <message id="Track">
+        <source>Track</source>
+        <translation>Piste</translation>
+    </message>
+    <message id="WindowTitleDirectory">
+        <source>%1 – Tagwright</source>
+        <translation>%1 – Tagwright</translation>
+    </message>
+    <message id="WindowTitleLibrary">
+        <source>Music library – Tagwright</source>
+        <translation>Bibliothèque musicale – Tagwright</translation>
+    </message>
+    <message id="WindowTitlePlaylist">
+        <source>%1 – Tagwright</source>
+        <translation>%1 – Tagwright</translation>
+    </message>
+    <message id="Year">
+        <source>Year</source>
+        <translation>Année</translation>
+    </message>
+    <message id="iTunesIsBusy">
+        <source>Playlists cannot be asked for now</source>
+        <translation>Les listes de lecture ne sont pas accessibles pour l’instant</translation>
+    </message>
+    <message id="iTunesLibrary">
+        <source>Whole library</source>
+        <translation>Toute la bibliothèque</translation>
+    </message>
+    <message id="iTunesNotRunning">
+        <source>The music player is not running</source>
+        <translation>Le lecteur de musique n’est pas lancé</translation>
+    </message>
+    <message id="newVersionMessage">
+        <source>Tagwright &lt;version&gt; is there.</source>
+        <translation>Tagwright &lt;version&gt; est disponible.</translation>
+    </message>
+</context>
+</TS>
