@@ -203,6 +203,14 @@
         <source>the service cannot be reached</source>
         <translation>the service cannot be reached</translation>
     </message>
+    <message id="ErrorSongBeingGathered">
+        <source>The song is being gathered</source>
+        <translation>The song is being gathered</translation>
+    </message>
+    <message id="ErrorSongChangedMeanwhile">
+        <source>The song was changed by something else in the meantime</source>
+        <translation>The song was changed by something else in the meantime</translation>
+    </message>
     <message id="ErrorSongHasProblem">
         <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
         <translation>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</translation>

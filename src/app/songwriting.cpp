@@ -1,8 +1,8 @@
 #include "app/songwriting.h"
 
+#include "app/songsummary.h"
 #include "gathering/librarylending.h"
 #include "itunes/itunesinterface.h"
-#include "songs/cachedinfotag.h"
 #include "songs/songfileinfocache.h"
 
 SongWriting::SongWriting(LibraryLending &library, iTunesInterface &itunes, UserLog &log)
@@ -39,30 +39,10 @@ void SongWriting::forgetTag(const std::shared_ptr<SongFile> &song, Tag tag, bool
         song->uncacheInfotag();
     if (isOther)
         mLibrary.songChanged(song);
-    if (tag == Tag::Written)
-        storeSummary(*song);
+    if (tag == Tag::Written && mInfoCache)
+        storeSummary(*song, mInfoCache);
     song->uncacheInfotag();
-    adoptSummary(*song);
-}
-
-/// The tag in hand is what the file holds now.
-void SongWriting::storeSummary(SongFile &song)
-{
-    const AudioInfoTag *tag = mInfoCache ? song.infotag() : nullptr;
-    if (!tag)
-        return;
-    const ID3Dialect &dialect = song.readOptions().dialect;
-    if (const auto info = CachedInfoTag::infoDictForTag(*tag, song.path(), dialect))
-        mInfoCache->storeInfo(*info, song.path());
-}
-
-/// The list shows the song by its summary. One that could not be written stays a problem.
-void SongWriting::adoptSummary(SongFile &song)
-{
-    if (!mInfoCache)
-        return;
-    const ID3Dialect &dialect = song.readOptions().dialect;
-    const SongStatus status = song.activityStatus();
-    song.adoptInfotag(tagWithCachedInfo(mInfoCache->infoForSongFileAtPath(song.path(), dialect)));
-    song.setActivityStatus(status);
+    if (mInfoCache)
+        adoptSummary(
+            *song, mInfoCache->infoForSongFileAtPath(song->path(), song->readOptions().dialect));
 }

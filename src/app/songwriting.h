@@ -31,9 +31,6 @@ public:
     void forgetTag(const std::shared_ptr<SongFile> &song, Tag tag, bool isOther);
 
 private:
-    void storeSummary(SongFile &song);
-    void adoptSummary(SongFile &song);
-
     LibraryLending &mLibrary;
     iTunesInterface &mItunes;
     UserLog &mLog;
