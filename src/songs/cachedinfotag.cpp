@@ -112,3 +112,10 @@ std::unique_ptr<AudioInfoTag> tagWithCachedInfo(CachedInfoPointer info)
     tag->setIsLazy(true);
     return tag;
 }
+
+bool hasLyrics(const AudioInfoTag &tag)
+{
+    if (tag.type() == TagType::Cached)
+        return static_cast<const CachedInfoTag &>(tag).hasLyrics();
+    return tag.lyrics().has_value();
+}

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] TagType type() const override { return TagType::Cached; }
     [[nodiscard]] bool isPartOfCompilation() const override;
     [[nodiscard]] int numberOfImages() const override;
+    /// Without unpacking them.
+    [[nodiscard]] bool hasLyrics() const { return !mCachedInfo->packedLyrics.isNull(); }
 
     void setIsPartOfCompilation(bool) override { whineAboutImmutability(); }
     bool addImage(const ID3Image &) override;
@@ -37,3 +39,6 @@ private:
 
 /// A lazy tag that shows the summary; null without one.
 [[nodiscard]] std::unique_ptr<AudioInfoTag> tagWithCachedInfo(CachedInfoPointer info);
+
+/// Whether the tag has lyrics, which those of summaries tell without unpacking them.
+[[nodiscard]] bool hasLyrics(const AudioInfoTag &tag);

@@ -1,5 +1,6 @@
 #include "songs/songorder.h"
 
+#include "songs/cachedinfotag.h"
 #include "text/integervalue.h"
 #include "text/numericorder.h"
 
@@ -108,8 +109,11 @@ int rawCompareYear(SongFile &song, SongFile &other)
 
 int rawCompareLyrics(SongFile &song, SongFile &other)
 {
-    return compare(textOf(song, &AudioInfoTag::lyrics) ? 1 : 0,
-                   textOf(other, &AudioInfoTag::lyrics) ? 1 : 0);
+    const auto haveLyrics = [](SongFile &file) {
+        const AudioInfoTag *tag = file.infotag();
+        return tag && hasLyrics(*tag) ? 1 : 0;
+    };
+    return compare(haveLyrics(song), haveLyrics(other));
 }
 
 int rawCompareArt(SongFile &song, SongFile &other)

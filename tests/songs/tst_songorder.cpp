@@ -1,47 +1,14 @@
 #include "songs/songorder.h"
+#include "support/plaintag.h"
 #include "support/table.h"
-
-#include <QHash>
 
 using namespace Qt::StringLiterals;
 using namespace SongOrder;
 
-using Fields = QHash<QString, QString>;
+using Fields = PlainTag::Fields;
 Q_DECLARE_METATYPE(SongOrder::Comparison)
 
 namespace {
-
-/// A tag that holds what it is told to.
-class PlainTag : public AudioInfoTag {
-public:
-    using Text = std::optional<QString>;
-
-    explicit PlainTag(const Fields &fields)
-        : mFields(fields)
-    {
-        if (text(u"index"_s))
-            setPlayList(u"Mix"_s, fields.value(u"index"_s).toInt());
-    }
-
-    [[nodiscard]] TagType type() const override { return TagType::MP3; }
-    [[nodiscard]] Text readVersion() const override { return text(u"version"_s); }
-    [[nodiscard]] bool isPartOfCompilation() const override { return !!text(u"compilation"_s); }
-    [[nodiscard]] int numberOfImages() const override { return mFields.value(u"art"_s).toInt(); }
-
-private:
-    [[nodiscard]] Text text(TagText which) const override
-    {
-        static const QStringList names{u"title"_s, u"artist"_s, u"album"_s,  u"year"_s,
-                                       u"track"_s, u"genre"_s,  u"lyrics"_s, u"bpm"_s};
-        return text(names.at(static_cast<int>(which)));
-    }
-    [[nodiscard]] Text text(const QString &name) const
-    {
-        return mFields.value(name).isNull() ? Text() : mFields.value(name);
-    }
-
-    Fields mFields;
-};
 
 std::shared_ptr<SongFile> songWith(const Fields &fields)
 {
