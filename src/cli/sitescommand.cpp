@@ -1,5 +1,6 @@
 #include "cli/sitescommand.h"
 
+#include "app/sourcechoices.h"
 #include "cli/chosendefinitions.h"
 #include "cli/interrupt.h"
 #include "cli/sitesreport.h"
@@ -20,9 +21,14 @@ bool isAllRight(SiteFinding::Answer answer)
     return answer == Answer::Found || answer == Answer::NoSite || answer == Answer::NoSuchSource;
 }
 
+SiteDefinitions definitionsInUse(Engine &engine)
+{
+    return definitionsAsChosen(engine.definitions.liveResources(), engine.prefs.settings());
+}
+
 void listSites(Engine &engine, Report &report)
 {
-    const SiteDefinitions &definitions = engine.definitions.liveResources();
+    const SiteDefinitions definitions = definitionsInUse(engine);
     const QStringList classes = definitions.sourcelist();
     for (const QString &className : classes) {
         const ListedSource source = listedSource(engine.catalog, definitions, className);
@@ -49,7 +55,7 @@ class SiteChecks {
 public:
     explicit SiteChecks(Engine &engine)
     {
-        const SiteDefinitions &definitions = engine.definitions.liveResources();
+        const SiteDefinitions definitions = definitionsInUse(engine);
         const QStringList classes = definitions.sourcelist();
         for (const QString &className : classes)
             mChecks.push_back(

@@ -14,6 +14,7 @@
 struct ReleaseIdentifiers {
     QString release;
     QString releaseGroup;
+    bool hasNoFront = false; ///< the release is known to lack a picture of its front
 
     [[nodiscard]] bool isEmpty() const { return release.isEmpty() && releaseGroup.isEmpty(); }
     [[nodiscard]] bool operator==(const ReleaseIdentifiers &) const = default;

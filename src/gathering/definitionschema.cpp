@@ -42,6 +42,14 @@ constexpr std::array musicBrainz{
     DefinitionKey{"maxLookUps", Integer},
 };
 
+constexpr std::array coverArtArchive{
+    DefinitionKey{"queryRecording", AddressFormat},
+    DefinitionKey{"queryRelease", AddressFormat},
+    DefinitionKey{"minScore", Number},
+    DefinitionKey{"releaseListing", AddressFormat},
+    DefinitionKey{"groupListing", AddressFormat},
+};
+
 constexpr std::array freeDB{
     DefinitionKey{"queryPOST", Address},         DefinitionKey{"parseAlbumList", ParseRecipe},
     DefinitionKey{"firstResultsFragment", Text}, DefinitionKey{"moreResultsFragment", Text},
@@ -170,6 +178,7 @@ constexpr std::array lrclib{
 
 constexpr std::array sources{
     SourceSchema{"MusicBrainzInterface", musicBrainz},
+    SourceSchema{"CoverArtArchiveInterface", coverArtArchive},
     SourceSchema{"LRCLIBInterface", lrclib},
     SourceSchema{"FreeDBInterface", freeDB},
     SourceSchema{"CDUniverseInterface", cdUniverse},

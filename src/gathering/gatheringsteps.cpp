@@ -170,6 +170,7 @@ SearchRequest GatheringSteps::searchRequest()
     request.albumSelectionMethod = mChoices.albumSelectionMethod;
     request.allowSubstrings = mChoices.allowSubstrings;
     request.minImageWidth = mChoices.artwork.minWidth;
+    request.maxImageWidth = mChoices.artwork.maxWidth;
     request.songDuration = songDuration();
     request.identifiers = mIdentifiers;
     return request;

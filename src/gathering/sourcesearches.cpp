@@ -31,6 +31,7 @@ void configure(WebDBInterface &source, const SearchRequest &request)
     source.setAlbumSelectionMethod(request.albumSelectionMethod);
     source.setAllowSubstringTrackMatches(request.allowSubstrings);
     source.setMinimumAcceptableImageSize(request.minImageWidth);
+    source.setMaximumImageWidth(request.maxImageWidth);
     source.setSongDuration(request.songDuration);
     source.setIdentifiers(request.identifiers);
 }

@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -25,6 +26,7 @@ struct SearchRequest {
     AlbumPick albumSelectionMethod = AlbumPick::None;
     Substrings allowSubstrings = Substrings::Refuse;
     float minImageWidth = 0; ///< pixels
+    float maxImageWidth = std::numeric_limits<float>::max(); ///< pixels
     std::optional<qint64> songDuration{}; ///< milliseconds
     ReleaseIdentifiers identifiers{}; ///< of the album that was found before
 };

@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include <deque>
+#include <limits>
 
 class Progress;
 class SearchTrace;
@@ -36,6 +37,9 @@ public:
     void setIsCompilation(bool isCompilation) { mIsCompilation = isCompilation; }
     void setMaxAlbums(int maxAlbums) { mMaxAlbums = maxAlbums; }
     void setMinimumAcceptableImageSize(float pixels) { mMinImageWidth = pixels; }
+    /// What is wider is scaled down, so that a source with pictures of several sizes need not give
+    /// the largest.
+    void setMaximumImageWidth(float pixels) { mMaxImageWidth = pixels; }
     void setAlbumSelectionMethod(AlbumPick method) { mAlbumSelectionMethod = method; }
     void setAllowSubstringTrackMatches(Substrings allowed) { mAllowSubstrings = allowed; }
     void setSongDuration(std::optional<qint64> milliseconds) { mSongDuration = milliseconds; }
@@ -88,6 +92,7 @@ protected:
     [[nodiscard]] bool isCompilation() const { return mIsCompilation; }
     [[nodiscard]] int maxAlbums() const { return mMaxAlbums; }
     [[nodiscard]] float minimumAcceptableImageSize() const { return mMinImageWidth; }
+    [[nodiscard]] float maximumImageWidth() const { return mMaxImageWidth; }
     [[nodiscard]] AlbumPick albumSelectionMethod() const { return mAlbumSelectionMethod; }
     [[nodiscard]] Substrings allowSubstrings() const { return mAllowSubstrings; }
     [[nodiscard]] std::optional<qint64> songDuration() const { return mSongDuration; }
@@ -168,6 +173,7 @@ private:
     int mTotalSearches = 0;
     int mMaxSimulSearches = 8;
     float mMinImageWidth = 0; ///< pixels
+    float mMaxImageWidth = std::numeric_limits<float>::max(); ///< pixels
     Substrings mAllowSubstrings = Substrings::Refuse;
     bool mIsCompilation = false;
     bool mWasCancelled = false;

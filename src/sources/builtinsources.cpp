@@ -4,6 +4,7 @@
 #include "sources/bestcoversinterface.h"
 #include "sources/cduniverseinterface.h"
 #include "sources/ckdigestinterface.h"
+#include "sources/coverartarchiveinterface.h"
 #include "sources/coverkingdominterface.h"
 #include "sources/fredocoversinterface.h"
 #include "sources/freedbinterface.h"
@@ -38,9 +39,8 @@ SourceCatalog::Entry digestEntry(const QString &className)
 }
 
 /// What one search looked up serves the others of the run.
-SourceCatalog::Entry musicBrainzEntry()
+SourceCatalog::Entry musicBrainzEntry(const std::shared_ptr<ReleaseShelf> &shelf)
 {
-    const auto shelf = std::make_shared<ReleaseShelf>();
     return {QStringLiteral("MusicBrainzInterface"),
             MusicBrainzInterface::resourcesPossiblyAvailable,
             [shelf](SiteDefinition resources, HVHTTPQueue &queue) {
@@ -48,12 +48,25 @@ SourceCatalog::Entry musicBrainzEntry()
             }};
 }
 
+SourceCatalog::Entry coverArtArchiveEntry(const std::shared_ptr<ReleaseShelf> &shelf)
+{
+    const auto empty = std::make_shared<CoverArtArchiveInterface::EmptyListings>();
+    return {QStringLiteral("CoverArtArchiveInterface"),
+            CoverArtArchiveInterface::resourcesPossiblyAvailable,
+            [shelf, empty](SiteDefinition resources, HVHTTPQueue &queue) {
+                return std::make_unique<CoverArtArchiveInterface>(std::move(resources), queue,
+                                                                  shelf, empty);
+            }};
+}
+
 } // namespace
 
 SourceCatalog builtInSources()
 {
+    const auto releases = std::make_shared<ReleaseShelf>();
     return SourceCatalog({
-        musicBrainzEntry(),
+        musicBrainzEntry(releases),
+        coverArtArchiveEntry(releases),
         entry<LRCLIBInterface>(QStringLiteral("LRCLIBInterface")),
         entry<FreeDBInterface>(QStringLiteral("FreeDBInterface")),
         entry<CDUniverseInterface>(QStringLiteral("CDUniverseInterface")),

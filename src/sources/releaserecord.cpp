@@ -75,7 +75,10 @@ std::optional<ReleaseRecord> releaseRecordOf(const QJsonObject &answer)
 {
     ReleaseRecord record;
     const QJsonObject group = answer[key("release-group")].toObject();
-    record.identifiers = {identifierOf(answer[key("id")]), identifierOf(group[key("id")])};
+    const QJsonValue hasFront = answer[key("cover-art-archive")][key("front")];
+    record.identifiers = {.release = identifierOf(answer[key("id")]),
+                          .releaseGroup = identifierOf(group[key("id")]),
+                          .hasNoFront = !hasFront.toBool(true)};
     record.title = answer[key("title")].toString();
     if (record.identifiers.release.isEmpty() || record.title.isEmpty())
         return std::nullopt;

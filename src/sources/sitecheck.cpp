@@ -13,6 +13,7 @@ namespace {
 /// A check asks for no more of a site than it needs.
 constexpr int enoughAlbums = 5;
 constexpr qsizetype enoughPictures = 3;
+constexpr float enoughWidth = 100; // pixels
 
 /// What stands in the names of the keys by which a kind of information is read from a page.
 struct AssetKeys {
@@ -129,6 +130,7 @@ void SiteCheck::search(const SourceCatalog::Entry &entry)
     mSource->setAlbumTitle(album);
     mSource->setSongTitle(song);
     mSource->setMaxAlbums(enoughAlbums);
+    mSource->setMaximumImageWidth(enoughWidth);
     mSource->setTrace(&mTrace);
     connect(mSource.get(), &WebDBInterface::searchComplete, this, &SiteCheck::searched);
     mSource->beginSearch();

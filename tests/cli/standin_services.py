@@ -1,10 +1,12 @@
-"""The living services on loopback hosts: the music database, the lyrics service and the service
-that knows songs by their sound, with their limits, errors and gaps.
+"""The living services on loopback hosts: the music database, its cover archive with the two hosts
+that it sends on to, the lyrics service and the service that knows songs by their sound, with their
+limits, errors and gaps.
 
 Run by itself it prints definitions that lead there, for a try by hand."""
 
 import collections
 import contextlib
+import hashlib
 import http.server
 import json
 import os
@@ -22,11 +24,14 @@ from standin_catalogue import (ALBUMS, INSTRUMENTAL, ON_DISCS, ONLY_SYNCED, SEAR
 DEFAULTS = Path(__file__).resolve().parents[2] / "resources" / "defaultres.xml"
 SOURCELIST = plistlib.loads(DEFAULTS.read_bytes())["sourcelist"]
 FASTER = 10  # than the real rules
-MUSICBRAINZ, LYRICS = SERVICES = "MusicBrainzInterface", "LRCLIBInterface"
+MUSICBRAINZ, COVERS, LYRICS = SERVICES = (
+    "MusicBrainzInterface", "CoverArtArchiveInterface", "LRCLIBInterface")
 SOUND = "AcoustIDLookup"
-HOSTS = {MUSICBRAINZ: "127.0.0.1", LYRICS: "127.0.0.4", SOUND: "127.0.0.6"}
-REAL = {MUSICBRAINZ: "https://musicbrainz.org", LYRICS: "https://lrclib.net",
-        SOUND: "https://api.acoustid.org"}
+ARCHIVE, STORAGE = "archive", "storage"  # where the covers' own host sends on to
+HOSTS = {MUSICBRAINZ: "127.0.0.1", COVERS: "127.0.0.2", ARCHIVE: "127.0.0.3",
+         STORAGE: "localhost", LYRICS: "127.0.0.4", SOUND: "127.0.0.6"}
+REAL = {MUSICBRAINZ: "https://musicbrainz.org", COVERS: "https://coverartarchive.org",
+        LYRICS: "https://lrclib.net", SOUND: "https://api.acoustid.org"}
 LEAST_INTERVAL = {MUSICBRAINZ: 1 / FASTER, LYRICS: 0.2 / FASTER,
                   SOUND: 0.33 / FASTER}  # seconds
 JITTER = 0.06  # seconds by which a request may come late, and the next one not
@@ -57,6 +62,25 @@ FAILURES = {
     "cut": None,
     "stalled": None,
 }
+
+
+def picture(album, width):
+    """A grey JPEG, of another grey for each album: every block but the first is two bits long."""
+    def segment(marker, hexed):
+        body = bytes.fromhex(hexed)
+        return b"\xff" + bytes([marker]) + (len(body) + 2).to_bytes(2, "big") + body
+    blocks = (-(-width // 8)) ** 2
+    bits = f"10{64 + album:07b}0" + "00" * (blocks - 1)
+    bits += "1" * (-len(bits) % 8)
+    return (b"\xff\xd8" + segment(0xdb, "00" + "08" * 64)
+            + segment(0xc0, f"08{width:04x}{width:04x}01011100")
+            + segment(0xc4, "000101" + "00" * 14 + "0007" + "1001" + "00" * 15 + "00")
+            + segment(0xda, "010100003f00") + int(bits, 2).to_bytes(len(bits) // 8, "big")
+            + b"\xff\xd9")
+
+
+def sha1(data):
+    return hashlib.sha1(data).hexdigest()
 
 
 class Refused(Exception):
@@ -204,6 +228,51 @@ class MusicBrainz:
                 "artist-credit": artist_credit(song.artist, in_search=False)}
 
 
+class CoverArt:
+    """Its own host, and the two that it sends on to."""
+
+    def __init__(self, catalogue, address):
+        self.catalogue, self.address = catalogue, address
+
+    def own(self, path, query):
+        parts = [part for part in path.split("/") if part]
+        if len(parts) < 2 or parts[0] not in ("release", "release-group"):
+            raise Refused("no such address")
+        if not re.fullmatch("[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}", parts[1]):
+            raise Refused("no identifier")
+        group = self.catalogue.groups.get(parts[1])
+        releases = group.releases if group else [self.catalogue.releases.get(parts[1])]
+        release = next((r for r in releases if r and r.has_art), None)
+        if not release:
+            return Answer(404, b"<!doctype html><h1>Not Found</h1><p>No cover art", "text/html")
+        name = "index.json"
+        if len(parts) > 2:
+            size = re.fullmatch(r"(?:front|1)(?:-(250|500|1200))?(?:\.jpg)?", parts[2])
+            if not size:
+                raise Refused("no such picture")
+            name = f"mbid-{release.id}-1{f'_thumb{size[1]}' if size[1] else ''}.jpg"
+        target = f"{self.address[ARCHIVE]}/download/mbid-{release.id}/{name}"
+        return Answer(307, f"See: {target}".encode(), "text/plain", {"Location": target})
+
+    def archive(self, path, query):
+        target = self.address[STORAGE] + path.replace("/download/", "/7/items/")
+        return Answer(302, b"", "text/html", {"Location": target})
+
+    def storage(self, path, query):
+        release = self.catalogue.releases[path.split("/mbid-")[1][:36]]
+        if not path.endswith("index.json"):
+            size = re.search(r"_thumb(\d+)", path)
+            return Answer(200, picture(release.group.album, int(size[1]) if size else 1400),
+                          "image/jpeg")
+        base = f"{self.address[COVERS]}/release/{release.id}/1"
+        return in_json({"images": [{
+            "types": ["Front"], "front": True, "back": False, "comment": "", "approved": True,
+            "id": "1" if release.group.album % 2 else 1, "image": base + ".jpg",
+            "thumbnails": {"250": base + "-250.jpg", "500": base + "-500.jpg",
+                           "small": base + "-250.jpg", "large": base + "-500.jpg"}}],
+            "release": f"http://musicbrainz.org/release/{release.id}"})
+
+
 class Lyrics:
     NONE = in_json({"message": "Failed to find specified track", "name": "TrackNotFound",
                     "statusCode": 404}, 404)
@@ -290,6 +359,8 @@ class Services:
 
     def __init__(self, catalogue=None, failing=None, sounds=None):
         self.failing = failing or {}
+        if COVERS in self.failing:  # which, cut short, still sends on
+            self.failing[STORAGE] = self.failing[COVERS]
         self.sounds = sounds or {}
         self.requests = collections.Counter()
         self.broken = []
@@ -303,7 +374,9 @@ class Services:
         self.open(catalogue or Catalogue())
 
     def open(self, catalogue):
-        self.answers = {MUSICBRAINZ: MusicBrainz(catalogue).answer,
+        covers = CoverArt(catalogue, self.address)
+        self.answers = {MUSICBRAINZ: MusicBrainz(catalogue).answer, COVERS: covers.own,
+                        ARCHIVE: covers.archive, STORAGE: covers.storage,
                         LYRICS: Lyrics(catalogue).answer,
                         SOUND: Sounds(self.sounds).answer}
         for name, server in self.servers.items():

@@ -12,16 +12,17 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from standin_catalogue import INSTRUMENTAL, WITHOUT_WORDS, Catalogue
-from standin_services import (FAILURES, LYRICS, MUSICBRAINZ, SOUND, SOURCELIST, Services, Sounds)
+from standin_catalogue import INSTRUMENTAL, WITHOUT_ART, WITHOUT_WORDS, Catalogue
+from standin_services import (COVERS, FAILURES, LYRICS, MUSICBRAINZ, SOUND, SOURCELIST, Services,
+                              Sounds, picture, sha1)
 
 PROGRAM = os.environ["TAGWRIGHT_PROGRAM"]
 SILENCE = (Path(__file__).resolve().parents[2] / "resources" / "silence.m4a").read_bytes()
 MOST_REQUESTS = 2.2  # a song
 # Those that users are given; the table below says what each has.
-LIVING = tuple(service for service in (MUSICBRAINZ, LYRICS) if service in SOURCELIST)
+LIVING = tuple(service for service in (MUSICBRAINZ, COVERS, LYRICS) if service in SOURCELIST)
 OF_ALBUM = ("AlbumName", "Genre", "Year", "Track")
-WANTED = {MUSICBRAINZ: OF_ALBUM, LYRICS: ("Lyrics",)}
+WANTED = {MUSICBRAINZ: OF_ALBUM, COVERS: ("Artwork",), LYRICS: ("Lyrics",)}
 
 
 def mp3(seconds):
@@ -43,7 +44,8 @@ def given_by(sources):
 
 def lacking(song):
     """What no service has of it."""
-    return {"Lyrics"} if song.key in (INSTRUMENTAL, WITHOUT_WORDS) else set()
+    without_words = {"Lyrics"} if song.key in (INSTRUMENTAL, WITHOUT_WORDS) else set()
+    return without_words | ({"Artwork"} if song.album == WITHOUT_ART else set())
 
 
 class Home:
@@ -102,9 +104,13 @@ class LivingServices(unittest.TestCase):
     def assert_filled(self, shown, song):
         album, year, track, genre = self.catalogue.tags(song)
         expected = {"AlbumName": album, "Year": year, "Track": track, "Genre": genre,
-                    "Lyrics": song.words}
+                    "Lyrics": song.words,
+                    "Artwork": (None if song.album == WITHOUT_ART
+                                else sha1(picture(song.album, 500)))}
+        images = [image["sha1"] for image in shown["images"]]
         fields = {"AlbumName": shown["album"], "Year": shown["year"], "Track": shown["track"],
-                  "Genre": shown["genres"], "Lyrics": shown["lyrics"]}
+                  "Genre": shown["genres"], "Lyrics": shown["lyrics"],
+                  "Artwork": images[0] if images else None}
         given = given_by(LIVING)
         self.assertEqual(fields, {field: value if field in given else None
                                   for field, value in expected.items()})
@@ -118,9 +124,11 @@ class LivingServices(unittest.TestCase):
                 self.assertIn(told["sources"][field], (source, "library"), field)
         self.assertEqual((told["written"], told["error"]), (True, None))
         self.assertEqual("instrumental" in told, song.key == INSTRUMENTAL and LYRICS in LIVING)
-        chosen, = (each for each in told["candidates"] if each["dropped"] is None)
-        self.assertEqual((chosen["source"], chosen["album"], chosen["art"]),
-                         (MUSICBRAINZ, self.catalogue.tags(song)[0], False))
+        chosen, *of_art = (each for each in told["candidates"] if each["dropped"] is None)
+        self.assertEqual((chosen["source"], chosen["album"]),
+                         (MUSICBRAINZ, self.catalogue.tags(song)[0]))
+        self.assertEqual([each["source"] for each in of_art if each["art"]],
+                         [COVERS] if told["sources"].get("Artwork") == COVERS else [])
         self.assertGreaterEqual(chosen["score"], 50)
         self.assertRegex(told["reason"], f"^Chosen: .*{re.escape(chosen['album'])}")
 
@@ -154,14 +162,16 @@ class LivingServices(unittest.TestCase):
     def failing(self, made, service, failure, *options):
         home, services = Home(self, made.songs.values(), made), self.services(**{service: failure})
         home.env = made.env | {"HOME": str(home.path)}
-        impatient = {service: {"patience": 0.5}} if failure == "stalled" else {}
+        impatient = dict.fromkeys((service, COVERS) if failure == "stalled" else (),
+                                  {"patience": 0.5})  # the covers' definition has both hosts
         told, summary = home.gather(services, home.music, *options, changes=impatient)
         return told, summary, services.broken_rules()
 
     def assert_left_out(self, service, told, summary, broken):
         self.assertEqual(broken, [])
         self.assertEqual((summary["processed"], summary["failed"]), (3, 0))
-        expected = given_by(set(LIVING) - {service})
+        lost = [service] if service != MUSICBRAINZ else [service, COVERS]  # of which release?
+        expected = given_by(set(LIVING) - set(lost))
         for each in told:
             self.assertEqual(set(each["changed"]), expected, each)
             self.assertIn(service, each["reason"], each)

@@ -52,7 +52,9 @@ AlbumList SampleSiteScene::run(std::unique_ptr<WebDBInterface> source, const Sea
     source->setAllowSubstringTrackMatches(song.substrings);
     source->setIsCompilation(song.isCompilation);
     source->setMinimumAcceptableImageSize(song.minImageWidth);
+    source->setMaximumImageWidth(song.maxImageWidth);
     source->setSongDuration(song.duration);
+    source->setIdentifiers(song.identifiers);
     QSignalSpy complete(source.get(), &WebDBInterface::searchComplete);
     source->beginSearch();
     if (!complete.wait(20'000))

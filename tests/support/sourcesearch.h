@@ -15,6 +15,8 @@ struct SearchedSong {
     bool isCompilation = false;
     float minImageWidth = 0; ///< pixels
     std::optional<qint64> duration{}; ///< milliseconds
+    ReleaseIdentifiers identifiers{};
+    float maxImageWidth = 450; ///< pixels
 };
 
 /// The definition of a source in the built-in set.
