@@ -203,6 +203,14 @@
         <source>the service cannot be reached</source>
         <translation>der Dienst ist nicht erreichbar</translation>
     </message>
+    <message id="ErrorSongBeingGathered">
+        <source>The song is being gathered</source>
+        <translation>Der Song wird gerade ergänzt</translation>
+    </message>
+    <message id="ErrorSongChangedMeanwhile">
+        <source>The song was changed by something else in the meantime</source>
+        <translation>Der Song wurde inzwischen anderweitig geändert</translation>
+    </message>
     <message id="ErrorSongHasProblem">
         <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
         <translation>Das Tag ist beschädigt; „tagwright regenerate“ schreibt es mit dem Unversehrten neu</translation>
@@ -258,6 +266,10 @@
     <message id="LogFinished">
         <source>Finished: %1 songs processed, %2 modified</source>
         <translation>Fertig: %1 Songs bearbeitet, %2 geändert</translation>
+    </message>
+    <message id="LogFoundInfo">
+        <source>Found %1 for “%2”</source>
+        <translation>%1 für „%2“ gefunden</translation>
     </message>
     <message id="LogSetInfo">
         <source>Set %1 of “%2”</source>

@@ -203,6 +203,14 @@
         <source>the service cannot be reached</source>
         <translation>le service ne peut pas être joint</translation>
     </message>
+    <message id="ErrorSongBeingGathered">
+        <source>The song is being gathered</source>
+        <translation>Le morceau est en cours de collecte</translation>
+    </message>
+    <message id="ErrorSongChangedMeanwhile">
+        <source>The song was changed by something else in the meantime</source>
+        <translation>Le morceau a été modifié autrement entre-temps</translation>
+    </message>
     <message id="ErrorSongHasProblem">
         <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
         <translation>L’étiquette est endommagée ; « tagwright regenerate » la réécrit avec ce qui est intact</translation>
@@ -258,6 +266,10 @@
     <message id="LogFinished">
         <source>Finished: %1 songs processed, %2 modified</source>
         <translation>Terminé : %1 morceaux traités, %2 modifiés</translation>
+    </message>
+    <message id="LogFoundInfo">
+        <source>Found %1 for “%2”</source>
+        <translation>%1 trouvé pour « %2 »</translation>
     </message>
     <message id="LogSetInfo">
         <source>Set %1 of “%2”</source>
@@ -489,7 +501,7 @@
     </message>
     <message id="SearchPlaceholder">
         <source>Search songs</source>
-        <translation>Rechercher des morceaux</translation>
+        <translation>Rechercher</translation>
     </message>
     <message id="SearchSubset">
         <source>%1 of %2</source>
