@@ -71,6 +71,18 @@
         <source>%1 (no answer from %2)</source>
         <translation>%1 (ohne Antwort von %2)</translation>
     </message>
+    <message id="CompilationWarningDontWarn">
+        <source>Do not warn of this again</source>
+        <translation>Davor nicht mehr warnen</translation>
+    </message>
+    <message id="CompilationWarningText">
+        <source>“%1” by %2 is part of a compilation, and not everything was found for it. Sources often list such albums under another artist.</source>
+        <translation>„%1“ von %2 gehört zu einer Kompilation, und nicht alles wurde dafür gefunden. Quellen führen solche Alben oft unter einem anderen Interpreten.</translation>
+    </message>
+    <message id="CompilationWarningTitle">
+        <source>Songs of compilations</source>
+        <translation>Songs von Kompilationen</translation>
+    </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>
         <translation>mit einem anderen Album gleichen Namens zusammengezählt</translation>
@@ -98,6 +110,10 @@
     <message id="DroppedUndecided">
         <source>it fits, but no album was picked</source>
         <translation>es passt, aber kein Album wurde gewählt</translation>
+    </message>
+    <message id="EditReview">
+        <source>Reviewed changes</source>
+        <translation>Überprüfte Änderungen</translation>
     </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
@@ -271,9 +287,21 @@
         <source>Found %1 for “%2”</source>
         <translation>%1 für „%2“ gefunden</translation>
     </message>
+    <message id="LogPausedForReview">
+        <source>Gathering waits: %1 songs are to be reviewed first</source>
+        <translation>Die Suche wartet: erst sind %1 Songs zu überprüfen</translation>
+    </message>
+    <message id="LogPlaceholder">
+        <source>What is found and written is listed here.</source>
+        <translation>Hier steht, was gefunden und geschrieben wird.</translation>
+    </message>
     <message id="LogSetInfo">
         <source>Set %1 of “%2”</source>
         <translation>%1 von „%2“ gesetzt</translation>
+    </message>
+    <message id="LogTitle">
+        <source>Log</source>
+        <translation>Protokoll</translation>
     </message>
     <message id="Lyrics">
         <source>Lyrics</source>
@@ -447,6 +475,94 @@
         <source>Choose a folder of songs</source>
         <translation>Einen Ordner mit Songs wählen</translation>
     </message>
+    <message id="OptionsAdvanced">
+        <source>Of several albums take</source>
+        <translation>Von mehreren Alben nehmen</translation>
+    </message>
+    <message id="OptionsAllowSubstrings">
+        <source>Names may match in part</source>
+        <translation>Namen dürfen in Teilen passen</translation>
+    </message>
+    <message id="OptionsGather">
+        <source>Look for</source>
+        <translation>Suchen nach</translation>
+    </message>
+    <message id="OptionsIdentify">
+        <source>Know songs without names by their sound</source>
+        <translation>Songs ohne Namen am Klang erkennen</translation>
+    </message>
+    <message id="OptionsOverwrite">
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message id="OptionsOverwriteAsset">
+        <source>Replace what is there: %1</source>
+        <translation>Vorhandenes ersetzen: %1</translation>
+    </message>
+    <message id="OptionsParallelSearch">
+        <source>Ask all sources at once</source>
+        <translation>Alle Quellen zugleich fragen</translation>
+    </message>
+    <message id="OptionsPickAgreement">
+        <source>The one that most sources know</source>
+        <translation>Das die meisten Quellen kennen</translation>
+    </message>
+    <message id="OptionsPickAgreementHint">
+        <source>Counts how often each album was found.</source>
+        <translation>Zählt, wie oft jedes Album gefunden wurde.</translation>
+    </message>
+    <message id="OptionsPickBest">
+        <source>The best match</source>
+        <translation>Das passendste</translation>
+    </message>
+    <message id="OptionsPickBestHint">
+        <source>Compares length, track, year and names with the song.</source>
+        <translation>Vergleicht Länge, Titelnummer, Jahr und Namen mit dem Song.</translation>
+    </message>
+    <message id="OptionsPickEarliest">
+        <source>The earliest</source>
+        <translation>Das früheste</translation>
+    </message>
+    <message id="OptionsPickEarliestHint">
+        <source>Mostly the original, not a collection.</source>
+        <translation>Meist das Original, keine Sammlung.</translation>
+    </message>
+    <message id="OptionsPickNone">
+        <source>None</source>
+        <translation>Keines</translation>
+    </message>
+    <message id="OptionsPickNoneHint">
+        <source>Nothing is filled in where more than one album fits.</source>
+        <translation>Wo mehr als ein Album passt, wird nichts ergänzt.</translation>
+    </message>
+    <message id="OptionsReview">
+        <source>Review before writing</source>
+        <translation>Vor dem Schreiben überprüfen</translation>
+    </message>
+    <message id="OptionsSearch">
+        <source>How to look</source>
+        <translation>Wie gesucht wird</translation>
+    </message>
+    <message id="OptionsTitle">
+        <source>Gathering options</source>
+        <translation>Suchoptionen</translation>
+    </message>
+    <message id="OverwriteTitleCancel">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="OverwriteTitleMessage">
+        <source>Titles will be looked for by track number and replace those that the songs have. Songs whose track number is wrong get wrong titles.</source>
+        <translation>Titel werden anhand der Titelnummer gesucht und ersetzen die der Songs. Songs mit falscher Titelnummer bekommen falsche Titel.</translation>
+    </message>
+    <message id="OverwriteTitleProceed">
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message id="OverwriteTitleTitle">
+        <source>Replace titles?</source>
+        <translation>Titel ersetzen?</translation>
+    </message>
     <message id="PlaylistNotFoundMessage">
         <source>There is no playlist “%1” that can be read</source>
         <translation>Es gibt keine lesbare Wiedergabeliste „%1“</translation>
@@ -458,6 +574,14 @@
     <message id="PlaylistNotFoundTitle">
         <source>The playlist was not found</source>
         <translation>Die Wiedergabeliste wurde nicht gefunden</translation>
+    </message>
+    <message id="ProgressOfRun">
+        <source>Progress of the whole run</source>
+        <translation>Fortschritt des ganzen Laufs</translation>
+    </message>
+    <message id="ProgressOfSong">
+        <source>Progress of this song</source>
+        <translation>Fortschritt dieses Songs</translation>
     </message>
     <message id="ReasonFileBusy">
         <source>Another write to the file is under way</source>
@@ -487,6 +611,138 @@
         <source>%1; what the file held is kept, and is put back at the next start</source>
         <translation>%1; der bisherige Inhalt der Datei ist aufbewahrt und wird beim nächsten Start zurückgelegt</translation>
     </message>
+    <message id="ReviewAlbumChosen">
+        <source>chosen</source>
+        <translation>gewählt</translation>
+    </message>
+    <message id="ReviewAlbumChosenBefore">
+        <source>was chosen</source>
+        <translation>war gewählt</translation>
+    </message>
+    <message id="ReviewAlbumTaken">
+        <source>taken by you</source>
+        <translation>von Ihnen genommen</translation>
+    </message>
+    <message id="ReviewCandidates">
+        <source>Albums that were found</source>
+        <translation>Gefundene Alben</translation>
+    </message>
+    <message id="ReviewColumnChanges">
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message id="ReviewColumnFate">
+        <source>Verdict</source>
+        <translation>Urteil</translation>
+    </message>
+    <message id="ReviewColumnField">
+        <source>Field</source>
+        <translation>Feld</translation>
+    </message>
+    <message id="ReviewColumnNew">
+        <source>Found</source>
+        <translation>Gefunden</translation>
+    </message>
+    <message id="ReviewColumnOld">
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message id="ReviewColumnSong">
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message id="ReviewColumnSource">
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message id="ReviewColumnState">
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message id="ReviewColumnTracks">
+        <source>Tracks</source>
+        <translation>Titel</translation>
+    </message>
+    <message id="ReviewFields">
+        <source>Fields of the song</source>
+        <translation>Felder des Songs</translation>
+    </message>
+    <message id="ReviewMorePictures">
+        <source>%1, and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message id="ReviewNoName">
+        <source>without a name</source>
+        <translation>ohne Namen</translation>
+    </message>
+    <message id="ReviewNoValue">
+        <source>–</source>
+        <translation>–</translation>
+    </message>
+    <message id="ReviewNothingAccepted">
+        <source>Nothing of what was found</source>
+        <translation>Nichts von dem Gefundenen</translation>
+    </message>
+    <message id="ReviewNothingToWrite">
+        <source>Nothing is to be written.</source>
+        <translation>Nichts ist zu schreiben.</translation>
+    </message>
+    <message id="ReviewPictureSize">
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 Pixel</translation>
+    </message>
+    <message id="ReviewPlaceholder">
+        <source>Songs for which something was found are listed here, with their old and new values.</source>
+        <translation>Hier stehen Songs, für die etwas gefunden wurde, mit alten und neuen Werten.</translation>
+    </message>
+    <message id="ReviewSkip">
+        <source>S&amp;kip</source>
+        <translation>Ü&amp;berspringen</translation>
+    </message>
+    <message id="ReviewSongName">
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message id="ReviewStateApplying">
+        <source>Applying the album …</source>
+        <translation>Album wird angewandt …</translation>
+    </message>
+    <message id="ReviewStateSkipped">
+        <source>Skipped</source>
+        <translation>Übersprungen</translation>
+    </message>
+    <message id="ReviewStateToBeWritten">
+        <source>To be written</source>
+        <translation>Zu schreiben</translation>
+    </message>
+    <message id="ReviewStateWriting">
+        <source>Writing …</source>
+        <translation>Wird geschrieben …</translation>
+    </message>
+    <message id="ReviewStateWritten">
+        <source>Written</source>
+        <translation>Geschrieben</translation>
+    </message>
+    <message id="ReviewTakeAlbum">
+        <source>&amp;Take This Album</source>
+        <translation>Dieses Album &amp;nehmen</translation>
+    </message>
+    <message id="ReviewTitle">
+        <source>Review</source>
+        <translation>Überprüfung</translation>
+    </message>
+    <message id="ReviewToWrite">
+        <source>Songs to be written: %1</source>
+        <translation>Zu schreibende Songs: %1</translation>
+    </message>
+    <message id="ReviewWrite">
+        <source>&amp;Write</source>
+        <translation>&amp;Schreiben</translation>
+    </message>
+    <message id="ReviewWriteAll">
+        <source>Write &amp;All</source>
+        <translation>&amp;Alle schreiben</translation>
+    </message>
     <message id="Scanning">
         <source>Looking for songs …</source>
         <translation>Songs werden gesucht …</translation>
@@ -511,6 +767,10 @@
         <source>Title</source>
         <translation>Titel</translation>
     </message>
+    <message id="SourceLibrary">
+        <source>Other songs of the album</source>
+        <translation>Andere Songs des Albums</translation>
+    </message>
     <message id="SourceMenuFolder">
         <source>Folder…</source>
         <translation>Ordner…</translation>
@@ -522,6 +782,50 @@
     <message id="ToolBarTitle">
         <source>Toolbar</source>
         <translation>Werkzeugleiste</translation>
+    </message>
+    <message id="ToolTipAllowSubstrings">
+        <source>Also takes albums and tracks whose name is a part of the song’s, or the other way round.</source>
+        <translation>Nimmt auch Alben und Titel, deren Name ein Teil von dem des Songs ist oder umgekehrt.</translation>
+    </message>
+    <message id="ToolTipGather">
+        <source>Fills this in where a song lacks it.</source>
+        <translation>Ergänzt dies, wo es einem Song fehlt.</translation>
+    </message>
+    <message id="ToolTipIdentify">
+        <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
+        <translation>Sendet einen Fingerabdruck des Klangs an den Dienst AcoustID, sonst nichts vom Song.</translation>
+    </message>
+    <message id="ToolTipIdentifyNoKey">
+        <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
+        <translation>Braucht einen eigenen Schlüssel für den Dienst AcoustID, den Sie in den Einstellungen eintragen können.</translation>
+    </message>
+    <message id="ToolTipOverwrite">
+        <source>Also where a song has a value already.</source>
+        <translation>Auch wo ein Song schon einen Wert hat.</translation>
+    </message>
+    <message id="ToolTipParallelSearch">
+        <source>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</source>
+        <translation>Schneller. Sonst werden die Quellen nacheinander gefragt, und nur nach dem, was noch fehlt.</translation>
+    </message>
+    <message id="ToolTipReview">
+        <source>Nothing is written before you have seen it. The songs wait in the review.</source>
+        <translation>Nichts wird geschrieben, bevor Sie es gesehen haben. Die Songs warten in der Überprüfung.</translation>
+    </message>
+    <message id="ToolTipReviewSkip">
+        <source>Leaves the selected songs as they are.</source>
+        <translation>Lässt die ausgewählten Songs, wie sie sind.</translation>
+    </message>
+    <message id="ToolTipReviewWrite">
+        <source>Writes what is checked into the selected songs. In songs that are written already, what is no longer checked gets its old value back.</source>
+        <translation>Schreibt, was angekreuzt ist, in die ausgewählten Songs. In schon geschriebenen bekommt, was nicht mehr angekreuzt ist, seinen alten Wert zurück.</translation>
+    </message>
+    <message id="ToolTipReviewWriteAll">
+        <source>Writes what is checked into all songs that wait.</source>
+        <translation>Schreibt, was angekreuzt ist, in alle wartenden Songs.</translation>
+    </message>
+    <message id="ToolTipTakeAlbum">
+        <source>Fills the song in from this album instead. Nothing is written yet.</source>
+        <translation>Füllt den Song stattdessen aus diesem Album. Noch wird nichts geschrieben.</translation>
     </message>
     <message id="Track">
         <source>Track</source>

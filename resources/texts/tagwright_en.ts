@@ -71,6 +71,18 @@
         <source>%1 (no answer from %2)</source>
         <translation>%1 (no answer from %2)</translation>
     </message>
+    <message id="CompilationWarningDontWarn">
+        <source>Do not warn of this again</source>
+        <translation>Do not warn of this again</translation>
+    </message>
+    <message id="CompilationWarningText">
+        <source>“%1” by %2 is part of a compilation, and not everything was found for it. Sources often list such albums under another artist.</source>
+        <translation>“%1” by %2 is part of a compilation, and not everything was found for it. Sources often list such albums under another artist.</translation>
+    </message>
+    <message id="CompilationWarningTitle">
+        <source>Songs of compilations</source>
+        <translation>Songs of compilations</translation>
+    </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>
         <translation>counted with another album of the same name</translation>
@@ -98,6 +110,10 @@
     <message id="DroppedUndecided">
         <source>it fits, but no album was picked</source>
         <translation>it fits, but no album was picked</translation>
+    </message>
+    <message id="EditReview">
+        <source>Reviewed changes</source>
+        <translation>Reviewed changes</translation>
     </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
@@ -271,9 +287,21 @@
         <source>Found %1 for “%2”</source>
         <translation>Found %1 for “%2”</translation>
     </message>
+    <message id="LogPausedForReview">
+        <source>Gathering waits: %1 songs are to be reviewed first</source>
+        <translation>Gathering waits: %1 songs are to be reviewed first</translation>
+    </message>
+    <message id="LogPlaceholder">
+        <source>What is found and written is listed here.</source>
+        <translation>What is found and written is listed here.</translation>
+    </message>
     <message id="LogSetInfo">
         <source>Set %1 of “%2”</source>
         <translation>Set %1 of “%2”</translation>
+    </message>
+    <message id="LogTitle">
+        <source>Log</source>
+        <translation>Log</translation>
     </message>
     <message id="Lyrics">
         <source>Lyrics</source>
@@ -447,6 +475,94 @@
         <source>Choose a folder of songs</source>
         <translation>Choose a folder of songs</translation>
     </message>
+    <message id="OptionsAdvanced">
+        <source>Of several albums take</source>
+        <translation>Of several albums take</translation>
+    </message>
+    <message id="OptionsAllowSubstrings">
+        <source>Names may match in part</source>
+        <translation>Names may match in part</translation>
+    </message>
+    <message id="OptionsGather">
+        <source>Look for</source>
+        <translation>Look for</translation>
+    </message>
+    <message id="OptionsIdentify">
+        <source>Know songs without names by their sound</source>
+        <translation>Know songs without names by their sound</translation>
+    </message>
+    <message id="OptionsOverwrite">
+        <source>Replace</source>
+        <translation>Replace</translation>
+    </message>
+    <message id="OptionsOverwriteAsset">
+        <source>Replace what is there: %1</source>
+        <translation>Replace what is there: %1</translation>
+    </message>
+    <message id="OptionsParallelSearch">
+        <source>Ask all sources at once</source>
+        <translation>Ask all sources at once</translation>
+    </message>
+    <message id="OptionsPickAgreement">
+        <source>The one that most sources know</source>
+        <translation>The one that most sources know</translation>
+    </message>
+    <message id="OptionsPickAgreementHint">
+        <source>Counts how often each album was found.</source>
+        <translation>Counts how often each album was found.</translation>
+    </message>
+    <message id="OptionsPickBest">
+        <source>The best match</source>
+        <translation>The best match</translation>
+    </message>
+    <message id="OptionsPickBestHint">
+        <source>Compares length, track, year and names with the song.</source>
+        <translation>Compares length, track, year and names with the song.</translation>
+    </message>
+    <message id="OptionsPickEarliest">
+        <source>The earliest</source>
+        <translation>The earliest</translation>
+    </message>
+    <message id="OptionsPickEarliestHint">
+        <source>Mostly the original, not a collection.</source>
+        <translation>Mostly the original, not a collection.</translation>
+    </message>
+    <message id="OptionsPickNone">
+        <source>None</source>
+        <translation>None</translation>
+    </message>
+    <message id="OptionsPickNoneHint">
+        <source>Nothing is filled in where more than one album fits.</source>
+        <translation>Nothing is filled in where more than one album fits.</translation>
+    </message>
+    <message id="OptionsReview">
+        <source>Review before writing</source>
+        <translation>Review before writing</translation>
+    </message>
+    <message id="OptionsSearch">
+        <source>How to look</source>
+        <translation>How to look</translation>
+    </message>
+    <message id="OptionsTitle">
+        <source>Gathering options</source>
+        <translation>Gathering options</translation>
+    </message>
+    <message id="OverwriteTitleCancel">
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="OverwriteTitleMessage">
+        <source>Titles will be looked for by track number and replace those that the songs have. Songs whose track number is wrong get wrong titles.</source>
+        <translation>Titles will be looked for by track number and replace those that the songs have. Songs whose track number is wrong get wrong titles.</translation>
+    </message>
+    <message id="OverwriteTitleProceed">
+        <source>Replace</source>
+        <translation>Replace</translation>
+    </message>
+    <message id="OverwriteTitleTitle">
+        <source>Replace titles?</source>
+        <translation>Replace titles?</translation>
+    </message>
     <message id="PlaylistNotFoundMessage">
         <source>There is no playlist “%1” that can be read</source>
         <translation>There is no playlist “%1” that can be read</translation>
@@ -458,6 +574,14 @@
     <message id="PlaylistNotFoundTitle">
         <source>The playlist was not found</source>
         <translation>The playlist was not found</translation>
+    </message>
+    <message id="ProgressOfRun">
+        <source>Progress of the whole run</source>
+        <translation>Progress of the whole run</translation>
+    </message>
+    <message id="ProgressOfSong">
+        <source>Progress of this song</source>
+        <translation>Progress of this song</translation>
     </message>
     <message id="ReasonFileBusy">
         <source>Another write to the file is under way</source>
@@ -487,6 +611,138 @@
         <source>%1; what the file held is kept, and is put back at the next start</source>
         <translation>%1; what the file held is kept, and is put back at the next start</translation>
     </message>
+    <message id="ReviewAlbumChosen">
+        <source>chosen</source>
+        <translation>chosen</translation>
+    </message>
+    <message id="ReviewAlbumChosenBefore">
+        <source>was chosen</source>
+        <translation>was chosen</translation>
+    </message>
+    <message id="ReviewAlbumTaken">
+        <source>taken by you</source>
+        <translation>taken by you</translation>
+    </message>
+    <message id="ReviewCandidates">
+        <source>Albums that were found</source>
+        <translation>Albums that were found</translation>
+    </message>
+    <message id="ReviewColumnChanges">
+        <source>Changes</source>
+        <translation>Changes</translation>
+    </message>
+    <message id="ReviewColumnFate">
+        <source>Verdict</source>
+        <translation>Verdict</translation>
+    </message>
+    <message id="ReviewColumnField">
+        <source>Field</source>
+        <translation>Field</translation>
+    </message>
+    <message id="ReviewColumnNew">
+        <source>Found</source>
+        <translation>Found</translation>
+    </message>
+    <message id="ReviewColumnOld">
+        <source>Before</source>
+        <translation>Before</translation>
+    </message>
+    <message id="ReviewColumnSong">
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message id="ReviewColumnSource">
+        <source>Source</source>
+        <translation>Source</translation>
+    </message>
+    <message id="ReviewColumnState">
+        <source>State</source>
+        <translation>State</translation>
+    </message>
+    <message id="ReviewColumnTracks">
+        <source>Tracks</source>
+        <translation>Tracks</translation>
+    </message>
+    <message id="ReviewFields">
+        <source>Fields of the song</source>
+        <translation>Fields of the song</translation>
+    </message>
+    <message id="ReviewMorePictures">
+        <source>%1, and %2 more</source>
+        <translation>%1, and %2 more</translation>
+    </message>
+    <message id="ReviewNoName">
+        <source>without a name</source>
+        <translation>without a name</translation>
+    </message>
+    <message id="ReviewNoValue">
+        <source>–</source>
+        <translation>–</translation>
+    </message>
+    <message id="ReviewNothingAccepted">
+        <source>Nothing of what was found</source>
+        <translation>Nothing of what was found</translation>
+    </message>
+    <message id="ReviewNothingToWrite">
+        <source>Nothing is to be written.</source>
+        <translation>Nothing is to be written.</translation>
+    </message>
+    <message id="ReviewPictureSize">
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 pixels</translation>
+    </message>
+    <message id="ReviewPlaceholder">
+        <source>Songs for which something was found are listed here, with their old and new values.</source>
+        <translation>Songs for which something was found are listed here, with their old and new values.</translation>
+    </message>
+    <message id="ReviewSkip">
+        <source>S&amp;kip</source>
+        <translation>S&amp;kip</translation>
+    </message>
+    <message id="ReviewSongName">
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message id="ReviewStateApplying">
+        <source>Applying the album …</source>
+        <translation>Applying the album …</translation>
+    </message>
+    <message id="ReviewStateSkipped">
+        <source>Skipped</source>
+        <translation>Skipped</translation>
+    </message>
+    <message id="ReviewStateToBeWritten">
+        <source>To be written</source>
+        <translation>To be written</translation>
+    </message>
+    <message id="ReviewStateWriting">
+        <source>Writing …</source>
+        <translation>Writing …</translation>
+    </message>
+    <message id="ReviewStateWritten">
+        <source>Written</source>
+        <translation>Written</translation>
+    </message>
+    <message id="ReviewTakeAlbum">
+        <source>&amp;Take This Album</source>
+        <translation>&amp;Take This Album</translation>
+    </message>
+    <message id="ReviewTitle">
+        <source>Review</source>
+        <translation>Review</translation>
+    </message>
+    <message id="ReviewToWrite">
+        <source>Songs to be written: %1</source>
+        <translation>Songs to be written: %1</translation>
+    </message>
+    <message id="ReviewWrite">
+        <source>&amp;Write</source>
+        <translation>&amp;Write</translation>
+    </message>
+    <message id="ReviewWriteAll">
+        <source>Write &amp;All</source>
+        <translation>Write &amp;All</translation>
+    </message>
     <message id="Scanning">
         <source>Looking for songs …</source>
         <translation>Looking for songs …</translation>
@@ -511,6 +767,10 @@
         <source>Title</source>
         <translation>Title</translation>
     </message>
+    <message id="SourceLibrary">
+        <source>Other songs of the album</source>
+        <translation>Other songs of the album</translation>
+    </message>
     <message id="SourceMenuFolder">
         <source>Folder…</source>
         <translation>Folder…</translation>
@@ -522,6 +782,50 @@
     <message id="ToolBarTitle">
         <source>Toolbar</source>
         <translation>Toolbar</translation>
+    </message>
+    <message id="ToolTipAllowSubstrings">
+        <source>Also takes albums and tracks whose name is a part of the song’s, or the other way round.</source>
+        <translation>Also takes albums and tracks whose name is a part of the song’s, or the other way round.</translation>
+    </message>
+    <message id="ToolTipGather">
+        <source>Fills this in where a song lacks it.</source>
+        <translation>Fills this in where a song lacks it.</translation>
+    </message>
+    <message id="ToolTipIdentify">
+        <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
+        <translation>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</translation>
+    </message>
+    <message id="ToolTipIdentifyNoKey">
+        <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
+        <translation>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</translation>
+    </message>
+    <message id="ToolTipOverwrite">
+        <source>Also where a song has a value already.</source>
+        <translation>Also where a song has a value already.</translation>
+    </message>
+    <message id="ToolTipParallelSearch">
+        <source>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</source>
+        <translation>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</translation>
+    </message>
+    <message id="ToolTipReview">
+        <source>Nothing is written before you have seen it. The songs wait in the review.</source>
+        <translation>Nothing is written before you have seen it. The songs wait in the review.</translation>
+    </message>
+    <message id="ToolTipReviewSkip">
+        <source>Leaves the selected songs as they are.</source>
+        <translation>Leaves the selected songs as they are.</translation>
+    </message>
+    <message id="ToolTipReviewWrite">
+        <source>Writes what is checked into the selected songs. In songs that are written already, what is no longer checked gets its old value back.</source>
+        <translation>Writes what is checked into the selected songs. In songs that are written already, what is no longer checked gets its old value back.</translation>
+    </message>
+    <message id="ToolTipReviewWriteAll">
+        <source>Writes what is checked into all songs that wait.</source>
+        <translation>Writes what is checked into all songs that wait.</translation>
+    </message>
+    <message id="ToolTipTakeAlbum">
+        <source>Fills the song in from this album instead. Nothing is written yet.</source>
+        <translation>Fills the song in from this album instead. Nothing is written yet.</translation>
     </message>
     <message id="Track">
         <source>Track</source>

@@ -71,6 +71,18 @@
         <source>%1 (no answer from %2)</source>
         <translation>%1 (sans réponse de %2)</translation>
     </message>
+    <message id="CompilationWarningDontWarn">
+        <source>Do not warn of this again</source>
+        <translation>Ne plus avertir</translation>
+    </message>
+    <message id="CompilationWarningText">
+        <source>“%1” by %2 is part of a compilation, and not everything was found for it. Sources often list such albums under another artist.</source>
+        <translation>« %1 » de %2 fait partie d’une compilation, et tout n’a pas été trouvé. Les sources rangent souvent ces albums sous un autre artiste.</translation>
+    </message>
+    <message id="CompilationWarningTitle">
+        <source>Songs of compilations</source>
+        <translation>Morceaux de compilations</translation>
+    </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>
         <translation>compté avec un autre album du même nom</translation>
@@ -98,6 +110,10 @@
     <message id="DroppedUndecided">
         <source>it fits, but no album was picked</source>
         <translation>il convient, mais aucun album n’a été retenu</translation>
+    </message>
+    <message id="EditReview">
+        <source>Reviewed changes</source>
+        <translation>Modifications vérifiées</translation>
     </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
@@ -271,9 +287,21 @@
         <source>Found %1 for “%2”</source>
         <translation>%1 trouvé pour « %2 »</translation>
     </message>
+    <message id="LogPausedForReview">
+        <source>Gathering waits: %1 songs are to be reviewed first</source>
+        <translation>La recherche attend : %1 morceaux sont d’abord à vérifier</translation>
+    </message>
+    <message id="LogPlaceholder">
+        <source>What is found and written is listed here.</source>
+        <translation>Ce qui est trouvé et écrit s’affiche ici.</translation>
+    </message>
     <message id="LogSetInfo">
         <source>Set %1 of “%2”</source>
         <translation>%1 de « %2 » défini</translation>
+    </message>
+    <message id="LogTitle">
+        <source>Log</source>
+        <translation>Journal</translation>
     </message>
     <message id="Lyrics">
         <source>Lyrics</source>
@@ -447,6 +475,94 @@
         <source>Choose a folder of songs</source>
         <translation>Choisir un dossier de morceaux</translation>
     </message>
+    <message id="OptionsAdvanced">
+        <source>Of several albums take</source>
+        <translation>Parmi plusieurs albums, prendre</translation>
+    </message>
+    <message id="OptionsAllowSubstrings">
+        <source>Names may match in part</source>
+        <translation>Accepter une partie du nom</translation>
+    </message>
+    <message id="OptionsGather">
+        <source>Look for</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message id="OptionsIdentify">
+        <source>Know songs without names by their sound</source>
+        <translation>Reconnaître au son les morceaux sans nom</translation>
+    </message>
+    <message id="OptionsOverwrite">
+        <source>Replace</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message id="OptionsOverwriteAsset">
+        <source>Replace what is there: %1</source>
+        <translation>Remplacer l’existant : %1</translation>
+    </message>
+    <message id="OptionsParallelSearch">
+        <source>Ask all sources at once</source>
+        <translation>Interroger toutes les sources à la fois</translation>
+    </message>
+    <message id="OptionsPickAgreement">
+        <source>The one that most sources know</source>
+        <translation>Celui que le plus de sources connaissent</translation>
+    </message>
+    <message id="OptionsPickAgreementHint">
+        <source>Counts how often each album was found.</source>
+        <translation>Compte combien de fois chaque album a été trouvé.</translation>
+    </message>
+    <message id="OptionsPickBest">
+        <source>The best match</source>
+        <translation>Celui qui convient le mieux</translation>
+    </message>
+    <message id="OptionsPickBestHint">
+        <source>Compares length, track, year and names with the song.</source>
+        <translation>Compare durée, piste, année et noms avec le morceau.</translation>
+    </message>
+    <message id="OptionsPickEarliest">
+        <source>The earliest</source>
+        <translation>Le plus ancien</translation>
+    </message>
+    <message id="OptionsPickEarliestHint">
+        <source>Mostly the original, not a collection.</source>
+        <translation>Le plus souvent l’original, pas une collection.</translation>
+    </message>
+    <message id="OptionsPickNone">
+        <source>None</source>
+        <translation>Aucun</translation>
+    </message>
+    <message id="OptionsPickNoneHint">
+        <source>Nothing is filled in where more than one album fits.</source>
+        <translation>Rien n’est complété si plusieurs albums conviennent.</translation>
+    </message>
+    <message id="OptionsReview">
+        <source>Review before writing</source>
+        <translation>Vérifier avant d’écrire</translation>
+    </message>
+    <message id="OptionsSearch">
+        <source>How to look</source>
+        <translation>Méthode de recherche</translation>
+    </message>
+    <message id="OptionsTitle">
+        <source>Gathering options</source>
+        <translation>Options de recherche</translation>
+    </message>
+    <message id="OverwriteTitleCancel">
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message id="OverwriteTitleMessage">
+        <source>Titles will be looked for by track number and replace those that the songs have. Songs whose track number is wrong get wrong titles.</source>
+        <translation>Les titres seront recherchés par numéro de piste et remplaceront ceux des morceaux. Un morceau dont le numéro est faux reçoit un titre faux.</translation>
+    </message>
+    <message id="OverwriteTitleProceed">
+        <source>Replace</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message id="OverwriteTitleTitle">
+        <source>Replace titles?</source>
+        <translation>Remplacer les titres ?</translation>
+    </message>
     <message id="PlaylistNotFoundMessage">
         <source>There is no playlist “%1” that can be read</source>
         <translation>Il n’y a pas de liste de lecture « %1 » lisible</translation>
@@ -458,6 +574,14 @@
     <message id="PlaylistNotFoundTitle">
         <source>The playlist was not found</source>
         <translation>La liste de lecture est introuvable</translation>
+    </message>
+    <message id="ProgressOfRun">
+        <source>Progress of the whole run</source>
+        <translation>Progression de l’ensemble</translation>
+    </message>
+    <message id="ProgressOfSong">
+        <source>Progress of this song</source>
+        <translation>Progression de ce morceau</translation>
     </message>
     <message id="ReasonFileBusy">
         <source>Another write to the file is under way</source>
@@ -487,6 +611,138 @@
         <source>%1; what the file held is kept, and is put back at the next start</source>
         <translation>%1 ; l’ancien contenu du fichier est conservé et sera rétabli au prochain démarrage</translation>
     </message>
+    <message id="ReviewAlbumChosen">
+        <source>chosen</source>
+        <translation>choisi</translation>
+    </message>
+    <message id="ReviewAlbumChosenBefore">
+        <source>was chosen</source>
+        <translation>était choisi</translation>
+    </message>
+    <message id="ReviewAlbumTaken">
+        <source>taken by you</source>
+        <translation>pris par vous</translation>
+    </message>
+    <message id="ReviewCandidates">
+        <source>Albums that were found</source>
+        <translation>Albums trouvés</translation>
+    </message>
+    <message id="ReviewColumnChanges">
+        <source>Changes</source>
+        <translation>Modifications</translation>
+    </message>
+    <message id="ReviewColumnFate">
+        <source>Verdict</source>
+        <translation>Verdict</translation>
+    </message>
+    <message id="ReviewColumnField">
+        <source>Field</source>
+        <translation>Champ</translation>
+    </message>
+    <message id="ReviewColumnNew">
+        <source>Found</source>
+        <translation>Trouvé</translation>
+    </message>
+    <message id="ReviewColumnOld">
+        <source>Before</source>
+        <translation>Avant</translation>
+    </message>
+    <message id="ReviewColumnSong">
+        <source>Song</source>
+        <translation>Morceau</translation>
+    </message>
+    <message id="ReviewColumnSource">
+        <source>Source</source>
+        <translation>Source</translation>
+    </message>
+    <message id="ReviewColumnState">
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message id="ReviewColumnTracks">
+        <source>Tracks</source>
+        <translation>Pistes</translation>
+    </message>
+    <message id="ReviewFields">
+        <source>Fields of the song</source>
+        <translation>Champs du morceau</translation>
+    </message>
+    <message id="ReviewMorePictures">
+        <source>%1, and %2 more</source>
+        <translation>%1, et %2 de plus</translation>
+    </message>
+    <message id="ReviewNoName">
+        <source>without a name</source>
+        <translation>sans nom</translation>
+    </message>
+    <message id="ReviewNoValue">
+        <source>–</source>
+        <translation>–</translation>
+    </message>
+    <message id="ReviewNothingAccepted">
+        <source>Nothing of what was found</source>
+        <translation>Rien de ce qui a été trouvé</translation>
+    </message>
+    <message id="ReviewNothingToWrite">
+        <source>Nothing is to be written.</source>
+        <translation>Rien à écrire.</translation>
+    </message>
+    <message id="ReviewPictureSize">
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 pixels</translation>
+    </message>
+    <message id="ReviewPlaceholder">
+        <source>Songs for which something was found are listed here, with their old and new values.</source>
+        <translation>Les morceaux pour lesquels quelque chose a été trouvé s’affichent ici, avec leurs anciennes et nouvelles valeurs.</translation>
+    </message>
+    <message id="ReviewSkip">
+        <source>S&amp;kip</source>
+        <translation>&amp;Passer</translation>
+    </message>
+    <message id="ReviewSongName">
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message id="ReviewStateApplying">
+        <source>Applying the album …</source>
+        <translation>Application de l’album…</translation>
+    </message>
+    <message id="ReviewStateSkipped">
+        <source>Skipped</source>
+        <translation>Passé</translation>
+    </message>
+    <message id="ReviewStateToBeWritten">
+        <source>To be written</source>
+        <translation>À écrire</translation>
+    </message>
+    <message id="ReviewStateWriting">
+        <source>Writing …</source>
+        <translation>Écriture…</translation>
+    </message>
+    <message id="ReviewStateWritten">
+        <source>Written</source>
+        <translation>Écrit</translation>
+    </message>
+    <message id="ReviewTakeAlbum">
+        <source>&amp;Take This Album</source>
+        <translation>Prendre cet al&amp;bum</translation>
+    </message>
+    <message id="ReviewTitle">
+        <source>Review</source>
+        <translation>Vérification</translation>
+    </message>
+    <message id="ReviewToWrite">
+        <source>Songs to be written: %1</source>
+        <translation>Morceaux à écrire : %1</translation>
+    </message>
+    <message id="ReviewWrite">
+        <source>&amp;Write</source>
+        <translation>É&amp;crire</translation>
+    </message>
+    <message id="ReviewWriteAll">
+        <source>Write &amp;All</source>
+        <translation>&amp;Tout écrire</translation>
+    </message>
     <message id="Scanning">
         <source>Looking for songs …</source>
         <translation>Recherche de morceaux…</translation>
@@ -511,6 +767,10 @@
         <source>Title</source>
         <translation>Titre</translation>
     </message>
+    <message id="SourceLibrary">
+        <source>Other songs of the album</source>
+        <translation>Autres morceaux de l’album</translation>
+    </message>
     <message id="SourceMenuFolder">
         <source>Folder…</source>
         <translation>Dossier…</translation>
@@ -522,6 +782,50 @@
     <message id="ToolBarTitle">
         <source>Toolbar</source>
         <translation>Barre d’outils</translation>
+    </message>
+    <message id="ToolTipAllowSubstrings">
+        <source>Also takes albums and tracks whose name is a part of the song’s, or the other way round.</source>
+        <translation>Accepte aussi les albums et pistes dont le nom est une partie de celui du morceau, ou l’inverse.</translation>
+    </message>
+    <message id="ToolTipGather">
+        <source>Fills this in where a song lacks it.</source>
+        <translation>Complète ce champ lorsqu’il manque.</translation>
+    </message>
+    <message id="ToolTipIdentify">
+        <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
+        <translation>Envoie une empreinte du son au service AcoustID, rien d’autre du morceau.</translation>
+    </message>
+    <message id="ToolTipIdentifyNoKey">
+        <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
+        <translation>Demande une clé personnelle du service AcoustID, à saisir dans les préférences.</translation>
+    </message>
+    <message id="ToolTipOverwrite">
+        <source>Also where a song has a value already.</source>
+        <translation>Même lorsqu’un morceau a déjà une valeur.</translation>
+    </message>
+    <message id="ToolTipParallelSearch">
+        <source>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</source>
+        <translation>Plus rapide. Sinon, les sources sont interrogées l’une après l’autre, et seulement sur ce qui manque encore.</translation>
+    </message>
+    <message id="ToolTipReview">
+        <source>Nothing is written before you have seen it. The songs wait in the review.</source>
+        <translation>Rien n’est écrit avant que vous l’ayez vu. Les morceaux attendent dans la vérification.</translation>
+    </message>
+    <message id="ToolTipReviewSkip">
+        <source>Leaves the selected songs as they are.</source>
+        <translation>Laisse les morceaux sélectionnés tels quels.</translation>
+    </message>
+    <message id="ToolTipReviewWrite">
+        <source>Writes what is checked into the selected songs. In songs that are written already, what is no longer checked gets its old value back.</source>
+        <translation>Écrit ce qui est coché dans les morceaux sélectionnés. Dans ceux déjà écrits, ce qui n’est plus coché reprend son ancienne valeur.</translation>
+    </message>
+    <message id="ToolTipReviewWriteAll">
+        <source>Writes what is checked into all songs that wait.</source>
+        <translation>Écrit ce qui est coché dans tous les morceaux en attente.</translation>
+    </message>
+    <message id="ToolTipTakeAlbum">
+        <source>Fills the song in from this album instead. Nothing is written yet.</source>
+        <translation>Complète le morceau avec cet album. Rien n’est encore écrit.</translation>
     </message>
     <message id="Track">
         <source>Track</source>

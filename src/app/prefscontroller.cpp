@@ -12,6 +12,8 @@ constexpr Setting<int> prefsVersion{"prefsVersion", 0};
 constexpr Setting<int> albumPickingMethod{"albumPickingMethod", 0};
 constexpr Setting<int> allowSubstrings{"allowSubstrings", 0};
 constexpr Setting<int> parallelSearch{"parallelSearch", 0};
+constexpr Setting<bool> identifyBySound{"identifyBySound", false};
+constexpr Setting<bool> reviewBeforeWriting{"reviewBeforeWriting", false};
 
 /// An asset and the settings of its two check boxes.
 struct AssetSettings {
@@ -56,6 +58,8 @@ void readChoices(GatheringOptions &options, const QSettings &settings)
     options.allowSubstrings =
         allowSubstrings.value(settings) ? Substrings::Allow : Substrings::Refuse;
     options.parallelSearch = parallelSearch.value(settings) != 0;
+    options.identify = identifyBySound.value(settings);
+    options.review = reviewBeforeWriting.value(settings);
 }
 
 /// A side of pictures that is not above 0 would leave nothing of them.
@@ -109,6 +113,8 @@ void PrefsController::setGatheringOptions(const GatheringOptions &options)
     albumPickingMethod.set(mSettings, static_cast<int>(options.albumPickingMethod));
     allowSubstrings.set(mSettings, options.allowSubstrings == Substrings::Allow ? 1 : 0);
     parallelSearch.set(mSettings, options.parallelSearch ? 1 : 0);
+    identifyBySound.set(mSettings, options.identify);
+    reviewBeforeWriting.set(mSettings, options.review);
 }
 
 ID3Dialect PrefsController::id3Dialect() const

@@ -27,6 +27,8 @@ inline constexpr Setting<bool> ignoreNonSquareArtwork{"ignoreNonSquareArt", fals
 inline constexpr Setting<int> cacheSizeMB{"cacheSizeMB", 0};
 inline constexpr Setting<bool> writeSpecCorrectID3v24{"id3v24Accurate", false};
 inline constexpr Setting<bool> keepiTunesRefreshed{"keepiTunesRefreshed", false};
+/// Do not warn of songs of compilations for which something is missing.
+inline constexpr Setting<bool> dontWarnCompilation{"dontWarnCompilation", false};
 inline constexpr Setting<bool> filterLyrics{"filterLyrics", false};
 /// Lyrics with the times of their lines, from a source that has them.
 inline constexpr Setting<bool> syncedLyrics{"syncedLyrics", false};
@@ -44,7 +46,8 @@ struct GatheringOptions {
     AlbumPick albumPickingMethod = AlbumPick::None;
     Substrings allowSubstrings = Substrings::Refuse;
     bool parallelSearch = false;
-    bool identify = false; ///< songs without names, by their sound; never saved
+    bool identify = false; ///< songs without names, by their sound
+    bool review = false; ///< before anything is written
     double minimumImageSize = preferences::minimumImageSize.whenUnset; ///< pixels
     double maximumImageSize = preferences::maximumImageSize.whenUnset; ///< pixels
     /// Pixels: only narrower artwork is replaced.

@@ -1,25 +1,19 @@
 #include "app/songvalues.h"
 
-#include "tags/audioinfotag.h"
-
 #include <array>
 
 namespace {
 
-struct TextAccess {
+struct AssetText {
     Asset asset;
-    std::optional<QString> (AudioInfoTag::*get)() const;
-    void (AudioInfoTag::*set)(const QString &);
+    TagText which;
 };
 
-constexpr std::array textAccesses{
-    TextAccess{AssetArtist, &AudioInfoTag::artist, &AudioInfoTag::setArtist},
-    TextAccess{AssetAlbumName, &AudioInfoTag::album, &AudioInfoTag::setAlbum},
-    TextAccess{AssetSongTitle, &AudioInfoTag::title, &AudioInfoTag::setTitle},
-    TextAccess{AssetLyrics, &AudioInfoTag::lyrics, &AudioInfoTag::setLyrics},
-    TextAccess{AssetGenre, &AudioInfoTag::genres, &AudioInfoTag::setGenres},
-    TextAccess{AssetYear, &AudioInfoTag::year, &AudioInfoTag::setYear},
-    TextAccess{AssetTrack, &AudioInfoTag::track, &AudioInfoTag::setTrack},
+constexpr std::array assetTexts{
+    AssetText{AssetArtist, TagText::Artist},   AssetText{AssetAlbumName, TagText::Album},
+    AssetText{AssetSongTitle, TagText::Title}, AssetText{AssetLyrics, TagText::Lyrics},
+    AssetText{AssetGenre, TagText::Genres},    AssetText{AssetYear, TagText::Year},
+    AssetText{AssetTrack, TagText::Track},
 };
 
 void replaceText(SongValues &values, const SongValues &from, Asset asset)
@@ -36,9 +30,9 @@ void replaceText(SongValues &values, const SongValues &from, Asset asset)
 SongValues valuesOf(const AudioInfoTag &tag)
 {
     SongValues values;
-    for (const TextAccess &access : textAccesses)
-        if (const auto text = (tag.*access.get)())
-            values.texts[access.asset] = *text;
+    for (const AssetText &each : assetTexts)
+        if (const auto text = textOf(tag, each.which))
+            values.texts[each.asset] = *text;
     values.pictures = tag.images();
     return values;
 }
@@ -46,40 +40,31 @@ SongValues valuesOf(const AudioInfoTag &tag)
 Assets differences(const SongValues &one, const SongValues &other)
 {
     Assets different;
-    for (const TextAccess &access : textAccesses)
-        different.setFlag(access.asset,
-                          one.texts.contains(access.asset) != other.texts.contains(access.asset)
-                              || one.texts.value(access.asset) != other.texts.value(access.asset));
+    for (const AssetText &each : assetTexts)
+        different.setFlag(each.asset,
+                          one.texts.contains(each.asset) != other.texts.contains(each.asset)
+                              || one.texts.value(each.asset) != other.texts.value(each.asset));
     different.setFlag(AssetArtwork, one.pictures != other.pictures);
     return different;
 }
 
 SongValues replaced(SongValues values, const SongValues &from, Assets which)
 {
-    for (const TextAccess &access : textAccesses)
-        if (which.testFlag(access.asset))
-            replaceText(values, from, access.asset);
+    for (const AssetText &each : assetTexts)
+        if (which.testFlag(each.asset))
+            replaceText(values, from, each.asset);
     if (which.testFlag(AssetArtwork))
         values.pictures = from.pictures;
     return values;
 }
 
-void setValues(AudioInfoTag &tag, const SongValues &values, Assets which)
+TagValues tagValues(const SongValues &values, Assets which)
 {
-    for (const TextAccess &access : textAccesses)
-        if (which.testFlag(access.asset))
-            (tag.*access.set)(values.texts.value(access.asset));
-    if (!which.testFlag(AssetArtwork))
-        return;
-    tag.removeAllImages();
-    for (const ID3Image &picture : values.pictures)
-        tag.addImage(picture);
-}
-
-qint64 textBytesOf(const SongValues &values)
-{
-    qint64 bytes = 0;
-    for (const QString &text : values.texts)
-        bytes += text.size() * qint64(sizeof(QChar));
-    return bytes;
+    TagValues set;
+    for (const AssetText &text : assetTexts)
+        if (which.testFlag(text.asset))
+            set.texts[text.which] = values.texts.value(text.asset);
+    if (which.testFlag(AssetArtwork))
+        set.images = values.pictures;
+    return set;
 }

@@ -1,11 +1,7 @@
 #pragma once
 
+#include "app/tagvalues.h"
 #include "gathering/asset.h"
-#include "tags/id3image.h"
-
-#include <QMap>
-
-class AudioInfoTag;
 
 /// What a tag holds of the kinds of information that gathering may change: texts that are there,
 /// and the pictures. A copy costs next to nothing.
@@ -24,8 +20,5 @@ struct SongValues {
 /// The values of `from` for these kinds of information, of `values` for all others.
 [[nodiscard]] SongValues replaced(SongValues values, const SongValues &from, Assets which);
 
-/// Sets these kinds of information; a text that is not there is removed.
-void setValues(AudioInfoTag &tag, const SongValues &values, Assets which);
-
-/// Bytes of the texts in memory.
-[[nodiscard]] qint64 textBytesOf(const SongValues &values);
+/// These kinds of information as they are to be set; a text that is not there is removed.
+[[nodiscard]] TagValues tagValues(const SongValues &values, Assets which);

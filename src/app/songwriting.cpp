@@ -24,11 +24,11 @@ InPlaceFile::Outcome SongWriting::write(SongFile &song, const WriteOptions &opti
     return outcome;
 }
 
-SongValues SongWriting::valuesInFile(SongFile &song)
+std::optional<SongValues> SongWriting::valuesInFile(SongFile &song)
 {
     song.uncacheInfotag();
     const AudioInfoTag *tag = song.infotag();
-    return tag ? valuesOf(*tag) : SongValues();
+    return tag ? std::optional(valuesOf(*tag)) : std::nullopt;
 }
 
 /// A list of any size fits in memory, and other songs borrow from what the file holds: of a song
@@ -43,6 +43,6 @@ void SongWriting::forgetTag(const std::shared_ptr<SongFile> &song, Tag tag, bool
         storeSummary(*song, mInfoCache);
     song->uncacheInfotag();
     if (mInfoCache)
-        adoptSummary(
-            *song, mInfoCache->infoForSongFileAtPath(song->path(), song->readOptions().dialect));
+        adoptSummary(*song,
+                     mInfoCache->infoForSongFileAtPath(song->path(), song->readOptions().dialect));
 }

@@ -19,8 +19,9 @@ public:
 
     /// Writes the tag in hand, which must not be lazy. A failure is logged.
     [[nodiscard]] InPlaceFile::Outcome write(SongFile &song, const WriteOptions &options);
-    /// Reads the tag anew, as files keep some values in a form of their own.
-    [[nodiscard]] static SongValues valuesInFile(SongFile &song);
+    /// Reads the tag anew, as files keep some values in a form of their own; nothing when it cannot
+    /// be read.
+    [[nodiscard]] static std::optional<SongValues> valuesInFile(SongFile &song);
 
     enum class Tag {
         Written, ///< the tag in hand is what the file holds

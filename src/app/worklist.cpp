@@ -64,7 +64,8 @@ WorkList::~WorkList() = default;
 
 void WorkList::setPaused(bool isPaused)
 {
-    if (std::exchange(mIsPaused, isPaused) && !isPaused && mIsRunning && !mCurrentInfoTask)
+    const bool isInLoop = mIsRunning && mKeptJournal; // and not being prepared
+    if (std::exchange(mIsPaused, isPaused) && !isPaused && isInLoop && !mCurrentInfoTask)
         mNextStep.start();
 }
 
@@ -76,7 +77,6 @@ void WorkList::beginGathering(const SongList &songs, const GatheringOptions &opt
     const bool isAdding = std::exchange(mIsRunning, true);
     if (!isAdding) {
         mIsCancelled = false;
-        mIsPaused = false;
         mWrite = write;
         mSongsProcessed = 0;
         mSongsModified = 0;
@@ -325,7 +325,8 @@ void WorkList::writeSong(SongOutcome &outcome)
     const auto write = mWriting.write(*outcome.song, options);
     outcome.written = write.kind == InPlaceFile::Outcome::Kind::Written;
     if (outcome.written && outcome.change)
-        outcome.change->inFile = mWriting.valuesInFile(*outcome.song);
+        outcome.change->inFile =
+            mWriting.valuesInFile(*outcome.song).value_or(outcome.change->after);
     if (write.kind != InPlaceFile::Outcome::Kind::Failed)
         return;
     outcome.failed = true;

@@ -72,7 +72,7 @@ public:
                         const WriteOptions &writeOptions, WriteSongs write = WriteSongs::Yes);
     /// For the songs that are still to come.
     void setOptions(const GatheringOptions &options) { mOptions = options; }
-    /// A paused run ends the song in hand and waits.
+    /// A paused run ends the song in hand and waits; one that begins waits at once.
     void setPaused(bool isPaused);
     /// Cancels the run. The song in hand is left as it is and not told of. A task that does not
     /// end is given up on.

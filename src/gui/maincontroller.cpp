@@ -13,12 +13,20 @@ MainController::MainController(Engine &engine)
     , mLibrary({})
     , mContext(runContext(engine, mLibrary))
     , mWorkList(mContext, engine.itunes, engine.log)
+    , mEditing(engine.itunes, &engine.infoCache, engine.log)
+    , mReview(mContext, mWorkList.writing(), mEditing)
 {
     mWorkList.setInfoCache(&engine.infoCache);
+    mWorkList.setKeepsChanges(true);
+    mWorkList.setVisibleSongs([this] { return visibleSongs(); });
     connect(&mSongs, &LoadedSongs::loadFinished, this, &MainController::loadFinished);
     connect(&mWorkList, &WorkList::songStarted, this,
             [this](const std::shared_ptr<SongFile> &song) { tellChanged({song}); });
     connect(&mWorkList, &WorkList::songFinished, this, &MainController::songFinished);
+    connect(&mEditing, &TagEditing::songChanged, this, &MainController::songEdited);
+    connect(&mReview, &Review::fullChanged, this, &MainController::pauseForReview);
+    connect(&mReview, &Review::songTouched, this,
+            [this](const std::shared_ptr<SongFile> &song) { tellChanged({song}); });
     connect(&mWorkList, &WorkList::runFinished, this, &MainController::gatheringChanged);
 }
 
@@ -57,12 +65,15 @@ void MainController::rescan()
     }
 }
 
-/// Songs that wait for their gathering keep their records.
+/// Songs that wait for their gathering, or are under review, keep their records.
 void MainController::load(const SongSource &source)
 {
     Q_EMIT sourceWillChange();
     setSelectedSongs({});
-    mSongs.load(source, prefs().readOptions(), mWorkList.songs());
+    SongList kept = mWorkList.songs();
+    const SongList reviewed = mReview.songs();
+    kept.insert(kept.end(), reviewed.begin(), reviewed.end());
+    mSongs.load(source, prefs().readOptions(), kept);
     Q_EMIT sourceChanged();
 }
 
@@ -102,7 +113,9 @@ void MainController::beginGathering()
     for (const auto &song : mSelectedSongs)
         if (song->activityStatus() == SongStatus::Ready)
             ready.push_back(song);
-    mWorkList.beginGathering(ready, prefs().gatheringOptions(), prefs().writeOptions());
+    const GatheringOptions options = prefs().gatheringOptions();
+    mWorkList.beginGathering(ready, options, prefs().writeOptions(),
+                             options.review ? WriteSongs::AfterReview : WriteSongs::Yes);
     tellChanged(ready);
     Q_EMIT gatheringChanged();
 }
@@ -110,10 +123,24 @@ void MainController::beginGathering()
 /// No task is in hand just now, so the songs that lend may be others from here on.
 void MainController::songFinished(const SongOutcome &outcome)
 {
-    if (outcome.changed)
-        ++mTotalSongsModified;
+    mReview.add(outcome);
     lendFromLoadedSongs();
     tellChanged({outcome.song});
+}
+
+void MainController::songEdited(const std::shared_ptr<SongFile> &song)
+{
+    mLibrary.songChanged(song);
+    tellChanged({song});
+}
+
+/// A run that writes makes room by itself: what is written is decided.
+void MainController::pauseForReview(bool isFull)
+{
+    mWorkList.setPaused(isFull);
+    if (isFull && mWorkList.isRunning())
+        mEngine.log.addLog(qtTrId("LogPausedForReview").arg(mReview.countToWrite()),
+                           LogColor::Plain);
 }
 
 void MainController::tellChanged(const SongList &songs)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/engine.h"
+#include "app/review.h"
 #include "app/songlist.h"
-#include "app/worklist.h"
 #include "gathering/librarylending.h"
 
 #include <QObject>
@@ -22,6 +22,9 @@ public:
     [[nodiscard]] PrefsController &prefs() { return mEngine.prefs; }
     [[nodiscard]] LoadedSongs &songs() { return mSongs; }
     [[nodiscard]] WorkList &workList() { return mWorkList; }
+    /// By which everyone changes tags.
+    [[nodiscard]] TagEditing &editing() { return mEditing; }
+    [[nodiscard]] Review &review() { return mReview; }
 
     // Where the songs come from. Each remembers its choice and loads it.
     void setSongLibraryFolder(const QString &path);
@@ -43,8 +46,6 @@ public:
     /// Starts a run over the selected songs, or adds them to the one under way.
     void beginGathering();
     void stopGathering() { mWorkList.stopGathering(); }
-    /// Since the program started.
-    [[nodiscard]] int totalSongsModified() const { return mTotalSongsModified; }
 
     /// To be called by whoever changed these songs, or what is told of them.
     void tellChanged(const SongList &songs);
@@ -65,6 +66,8 @@ private:
     void load(const SongSource &source);
     void loadFinished();
     void songFinished(const SongOutcome &outcome);
+    void songEdited(const std::shared_ptr<SongFile> &song);
+    void pauseForReview(bool isFull);
     void lendFromLoadedSongs();
 
     Engine &mEngine;
@@ -72,8 +75,9 @@ private:
     LibraryLending mLibrary;
     GatherContext mContext;
     WorkList mWorkList;
+    TagEditing mEditing;
+    Review mReview;
     SongList mSelectedSongs;
     std::function<SongList()> mVisibleSongs;
-    int mTotalSongsModified = 0;
     bool mLibraryIsStale = false; ///< other songs were loaded than those that lend
 };

@@ -9,6 +9,7 @@
 #include "support/songs.h"
 #include "support/table.h"
 #include "support/tempfiles.h"
+#include "support/testsource.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -16,48 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A source with one page for each song title: "album;year". With "hangs" in its definition it
-/// never ends, cancelled or not.
-class TestInterface : public WebDBInterface {
-public:
-    using WebDBInterface::WebDBInterface;
-    [[nodiscard]] QString className() const override { return u"TestInterface"_s; }
-
-protected:
-    void startSearch() override
-    {
-        if (resources().holds({u"hangs"_s}))
-            return addPlaceholderSearch(QUrl(u"never:ends"_s));
-        addSearchURL(QUrl(resources().textOrEmpty(u"query"_s) + songTitle().value_or(QString())),
-                     [this](const FetchResult &result) { gotAlbum(result); });
-    }
-
-private:
-    void gotAlbum(const FetchResult &result)
-    {
-        const QStringList fields = QString::fromUtf8(result.data).split(u';');
-        if (fields.size() != 2)
-            return;
-        AlbumInfo album(artist(), fields[0]);
-        album.setYear(fields[1]);
-        addAlbum(album);
-    }
-};
-
-SourceCatalog testSources()
-{
-    return SourceCatalog({{u"TestInterface"_s, AssetAlbumName | AssetYear,
-                           [](SiteDefinition definition, HVHTTPQueue &queue) {
-                               return std::make_unique<TestInterface>(std::move(definition), queue);
-                           }}});
-}
-
-SiteDefinitions testDefinitions(const QVariantMap &source)
-{
-    return SiteDefinitions(QVariantMap{{u"sourcelist"_s, QStringList{u"TestInterface"_s}},
-                                       {u"res_TestInterface"_s, source}});
-}
 
 GatheringOptions wanting(Assets assets)
 {
@@ -230,6 +189,43 @@ private Q_SLOTS:
         QCOMPARE(moved->path(), path(u"elsewhere.mp3"_s));
     }
 
+    void nextSongIsTheFirstThatTheTableShows()
+    {
+        const SongList songs{song(u"a"_s), song(u"b"_s), song(u"c"_s), song(u"d"_s)};
+        SongList shown{songs[3], songs[1], songs[0]}; // c is filtered out
+        mWorkList->setVisibleSongs([&] { return shown; });
+        QStringList order;
+        connect(mWorkList.get(), &WorkList::songStarted, this, [&](const auto &started) {
+            order << started->filename();
+            shown = {songs[0], songs[1]}; // sorted again meanwhile
+            mWorkList->visibleSongsChanged();
+        });
+        run(songs);
+        QCOMPARE(order, (QStringList{u"d.mp3"_s, u"a.mp3"_s, u"b.mp3"_s, u"c.mp3"_s}));
+    }
+
+    void manySongsArePreparedFirst_data()
+    {
+        const Table<bool, int> row("isCancelled", "told");
+        row("to the end", false, SongPreparation::mostAtOnce + 1);
+        row("cancelled: the list is empty", true, 0);
+    }
+    void manySongsArePreparedFirst()
+    {
+        QFETCH(bool, isCancelled);
+        SongList songs;
+        for (int i = 0; i <= SongPreparation::mostAtOnce; ++i)
+            songs.push_back(song(QString::number(i)));
+        mWorkList->beginGathering(songs, wanting(AssetLyrics), standard);
+        QVERIFY(mWorkList->preparation().isPreparing());
+        if (isCancelled)
+            mWorkList->preparation().cancel();
+        waitForEnd();
+        QTEST(int(mOutcomes.size()), "told");
+        QCOMPARE(songs.back()->hasAlias(), !isCancelled);
+        QCOMPARE(songs.back()->activityStatus(), SongStatus::Ready);
+    }
+
     void songsAreAddedToTheRun()
     {
         const auto first = song(u"First"_s);
@@ -240,8 +236,12 @@ private Q_SLOTS:
                 mWorkList->beginGathering({first, second, third}, albumAndYear, standard,
                                           WriteSongs::Yes);
         });
+        double most = 0;
+        connect(&mWorkList->overallProgress(), &Progress::changed, this,
+                [&] { most = mWorkList->overallProgress().maximum(); });
         run({first, second}, albumAndYear, WriteSongs::No);
         QCOMPARE(mOutcomes.size(), 3);
+        QCOMPARE(most, 6.0); // two songs and one, raised by the three that were selected
         QCOMPARE(mOutcomes[2].song, third);
         QVERIFY(!mOutcomes[2].written); // the run stays a dry one
         QCOMPARE(mLines.last(), u"Finished: 3 songs processed, 1 modified"_s);
