@@ -23,6 +23,130 @@
         <source>Artwork</source>
         <translation>Cover</translation>
     </message>
+    <message id="ArtworkAdd">
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message id="ArtworkAddToSongs">
+        <source>Add the picture to %1 songs?</source>
+        <translation>Das Bild zu %1 Songs hinzufügen?</translation>
+    </message>
+    <message id="ArtworkCaption">
+        <source>%1 × %2 pixels, %3
+%4, %5</source>
+        <translation>%1 × %2 Pixel, %3
+%4, %5</translation>
+    </message>
+    <message id="ArtworkChooseFilter">
+        <source>Pictures (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;All files (*)</source>
+        <translation>Bilder (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;Alle Dateien (*)</translation>
+    </message>
+    <message id="ArtworkChooseTitle">
+        <source>Choose a picture</source>
+        <translation>Bild auswählen</translation>
+    </message>
+    <message id="ArtworkNext">
+        <source>Next picture</source>
+        <translation>Nächstes Bild</translation>
+    </message>
+    <message id="ArtworkNoSelection">
+        <source>Select songs to see their artwork</source>
+        <translation>Wählen Sie Songs aus, um ihr Cover zu sehen</translation>
+    </message>
+    <message id="ArtworkNone">
+        <source>No artwork
+
+Drop or paste a picture here</source>
+        <translation>Kein Cover
+
+Ziehen Sie ein Bild hierher oder setzen Sie es ein</translation>
+    </message>
+    <message id="ArtworkOfFirstSongs">
+        <source>As in the first %1 of %2 songs</source>
+        <translation>Wie in den ersten %1 von %2 Songs</translation>
+    </message>
+    <message id="ArtworkPosition">
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message id="ArtworkPrevious">
+        <source>Previous picture</source>
+        <translation>Vorheriges Bild</translation>
+    </message>
+    <message id="ArtworkRefusedTitle">
+        <source>Artwork</source>
+        <translation>Cover</translation>
+    </message>
+    <message id="ArtworkRemove">
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message id="ArtworkRemoveAllFromSongs">
+        <source>Remove all pictures from %1 songs?</source>
+        <translation>Alle Bilder aus %1 Songs entfernen?</translation>
+    </message>
+    <message id="ArtworkRemoveFromSongs">
+        <source>Remove the picture from %1 songs?</source>
+        <translation>Das Bild aus %1 Songs entfernen?</translation>
+    </message>
+    <message id="ArtworkReplace">
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message id="ArtworkReplaceInSongs">
+        <source>Replace the artwork of %1 songs?</source>
+        <translation>Das Cover von %1 Songs ersetzen?</translation>
+    </message>
+    <message id="ArtworkSaveTitle">
+        <source>Save picture</source>
+        <translation>Bild sichern</translation>
+    </message>
+    <message id="ArtworkSeveral">
+        <source>Several pictures
+
+The selected songs have different artwork</source>
+        <translation>Mehrere Bilder
+
+Die ausgewählten Songs haben verschiedene Cover</translation>
+    </message>
+    <message id="ArtworkUnreadable">
+        <source>Cannot be shown
+%1, %2</source>
+        <translation>Kann nicht angezeigt werden
+%1, %2</translation>
+    </message>
+    <message id="BPM">
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message id="ChangeOfArtwork">
+        <source>Change of artwork</source>
+        <translation>Ändern der Cover</translation>
+    </message>
+    <message id="ChangeOfGenres">
+        <source>Standardising of genres</source>
+        <translation>Vereinheitlichen der Genres</translation>
+    </message>
+    <message id="ChangeOfLyrics">
+        <source>Change of lyrics</source>
+        <translation>Ändern der Songtexte</translation>
+    </message>
+    <message id="ChangeOfPastedTags">
+        <source>Pasting of tags</source>
+        <translation>Einsetzen von Tags</translation>
+    </message>
+    <message id="ChangeSheetCount">
+        <source>Songs to be changed: %1.</source>
+        <translation>Songs, die geändert werden: %1.</translation>
+    </message>
+    <message id="ChangeSheetRefused">
+        <source>Of these, %1 cannot be written and will stay as they are.</source>
+        <translation>Davon können %1 nicht geschrieben werden und bleiben, wie sie sind.</translation>
+    </message>
+    <message id="ChangeSheetSongs">
+        <source>Songs that will be changed</source>
+        <translation>Songs, die geändert werden</translation>
+    </message>
     <message id="ChoiceAlbumName">
         <source>“%1”</source>
         <translation>„%1“</translation>
@@ -70,6 +194,10 @@
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
         <translation>%1 (ohne Antwort von %2)</translation>
+    </message>
+    <message id="Compilation">
+        <source>Compilation</source>
+        <translation>Compilation</translation>
     </message>
     <message id="CompilationWarningDontWarn">
         <source>Do not warn of this again</source>
@@ -191,6 +319,14 @@
         <source>it has no “moov” atom, which would hold the tag</source>
         <translation>sie hat kein „moov“-Atom, in dem das Tag stünde</translation>
     </message>
+    <message id="ErrorNoPicture">
+        <source>This is no picture.</source>
+        <translation>Dies ist kein Bild.</translation>
+    </message>
+    <message id="ErrorNoPictureOnClipboard">
+        <source>There is no picture on the clipboard.</source>
+        <translation>In der Zwischenablage ist kein Bild.</translation>
+    </message>
     <message id="ErrorNoSong">
         <source>This is no song file that can be read</source>
         <translation>Dies ist keine lesbare Songdatei</translation>
@@ -198,6 +334,10 @@
     <message id="ErrorNoSound">
         <source>no sound in it can be decoded</source>
         <translation>kein Ton darin lässt sich dekodieren</translation>
+    </message>
+    <message id="ErrorNoTagsOnClipboard">
+        <source>There are no tags on the clipboard.</source>
+        <translation>In der Zwischenablage sind keine Tags.</translation>
     </message>
     <message id="ErrorNoYear">
         <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
@@ -210,6 +350,18 @@
     <message id="ErrorNotOnAlbum">
         <source>“%1” is not on the album “%2” (%3)</source>
         <translation>„%1“ ist nicht auf dem Album „%2“ (%3)</translation>
+    </message>
+    <message id="ErrorOtherNumberOfSongs">
+        <source>Songs copied: %1, songs selected: %2. Copy a single song, or select as many songs as were copied.</source>
+        <translation>Kopierte Songs: %1, ausgewählte Songs: %2. Kopieren Sie einen einzelnen Song, oder wählen Sie so viele aus, wie kopiert wurden.</translation>
+    </message>
+    <message id="ErrorPictureTooLarge">
+        <source>The picture has more than %1 MB.</source>
+        <translation>Das Bild hat mehr als %1 MB.</translation>
+    </message>
+    <message id="ErrorPictureUnreadable">
+        <source>The picture is damaged or has more than 100 megapixels.</source>
+        <translation>Das Bild ist beschädigt oder hat mehr als 100 Megapixel.</translation>
     </message>
     <message id="ErrorResponseTooLong">
         <source>The answer is longer than %1 MB</source>
@@ -243,6 +395,10 @@
         <source>the service knows no such song</source>
         <translation>der Dienst kennt keinen solchen Song</translation>
     </message>
+    <message id="ErrorStillDamaged">
+        <source>The tag is still damaged.</source>
+        <translation>Das Tag ist immer noch beschädigt.</translation>
+    </message>
     <message id="ErrorStrangeAnswer">
         <source>the answer of the service is not understood</source>
         <translation>die Antwort des Dienstes ist nicht verständlich</translation>
@@ -263,6 +419,22 @@
         <source>The server redirects without end</source>
         <translation>Der Server leitet ohne Ende weiter</translation>
     </message>
+    <message id="ErrorTooMuchToCopy">
+        <source>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</source>
+        <translation>Das ist zu viel auf einmal. Kopieren Sie höchstens 1.000 Songs mit Bildern von höchstens 128 MB.</translation>
+    </message>
+    <message id="FieldAndValue">
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message id="FindNext">
+        <source>Find next</source>
+        <translation>Weitersuchen</translation>
+    </message>
+    <message id="FindPrevious">
+        <source>Find previous</source>
+        <translation>Rückwärts suchen</translation>
+    </message>
     <message id="GeneralErrorPrefix">
         <source>Network: </source>
         <translation>Netzwerk: </translation>
@@ -270,6 +442,14 @@
     <message id="Genre">
         <source>Genre</source>
         <translation>Genre</translation>
+    </message>
+    <message id="GenreBecomes">
+        <source>Becomes</source>
+        <translation>Wird zu</translation>
+    </message>
+    <message id="GenreSongs">
+        <source>Songs</source>
+        <translation>Songs</translation>
     </message>
     <message id="LoadingPlaylist">
         <source>Loading the playlist “%1” …</source>
@@ -306,6 +486,82 @@
     <message id="Lyrics">
         <source>Lyrics</source>
         <translation>Songtext</translation>
+    </message>
+    <message id="LyricsAreClean">
+        <source>There is nothing to clean up.</source>
+        <translation>Es gibt nichts aufzuräumen.</translation>
+    </message>
+    <message id="LyricsCleanUp">
+        <source>&amp;Clean up</source>
+        <translation>&amp;Aufräumen</translation>
+    </message>
+    <message id="LyricsFilter">
+        <source>Clean up lyrics when they are &amp;saved</source>
+        <translation>Songtexte beim &amp;Sichern aufräumen</translation>
+    </message>
+    <message id="LyricsFind">
+        <source>Find in lyrics</source>
+        <translation>Im Songtext suchen</translation>
+    </message>
+    <message id="LyricsForAll">
+        <source>Lyrics for &amp;all…</source>
+        <translation>Text für a&amp;lle …</translation>
+    </message>
+    <message id="LyricsForAllPrompt">
+        <source>Lyrics for all selected songs:</source>
+        <translation>Songtext für alle ausgewählten Songs:</translation>
+    </message>
+    <message id="LyricsForAllTitle">
+        <source>Lyrics for all songs</source>
+        <translation>Songtext für alle Songs</translation>
+    </message>
+    <message id="LyricsInspectorTitle">
+        <source>Lyrics</source>
+        <translation>Songtext</translation>
+    </message>
+    <message id="LyricsNoSelection">
+        <source>No song selected</source>
+        <translation>Kein Song ausgewählt</translation>
+    </message>
+    <message id="LyricsNone">
+        <source>No lyrics</source>
+        <translation>Kein Songtext</translation>
+    </message>
+    <message id="LyricsNotFound">
+        <source>Not found.</source>
+        <translation>Nicht gefunden.</translation>
+    </message>
+    <message id="LyricsNotWritten">
+        <source>These lyrics could not be written. The log says why.</source>
+        <translation>Dieser Songtext konnte nicht geschrieben werden. Das Protokoll sagt, warum.</translation>
+    </message>
+    <message id="LyricsRemove">
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message id="LyricsRemoveFromSongs">
+        <source>Remove the lyrics from %1 songs?</source>
+        <translation>Den Songtext aus %1 Songs entfernen?</translation>
+    </message>
+    <message id="LyricsSet">
+        <source>Set lyrics</source>
+        <translation>Text setzen</translation>
+    </message>
+    <message id="LyricsSetInSongs">
+        <source>Set these lyrics in %1 songs?</source>
+        <translation>Diesen Songtext in %1 Songs setzen?</translation>
+    </message>
+    <message id="LyricsSeveralSongs">
+        <source>Select one song to read and edit its lyrics.</source>
+        <translation>Wählen Sie einen einzelnen Song aus, um seinen Text zu lesen und zu bearbeiten.</translation>
+    </message>
+    <message id="LyricsTooLong">
+        <source>This text is too long to be edited here. Only its beginning is shown.</source>
+        <translation>Dieser Text ist zu lang, um hier bearbeitet zu werden. Nur sein Anfang wird gezeigt.</translation>
+    </message>
+    <message id="LyricsWereCleaned">
+        <source>The lyrics were cleaned up.</source>
+        <translation>Der Songtext wurde aufgeräumt.</translation>
     </message>
     <message id="MenuAbout">
         <source>&amp;About Tagwright</source>
@@ -391,9 +647,17 @@
         <source>&amp;Redo</source>
         <translation>&amp;Wiederherstellen</translation>
     </message>
+    <message id="MenuRedoNamed">
+        <source>&amp;Redo %1</source>
+        <translation>%1 wieder&amp;holen</translation>
+    </message>
     <message id="MenuRegenerate">
         <source>&amp;Regenerate Tags…</source>
         <translation>&amp;Tags neu schreiben…</translation>
+    </message>
+    <message id="MenuRemoveAllArtwork">
+        <source>Remove A&amp;ll Artwork</source>
+        <translation>A&amp;lle Cover entfernen</translation>
     </message>
     <message id="MenuRemoveArtwork">
         <source>&amp;Remove Artwork</source>
@@ -450,6 +714,10 @@
     <message id="MenuUndo">
         <source>&amp;Undo</source>
         <translation>&amp;Rückgängig</translation>
+    </message>
+    <message id="MenuUndoNamed">
+        <source>&amp;Undo %1</source>
+        <translation>%1 &amp;rückgängig machen</translation>
     </message>
     <message id="MenuWelcome">
         <source>&amp;Welcome</source>
@@ -563,6 +831,102 @@
         <source>Replace titles?</source>
         <translation>Titel ersetzen?</translation>
     </message>
+    <message id="PasteTagsInOrder">
+        <source>Paste the tags of %1 songs, in order?</source>
+        <translation>Die Tags von %1 Songs der Reihe nach einsetzen?</translation>
+    </message>
+    <message id="PasteTagsProceed">
+        <source>Paste</source>
+        <translation>Einsetzen</translation>
+    </message>
+    <message id="PasteTagsQuestion">
+        <source>Paste the copied tag?</source>
+        <translation>Das kopierte Tag einsetzen?</translation>
+    </message>
+    <message id="PictureArtist">
+        <source>Artist</source>
+        <translation>Interpret</translation>
+    </message>
+    <message id="PictureBackCover">
+        <source>Back cover</source>
+        <translation>Rückseite</translation>
+    </message>
+    <message id="PictureBand">
+        <source>Band</source>
+        <translation>Band</translation>
+    </message>
+    <message id="PictureBandLogo">
+        <source>Logo of the band</source>
+        <translation>Logo der Band</translation>
+    </message>
+    <message id="PictureComposer">
+        <source>Composer</source>
+        <translation>Komponist</translation>
+    </message>
+    <message id="PictureConductor">
+        <source>Conductor</source>
+        <translation>Dirigent</translation>
+    </message>
+    <message id="PictureFileIcon">
+        <source>File icon</source>
+        <translation>Dateisymbol</translation>
+    </message>
+    <message id="PictureFish">
+        <source>A bright coloured fish</source>
+        <translation>Ein bunter Fisch</translation>
+    </message>
+    <message id="PictureFrontCover">
+        <source>Front cover</source>
+        <translation>Vorderseite</translation>
+    </message>
+    <message id="PictureIllustration">
+        <source>Illustration</source>
+        <translation>Illustration</translation>
+    </message>
+    <message id="PictureLeadArtist">
+        <source>Lead artist</source>
+        <translation>Hauptinterpret</translation>
+    </message>
+    <message id="PictureLeaflet">
+        <source>Leaflet page</source>
+        <translation>Seite des Booklets</translation>
+    </message>
+    <message id="PictureLocation">
+        <source>Recording location</source>
+        <translation>Aufnahmeort</translation>
+    </message>
+    <message id="PictureLyricist">
+        <source>Lyricist</source>
+        <translation>Texter</translation>
+    </message>
+    <message id="PictureMedium">
+        <source>Medium</source>
+        <translation>Tonträger</translation>
+    </message>
+    <message id="PictureOther">
+        <source>Other picture</source>
+        <translation>Anderes Bild</translation>
+    </message>
+    <message id="PictureOtherIcon">
+        <source>Other file icon</source>
+        <translation>Anderes Dateisymbol</translation>
+    </message>
+    <message id="PicturePerformance">
+        <source>During performance</source>
+        <translation>Beim Auftritt</translation>
+    </message>
+    <message id="PicturePublisherLogo">
+        <source>Logo of the publisher</source>
+        <translation>Logo des Verlags</translation>
+    </message>
+    <message id="PictureRecording">
+        <source>During recording</source>
+        <translation>Bei der Aufnahme</translation>
+    </message>
+    <message id="PictureScreen">
+        <source>Screen capture</source>
+        <translation>Standbild</translation>
+    </message>
     <message id="PlaylistNotFoundMessage">
         <source>There is no playlist “%1” that can be read</source>
         <translation>Es gibt keine lesbare Wiedergabeliste „%1“</translation>
@@ -574,6 +938,30 @@
     <message id="PlaylistNotFoundTitle">
         <source>The playlist was not found</source>
         <translation>Die Wiedergabeliste wurde nicht gefunden</translation>
+    </message>
+    <message id="ProblemExtendedHeader">
+        <source>The extended header is larger than the tag.</source>
+        <translation>Der erweiterte Kopf ist größer als das Tag.</translation>
+    </message>
+    <message id="ProblemFrameDangerous">
+        <source>The frame %1 stands in a form that other programs stumble over.</source>
+        <translation>Der Frame %1 hat eine Form, über die andere Programme stolpern.</translation>
+    </message>
+    <message id="ProblemFrameOverrun">
+        <source>The frame %1 is larger than what is left of the tag.</source>
+        <translation>Der Frame %1 ist größer als der Rest des Tags.</translation>
+    </message>
+    <message id="ProblemFramePacked">
+        <source>The frame %1 is compressed and cannot be unpacked.</source>
+        <translation>Der Frame %1 ist komprimiert und lässt sich nicht entpacken.</translation>
+    </message>
+    <message id="ProblemFrameSize">
+        <source>The frame %1 has a size that cannot be.</source>
+        <translation>Der Frame %1 hat eine Größe, die nicht sein kann.</translation>
+    </message>
+    <message id="ProblemPicture">
+        <source>A picture cannot be read.</source>
+        <translation>Ein Bild kann nicht gelesen werden.</translation>
     </message>
     <message id="ProgressOfRun">
         <source>Progress of the whole run</source>
@@ -610,6 +998,70 @@
     <message id="ReasonNotRolledBack">
         <source>%1; what the file held is kept, and is put back at the next start</source>
         <translation>%1; der bisherige Inhalt der Datei ist aufbewahrt und wird beim nächsten Start zurückgelegt</translation>
+    </message>
+    <message id="RegenerateAll">
+        <source>Regenerate &amp;all</source>
+        <translation>&amp;Alle regenerieren</translation>
+    </message>
+    <message id="RegenerateBegun">
+        <source>Waiting</source>
+        <translation>Wartet</translation>
+    </message>
+    <message id="RegenerateDone">
+        <source>Regenerated</source>
+        <translation>Regeneriert</translation>
+    </message>
+    <message id="RegenerateDropped">
+        <source>Dropped</source>
+        <translation>Fällt weg</translation>
+    </message>
+    <message id="RegenerateExplanation">
+        <source>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</source>
+        <translation>Beim Regenerieren wird ein Tag aus dem neu geschrieben, was daran heil und bekannt ist. Was wegfällt, lässt sich nicht zurückholen.</translation>
+    </message>
+    <message id="RegenerateKept">
+        <source>Kept</source>
+        <translation>Bleibt</translation>
+    </message>
+    <message id="RegenerateNothing">
+        <source>Nothing</source>
+        <translation>Nichts</translation>
+    </message>
+    <message id="RegeneratePictures">
+        <source>Artwork (%1)</source>
+        <translation>Cover (%1)</translation>
+    </message>
+    <message id="RegenerateProblem">
+        <source>Problem</source>
+        <translation>Problem</translation>
+    </message>
+    <message id="RegenerateReading">
+        <source>Reading…</source>
+        <translation>Wird gelesen …</translation>
+    </message>
+    <message id="RegenerateResult">
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message id="RegenerateSelected">
+        <source>&amp;Regenerate selected</source>
+        <translation>Ausgewählte &amp;regenerieren</translation>
+    </message>
+    <message id="RegenerateSong">
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message id="RegenerateSound">
+        <source>Nothing is damaged.</source>
+        <translation>Nichts ist beschädigt.</translation>
+    </message>
+    <message id="RegenerateStop">
+        <source>&amp;Stop</source>
+        <translation>&amp;Stopp</translation>
+    </message>
+    <message id="RegenerateTitle">
+        <source>Songs with damaged tags</source>
+        <translation>Songs mit beschädigten Tags</translation>
     </message>
     <message id="ReviewAlbumChosen">
         <source>chosen</source>
@@ -763,9 +1215,17 @@
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
     </message>
+    <message id="SongAndArtist">
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
     <message id="SongTitle">
         <source>Title</source>
         <translation>Titel</translation>
+    </message>
+    <message id="SongsSelected">
+        <source>%1 songs selected</source>
+        <translation>%1 Songs ausgewählt</translation>
     </message>
     <message id="SourceLibrary">
         <source>Other songs of the album</source>
@@ -779,6 +1239,26 @@
         <source>Where the songs come from</source>
         <translation>Woher die Songs kommen</translation>
     </message>
+    <message id="StandardiseGenreExplanation">
+        <source>Genres are given the names of the genre table. Choose which are changed; a click on a new genre chooses another one.</source>
+        <translation>Genres erhalten die Namen der Genretabelle. Wählen Sie, welche geändert werden; ein Klick auf ein neues Genre wählt ein anderes.</translation>
+    </message>
+    <message id="StandardiseGenreNone">
+        <source>None of the selected songs has a genre.</source>
+        <translation>Keiner der ausgewählten Songs hat ein Genre.</translation>
+    </message>
+    <message id="StandardiseGenreProceed">
+        <source>Change genres</source>
+        <translation>Genres ändern</translation>
+    </message>
+    <message id="StandardiseGenreTitle">
+        <source>Standardise genres</source>
+        <translation>Genres vereinheitlichen</translation>
+    </message>
+    <message id="TagsOnClipboardTitle">
+        <source>Copied tags</source>
+        <translation>Kopierte Tags</translation>
+    </message>
     <message id="ToolBarTitle">
         <source>Toolbar</source>
         <translation>Werkzeugleiste</translation>
@@ -791,6 +1271,14 @@
         <source>Fills this in where a song lacks it.</source>
         <translation>Ergänzt dies, wo es einem Song fehlt.</translation>
     </message>
+    <message id="ToolTipGenreContained">
+        <source>This name stands within the longer one; the rest of it is lost.</source>
+        <translation>Dieser Name steht in dem längeren; der Rest davon geht verloren.</translation>
+    </message>
+    <message id="ToolTipGenreNear">
+        <source>This name differs by one letter.</source>
+        <translation>Dieser Name unterscheidet sich um einen Buchstaben.</translation>
+    </message>
     <message id="ToolTipIdentify">
         <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
         <translation>Sendet einen Fingerabdruck des Klangs an den Dienst AcoustID, sonst nichts vom Song.</translation>
@@ -799,6 +1287,14 @@
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
         <translation>Braucht einen eigenen Schlüssel für den Dienst AcoustID, den Sie in den Einstellungen eintragen können.</translation>
     </message>
+    <message id="ToolTipLyricsCleanUp">
+        <source>Replaces what sources often get wrong, such as odd quotation marks</source>
+        <translation>Ersetzt, was Quellen oft falsch schreiben, etwa seltsame Anführungszeichen</translation>
+    </message>
+    <message id="ToolTipLyricsFilter">
+        <source>Typed and pasted lyrics are cleaned up before they are written</source>
+        <translation>Getippte und eingesetzte Songtexte werden aufgeräumt, bevor sie geschrieben werden</translation>
+    </message>
     <message id="ToolTipOverwrite">
         <source>Also where a song has a value already.</source>
         <translation>Auch wo ein Song schon einen Wert hat.</translation>
@@ -806,6 +1302,10 @@
     <message id="ToolTipParallelSearch">
         <source>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</source>
         <translation>Schneller. Sonst werden die Quellen nacheinander gefragt, und nur nach dem, was noch fehlt.</translation>
+    </message>
+    <message id="ToolTipPasteNothing">
+        <source>The copied tags hold nothing here; pasting it empties the field.</source>
+        <translation>Die kopierten Tags enthalten hier nichts; das Feld wird dadurch geleert.</translation>
     </message>
     <message id="ToolTipReview">
         <source>Nothing is written before you have seen it. The songs wait in the review.</source>

@@ -23,6 +23,130 @@
         <source>Artwork</source>
         <translation>Artwork</translation>
     </message>
+    <message id="ArtworkAdd">
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+    <message id="ArtworkAddToSongs">
+        <source>Add the picture to %1 songs?</source>
+        <translation>Add the picture to %1 songs?</translation>
+    </message>
+    <message id="ArtworkCaption">
+        <source>%1 × %2 pixels, %3
+%4, %5</source>
+        <translation>%1 × %2 pixels, %3
+%4, %5</translation>
+    </message>
+    <message id="ArtworkChooseFilter">
+        <source>Pictures (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;All files (*)</source>
+        <translation>Pictures (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;All files (*)</translation>
+    </message>
+    <message id="ArtworkChooseTitle">
+        <source>Choose a picture</source>
+        <translation>Choose a picture</translation>
+    </message>
+    <message id="ArtworkNext">
+        <source>Next picture</source>
+        <translation>Next picture</translation>
+    </message>
+    <message id="ArtworkNoSelection">
+        <source>Select songs to see their artwork</source>
+        <translation>Select songs to see their artwork</translation>
+    </message>
+    <message id="ArtworkNone">
+        <source>No artwork
+
+Drop or paste a picture here</source>
+        <translation>No artwork
+
+Drop or paste a picture here</translation>
+    </message>
+    <message id="ArtworkOfFirstSongs">
+        <source>As in the first %1 of %2 songs</source>
+        <translation>As in the first %1 of %2 songs</translation>
+    </message>
+    <message id="ArtworkPosition">
+        <source>%1 of %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message id="ArtworkPrevious">
+        <source>Previous picture</source>
+        <translation>Previous picture</translation>
+    </message>
+    <message id="ArtworkRefusedTitle">
+        <source>Artwork</source>
+        <translation>Artwork</translation>
+    </message>
+    <message id="ArtworkRemove">
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message id="ArtworkRemoveAllFromSongs">
+        <source>Remove all pictures from %1 songs?</source>
+        <translation>Remove all pictures from %1 songs?</translation>
+    </message>
+    <message id="ArtworkRemoveFromSongs">
+        <source>Remove the picture from %1 songs?</source>
+        <translation>Remove the picture from %1 songs?</translation>
+    </message>
+    <message id="ArtworkReplace">
+        <source>Replace</source>
+        <translation>Replace</translation>
+    </message>
+    <message id="ArtworkReplaceInSongs">
+        <source>Replace the artwork of %1 songs?</source>
+        <translation>Replace the artwork of %1 songs?</translation>
+    </message>
+    <message id="ArtworkSaveTitle">
+        <source>Save picture</source>
+        <translation>Save picture</translation>
+    </message>
+    <message id="ArtworkSeveral">
+        <source>Several pictures
+
+The selected songs have different artwork</source>
+        <translation>Several pictures
+
+The selected songs have different artwork</translation>
+    </message>
+    <message id="ArtworkUnreadable">
+        <source>Cannot be shown
+%1, %2</source>
+        <translation>Cannot be shown
+%1, %2</translation>
+    </message>
+    <message id="BPM">
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message id="ChangeOfArtwork">
+        <source>Change of artwork</source>
+        <translation>Change of artwork</translation>
+    </message>
+    <message id="ChangeOfGenres">
+        <source>Standardising of genres</source>
+        <translation>Standardising of genres</translation>
+    </message>
+    <message id="ChangeOfLyrics">
+        <source>Change of lyrics</source>
+        <translation>Change of lyrics</translation>
+    </message>
+    <message id="ChangeOfPastedTags">
+        <source>Pasting of tags</source>
+        <translation>Pasting of tags</translation>
+    </message>
+    <message id="ChangeSheetCount">
+        <source>Songs to be changed: %1.</source>
+        <translation>Songs to be changed: %1.</translation>
+    </message>
+    <message id="ChangeSheetRefused">
+        <source>Of these, %1 cannot be written and will stay as they are.</source>
+        <translation>Of these, %1 cannot be written and will stay as they are.</translation>
+    </message>
+    <message id="ChangeSheetSongs">
+        <source>Songs that will be changed</source>
+        <translation>Songs that will be changed</translation>
+    </message>
     <message id="ChoiceAlbumName">
         <source>“%1”</source>
         <translation>“%1”</translation>
@@ -70,6 +194,10 @@
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
         <translation>%1 (no answer from %2)</translation>
+    </message>
+    <message id="Compilation">
+        <source>Compilation</source>
+        <translation>Compilation</translation>
     </message>
     <message id="CompilationWarningDontWarn">
         <source>Do not warn of this again</source>
@@ -191,6 +319,14 @@
         <source>it has no “moov” atom, which would hold the tag</source>
         <translation>it has no “moov” atom, which would hold the tag</translation>
     </message>
+    <message id="ErrorNoPicture">
+        <source>This is no picture.</source>
+        <translation>This is no picture.</translation>
+    </message>
+    <message id="ErrorNoPictureOnClipboard">
+        <source>There is no picture on the clipboard.</source>
+        <translation>There is no picture on the clipboard.</translation>
+    </message>
     <message id="ErrorNoSong">
         <source>This is no song file that can be read</source>
         <translation>This is no song file that can be read</translation>
@@ -198,6 +334,10 @@
     <message id="ErrorNoSound">
         <source>no sound in it can be decoded</source>
         <translation>no sound in it can be decoded</translation>
+    </message>
+    <message id="ErrorNoTagsOnClipboard">
+        <source>There are no tags on the clipboard.</source>
+        <translation>There are no tags on the clipboard.</translation>
     </message>
     <message id="ErrorNoYear">
         <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
@@ -210,6 +350,18 @@
     <message id="ErrorNotOnAlbum">
         <source>“%1” is not on the album “%2” (%3)</source>
         <translation>“%1” is not on the album “%2” (%3)</translation>
+    </message>
+    <message id="ErrorOtherNumberOfSongs">
+        <source>Songs copied: %1, songs selected: %2. Copy a single song, or select as many songs as were copied.</source>
+        <translation>Songs copied: %1, songs selected: %2. Copy a single song, or select as many songs as were copied.</translation>
+    </message>
+    <message id="ErrorPictureTooLarge">
+        <source>The picture has more than %1 MB.</source>
+        <translation>The picture has more than %1 MB.</translation>
+    </message>
+    <message id="ErrorPictureUnreadable">
+        <source>The picture is damaged or has more than 100 megapixels.</source>
+        <translation>The picture is damaged or has more than 100 megapixels.</translation>
     </message>
     <message id="ErrorResponseTooLong">
         <source>The answer is longer than %1 MB</source>
@@ -243,6 +395,10 @@
         <source>the service knows no such song</source>
         <translation>the service knows no such song</translation>
     </message>
+    <message id="ErrorStillDamaged">
+        <source>The tag is still damaged.</source>
+        <translation>The tag is still damaged.</translation>
+    </message>
     <message id="ErrorStrangeAnswer">
         <source>the answer of the service is not understood</source>
         <translation>the answer of the service is not understood</translation>
@@ -263,6 +419,22 @@
         <source>The server redirects without end</source>
         <translation>The server redirects without end</translation>
     </message>
+    <message id="ErrorTooMuchToCopy">
+        <source>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</source>
+        <translation>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</translation>
+    </message>
+    <message id="FieldAndValue">
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message id="FindNext">
+        <source>Find next</source>
+        <translation>Find next</translation>
+    </message>
+    <message id="FindPrevious">
+        <source>Find previous</source>
+        <translation>Find previous</translation>
+    </message>
     <message id="GeneralErrorPrefix">
         <source>Network: </source>
         <translation>Network: </translation>
@@ -270,6 +442,14 @@
     <message id="Genre">
         <source>Genre</source>
         <translation>Genre</translation>
+    </message>
+    <message id="GenreBecomes">
+        <source>Becomes</source>
+        <translation>Becomes</translation>
+    </message>
+    <message id="GenreSongs">
+        <source>Songs</source>
+        <translation>Songs</translation>
     </message>
     <message id="LoadingPlaylist">
         <source>Loading the playlist “%1” …</source>
@@ -306,6 +486,82 @@
     <message id="Lyrics">
         <source>Lyrics</source>
         <translation>Lyrics</translation>
+    </message>
+    <message id="LyricsAreClean">
+        <source>There is nothing to clean up.</source>
+        <translation>There is nothing to clean up.</translation>
+    </message>
+    <message id="LyricsCleanUp">
+        <source>&amp;Clean up</source>
+        <translation>&amp;Clean up</translation>
+    </message>
+    <message id="LyricsFilter">
+        <source>Clean up lyrics when they are &amp;saved</source>
+        <translation>Clean up lyrics when they are &amp;saved</translation>
+    </message>
+    <message id="LyricsFind">
+        <source>Find in lyrics</source>
+        <translation>Find in lyrics</translation>
+    </message>
+    <message id="LyricsForAll">
+        <source>Lyrics for &amp;all…</source>
+        <translation>Lyrics for &amp;all…</translation>
+    </message>
+    <message id="LyricsForAllPrompt">
+        <source>Lyrics for all selected songs:</source>
+        <translation>Lyrics for all selected songs:</translation>
+    </message>
+    <message id="LyricsForAllTitle">
+        <source>Lyrics for all songs</source>
+        <translation>Lyrics for all songs</translation>
+    </message>
+    <message id="LyricsInspectorTitle">
+        <source>Lyrics</source>
+        <translation>Lyrics</translation>
+    </message>
+    <message id="LyricsNoSelection">
+        <source>No song selected</source>
+        <translation>No song selected</translation>
+    </message>
+    <message id="LyricsNone">
+        <source>No lyrics</source>
+        <translation>No lyrics</translation>
+    </message>
+    <message id="LyricsNotFound">
+        <source>Not found.</source>
+        <translation>Not found.</translation>
+    </message>
+    <message id="LyricsNotWritten">
+        <source>These lyrics could not be written. The log says why.</source>
+        <translation>These lyrics could not be written. The log says why.</translation>
+    </message>
+    <message id="LyricsRemove">
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message id="LyricsRemoveFromSongs">
+        <source>Remove the lyrics from %1 songs?</source>
+        <translation>Remove the lyrics from %1 songs?</translation>
+    </message>
+    <message id="LyricsSet">
+        <source>Set lyrics</source>
+        <translation>Set lyrics</translation>
+    </message>
+    <message id="LyricsSetInSongs">
+        <source>Set these lyrics in %1 songs?</source>
+        <translation>Set these lyrics in %1 songs?</translation>
+    </message>
+    <message id="LyricsSeveralSongs">
+        <source>Select one song to read and edit its lyrics.</source>
+        <translation>Select one song to read and edit its lyrics.</translation>
+    </message>
+    <message id="LyricsTooLong">
+        <source>This text is too long to be edited here. Only its beginning is shown.</source>
+        <translation>This text is too long to be edited here. Only its beginning is shown.</translation>
+    </message>
+    <message id="LyricsWereCleaned">
+        <source>The lyrics were cleaned up.</source>
+        <translation>The lyrics were cleaned up.</translation>
     </message>
     <message id="MenuAbout">
         <source>&amp;About Tagwright</source>
@@ -391,9 +647,17 @@
         <source>&amp;Redo</source>
         <translation>&amp;Redo</translation>
     </message>
+    <message id="MenuRedoNamed">
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Redo %1</translation>
+    </message>
     <message id="MenuRegenerate">
         <source>&amp;Regenerate Tags…</source>
         <translation>&amp;Regenerate Tags…</translation>
+    </message>
+    <message id="MenuRemoveAllArtwork">
+        <source>Remove A&amp;ll Artwork</source>
+        <translation>Remove A&amp;ll Artwork</translation>
     </message>
     <message id="MenuRemoveArtwork">
         <source>&amp;Remove Artwork</source>
@@ -450,6 +714,10 @@
     <message id="MenuUndo">
         <source>&amp;Undo</source>
         <translation>&amp;Undo</translation>
+    </message>
+    <message id="MenuUndoNamed">
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Undo %1</translation>
     </message>
     <message id="MenuWelcome">
         <source>&amp;Welcome</source>
@@ -563,6 +831,102 @@
         <source>Replace titles?</source>
         <translation>Replace titles?</translation>
     </message>
+    <message id="PasteTagsInOrder">
+        <source>Paste the tags of %1 songs, in order?</source>
+        <translation>Paste the tags of %1 songs, in order?</translation>
+    </message>
+    <message id="PasteTagsProceed">
+        <source>Paste</source>
+        <translation>Paste</translation>
+    </message>
+    <message id="PasteTagsQuestion">
+        <source>Paste the copied tag?</source>
+        <translation>Paste the copied tag?</translation>
+    </message>
+    <message id="PictureArtist">
+        <source>Artist</source>
+        <translation>Artist</translation>
+    </message>
+    <message id="PictureBackCover">
+        <source>Back cover</source>
+        <translation>Back cover</translation>
+    </message>
+    <message id="PictureBand">
+        <source>Band</source>
+        <translation>Band</translation>
+    </message>
+    <message id="PictureBandLogo">
+        <source>Logo of the band</source>
+        <translation>Logo of the band</translation>
+    </message>
+    <message id="PictureComposer">
+        <source>Composer</source>
+        <translation>Composer</translation>
+    </message>
+    <message id="PictureConductor">
+        <source>Conductor</source>
+        <translation>Conductor</translation>
+    </message>
+    <message id="PictureFileIcon">
+        <source>File icon</source>
+        <translation>File icon</translation>
+    </message>
+    <message id="PictureFish">
+        <source>A bright coloured fish</source>
+        <translation>A bright coloured fish</translation>
+    </message>
+    <message id="PictureFrontCover">
+        <source>Front cover</source>
+        <translation>Front cover</translation>
+    </message>
+    <message id="PictureIllustration">
+        <source>Illustration</source>
+        <translation>Illustration</translation>
+    </message>
+    <message id="PictureLeadArtist">
+        <source>Lead artist</source>
+        <translation>Lead artist</translation>
+    </message>
+    <message id="PictureLeaflet">
+        <source>Leaflet page</source>
+        <translation>Leaflet page</translation>
+    </message>
+    <message id="PictureLocation">
+        <source>Recording location</source>
+        <translation>Recording location</translation>
+    </message>
+    <message id="PictureLyricist">
+        <source>Lyricist</source>
+        <translation>Lyricist</translation>
+    </message>
+    <message id="PictureMedium">
+        <source>Medium</source>
+        <translation>Medium</translation>
+    </message>
+    <message id="PictureOther">
+        <source>Other picture</source>
+        <translation>Other picture</translation>
+    </message>
+    <message id="PictureOtherIcon">
+        <source>Other file icon</source>
+        <translation>Other file icon</translation>
+    </message>
+    <message id="PicturePerformance">
+        <source>During performance</source>
+        <translation>During performance</translation>
+    </message>
+    <message id="PicturePublisherLogo">
+        <source>Logo of the publisher</source>
+        <translation>Logo of the publisher</translation>
+    </message>
+    <message id="PictureRecording">
+        <source>During recording</source>
+        <translation>During recording</translation>
+    </message>
+    <message id="PictureScreen">
+        <source>Screen capture</source>
+        <translation>Screen capture</translation>
+    </message>
     <message id="PlaylistNotFoundMessage">
         <source>There is no playlist “%1” that can be read</source>
         <translation>There is no playlist “%1” that can be read</translation>
@@ -574,6 +938,30 @@
     <message id="PlaylistNotFoundTitle">
         <source>The playlist was not found</source>
         <translation>The playlist was not found</translation>
+    </message>
+    <message id="ProblemExtendedHeader">
+        <source>The extended header is larger than the tag.</source>
+        <translation>The extended header is larger than the tag.</translation>
+    </message>
+    <message id="ProblemFrameDangerous">
+        <source>The frame %1 stands in a form that other programs stumble over.</source>
+        <translation>The frame %1 stands in a form that other programs stumble over.</translation>
+    </message>
+    <message id="ProblemFrameOverrun">
+        <source>The frame %1 is larger than what is left of the tag.</source>
+        <translation>The frame %1 is larger than what is left of the tag.</translation>
+    </message>
+    <message id="ProblemFramePacked">
+        <source>The frame %1 is compressed and cannot be unpacked.</source>
+        <translation>The frame %1 is compressed and cannot be unpacked.</translation>
+    </message>
+    <message id="ProblemFrameSize">
+        <source>The frame %1 has a size that cannot be.</source>
+        <translation>The frame %1 has a size that cannot be.</translation>
+    </message>
+    <message id="ProblemPicture">
+        <source>A picture cannot be read.</source>
+        <translation>A picture cannot be read.</translation>
     </message>
     <message id="ProgressOfRun">
         <source>Progress of the whole run</source>
@@ -610,6 +998,70 @@
     <message id="ReasonNotRolledBack">
         <source>%1; what the file held is kept, and is put back at the next start</source>
         <translation>%1; what the file held is kept, and is put back at the next start</translation>
+    </message>
+    <message id="RegenerateAll">
+        <source>Regenerate &amp;all</source>
+        <translation>Regenerate &amp;all</translation>
+    </message>
+    <message id="RegenerateBegun">
+        <source>Waiting</source>
+        <translation>Waiting</translation>
+    </message>
+    <message id="RegenerateDone">
+        <source>Regenerated</source>
+        <translation>Regenerated</translation>
+    </message>
+    <message id="RegenerateDropped">
+        <source>Dropped</source>
+        <translation>Dropped</translation>
+    </message>
+    <message id="RegenerateExplanation">
+        <source>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</source>
+        <translation>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</translation>
+    </message>
+    <message id="RegenerateKept">
+        <source>Kept</source>
+        <translation>Kept</translation>
+    </message>
+    <message id="RegenerateNothing">
+        <source>Nothing</source>
+        <translation>Nothing</translation>
+    </message>
+    <message id="RegeneratePictures">
+        <source>Artwork (%1)</source>
+        <translation>Artwork (%1)</translation>
+    </message>
+    <message id="RegenerateProblem">
+        <source>Problem</source>
+        <translation>Problem</translation>
+    </message>
+    <message id="RegenerateReading">
+        <source>Reading…</source>
+        <translation>Reading…</translation>
+    </message>
+    <message id="RegenerateResult">
+        <source>Result</source>
+        <translation>Result</translation>
+    </message>
+    <message id="RegenerateSelected">
+        <source>&amp;Regenerate selected</source>
+        <translation>&amp;Regenerate selected</translation>
+    </message>
+    <message id="RegenerateSong">
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message id="RegenerateSound">
+        <source>Nothing is damaged.</source>
+        <translation>Nothing is damaged.</translation>
+    </message>
+    <message id="RegenerateStop">
+        <source>&amp;Stop</source>
+        <translation>&amp;Stop</translation>
+    </message>
+    <message id="RegenerateTitle">
+        <source>Songs with damaged tags</source>
+        <translation>Songs with damaged tags</translation>
     </message>
     <message id="ReviewAlbumChosen">
         <source>chosen</source>
@@ -763,9 +1215,17 @@
         <source>%1 of %2</source>
         <translation>%1 of %2</translation>
     </message>
+    <message id="SongAndArtist">
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
     <message id="SongTitle">
         <source>Title</source>
         <translation>Title</translation>
+    </message>
+    <message id="SongsSelected">
+        <source>%1 songs selected</source>
+        <translation>%1 songs selected</translation>
     </message>
     <message id="SourceLibrary">
         <source>Other songs of the album</source>
@@ -779,6 +1239,26 @@
         <source>Where the songs come from</source>
         <translation>Where the songs come from</translation>
     </message>
+    <message id="StandardiseGenreExplanation">
+        <source>Genres are given the names of the genre table. Choose which are changed; a click on a new genre chooses another one.</source>
+        <translation>Genres are given the names of the genre table. Choose which are changed; a click on a new genre chooses another one.</translation>
+    </message>
+    <message id="StandardiseGenreNone">
+        <source>None of the selected songs has a genre.</source>
+        <translation>None of the selected songs has a genre.</translation>
+    </message>
+    <message id="StandardiseGenreProceed">
+        <source>Change genres</source>
+        <translation>Change genres</translation>
+    </message>
+    <message id="StandardiseGenreTitle">
+        <source>Standardise genres</source>
+        <translation>Standardise genres</translation>
+    </message>
+    <message id="TagsOnClipboardTitle">
+        <source>Copied tags</source>
+        <translation>Copied tags</translation>
+    </message>
     <message id="ToolBarTitle">
         <source>Toolbar</source>
         <translation>Toolbar</translation>
@@ -791,6 +1271,14 @@
         <source>Fills this in where a song lacks it.</source>
         <translation>Fills this in where a song lacks it.</translation>
     </message>
+    <message id="ToolTipGenreContained">
+        <source>This name stands within the longer one; the rest of it is lost.</source>
+        <translation>This name stands within the longer one; the rest of it is lost.</translation>
+    </message>
+    <message id="ToolTipGenreNear">
+        <source>This name differs by one letter.</source>
+        <translation>This name differs by one letter.</translation>
+    </message>
     <message id="ToolTipIdentify">
         <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
         <translation>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</translation>
@@ -799,6 +1287,14 @@
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
         <translation>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</translation>
     </message>
+    <message id="ToolTipLyricsCleanUp">
+        <source>Replaces what sources often get wrong, such as odd quotation marks</source>
+        <translation>Replaces what sources often get wrong, such as odd quotation marks</translation>
+    </message>
+    <message id="ToolTipLyricsFilter">
+        <source>Typed and pasted lyrics are cleaned up before they are written</source>
+        <translation>Typed and pasted lyrics are cleaned up before they are written</translation>
+    </message>
     <message id="ToolTipOverwrite">
         <source>Also where a song has a value already.</source>
         <translation>Also where a song has a value already.</translation>
@@ -806,6 +1302,10 @@
     <message id="ToolTipParallelSearch">
         <source>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</source>
         <translation>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</translation>
+    </message>
+    <message id="ToolTipPasteNothing">
+        <source>The copied tags hold nothing here; pasting it empties the field.</source>
+        <translation>The copied tags hold nothing here; pasting it empties the field.</translation>
     </message>
     <message id="ToolTipReview">
         <source>Nothing is written before you have seen it. The songs wait in the review.</source>

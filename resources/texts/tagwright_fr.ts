@@ -23,6 +23,130 @@
         <source>Artwork</source>
         <translation>Pochette</translation>
     </message>
+    <message id="ArtworkAdd">
+        <source>Add</source>
+        <translation>Ajouter</translation>
+    </message>
+    <message id="ArtworkAddToSongs">
+        <source>Add the picture to %1 songs?</source>
+        <translation>Ajouter l’image à %1 morceaux ?</translation>
+    </message>
+    <message id="ArtworkCaption">
+        <source>%1 × %2 pixels, %3
+%4, %5</source>
+        <translation>%1 × %2 pixels, %3
+%4, %5</translation>
+    </message>
+    <message id="ArtworkChooseFilter">
+        <source>Pictures (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;All files (*)</source>
+        <translation>Images (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;Tous les fichiers (*)</translation>
+    </message>
+    <message id="ArtworkChooseTitle">
+        <source>Choose a picture</source>
+        <translation>Choisir une image</translation>
+    </message>
+    <message id="ArtworkNext">
+        <source>Next picture</source>
+        <translation>Image suivante</translation>
+    </message>
+    <message id="ArtworkNoSelection">
+        <source>Select songs to see their artwork</source>
+        <translation>Sélectionnez des morceaux pour voir leur pochette</translation>
+    </message>
+    <message id="ArtworkNone">
+        <source>No artwork
+
+Drop or paste a picture here</source>
+        <translation>Aucune pochette
+
+Déposez ou collez une image ici</translation>
+    </message>
+    <message id="ArtworkOfFirstSongs">
+        <source>As in the first %1 of %2 songs</source>
+        <translation>Comme dans les %1 premiers de %2 morceaux</translation>
+    </message>
+    <message id="ArtworkPosition">
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message id="ArtworkPrevious">
+        <source>Previous picture</source>
+        <translation>Image précédente</translation>
+    </message>
+    <message id="ArtworkRefusedTitle">
+        <source>Artwork</source>
+        <translation>Pochette</translation>
+    </message>
+    <message id="ArtworkRemove">
+        <source>Remove</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message id="ArtworkRemoveAllFromSongs">
+        <source>Remove all pictures from %1 songs?</source>
+        <translation>Supprimer toutes les images de %1 morceaux ?</translation>
+    </message>
+    <message id="ArtworkRemoveFromSongs">
+        <source>Remove the picture from %1 songs?</source>
+        <translation>Supprimer l’image de %1 morceaux ?</translation>
+    </message>
+    <message id="ArtworkReplace">
+        <source>Replace</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message id="ArtworkReplaceInSongs">
+        <source>Replace the artwork of %1 songs?</source>
+        <translation>Remplacer la pochette de %1 morceaux ?</translation>
+    </message>
+    <message id="ArtworkSaveTitle">
+        <source>Save picture</source>
+        <translation>Enregistrer l’image</translation>
+    </message>
+    <message id="ArtworkSeveral">
+        <source>Several pictures
+
+The selected songs have different artwork</source>
+        <translation>Plusieurs images
+
+Les morceaux sélectionnés ont des pochettes différentes</translation>
+    </message>
+    <message id="ArtworkUnreadable">
+        <source>Cannot be shown
+%1, %2</source>
+        <translation>Ne peut pas être affichée
+%1, %2</translation>
+    </message>
+    <message id="BPM">
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message id="ChangeOfArtwork">
+        <source>Change of artwork</source>
+        <translation>Modification de la pochette</translation>
+    </message>
+    <message id="ChangeOfGenres">
+        <source>Standardising of genres</source>
+        <translation>Standardisation des genres</translation>
+    </message>
+    <message id="ChangeOfLyrics">
+        <source>Change of lyrics</source>
+        <translation>Modification des paroles</translation>
+    </message>
+    <message id="ChangeOfPastedTags">
+        <source>Pasting of tags</source>
+        <translation>Collage de tags</translation>
+    </message>
+    <message id="ChangeSheetCount">
+        <source>Songs to be changed: %1.</source>
+        <translation>Morceaux qui seront modifiés : %1.</translation>
+    </message>
+    <message id="ChangeSheetRefused">
+        <source>Of these, %1 cannot be written and will stay as they are.</source>
+        <translation>Parmi eux, %1 ne peuvent pas être écrits et resteront tels quels.</translation>
+    </message>
+    <message id="ChangeSheetSongs">
+        <source>Songs that will be changed</source>
+        <translation>Morceaux qui seront modifiés</translation>
+    </message>
     <message id="ChoiceAlbumName">
         <source>“%1”</source>
         <translation>« %1 »</translation>
@@ -70,6 +194,10 @@
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
         <translation>%1 (sans réponse de %2)</translation>
+    </message>
+    <message id="Compilation">
+        <source>Compilation</source>
+        <translation>Compilation</translation>
     </message>
     <message id="CompilationWarningDontWarn">
         <source>Do not warn of this again</source>
@@ -191,6 +319,14 @@
         <source>it has no “moov” atom, which would hold the tag</source>
         <translation>il n’a pas d’atome « moov », qui contiendrait l’étiquette</translation>
     </message>
+    <message id="ErrorNoPicture">
+        <source>This is no picture.</source>
+        <translation>Ce n’est pas une image.</translation>
+    </message>
+    <message id="ErrorNoPictureOnClipboard">
+        <source>There is no picture on the clipboard.</source>
+        <translation>Le presse-papiers ne contient pas d’image.</translation>
+    </message>
     <message id="ErrorNoSong">
         <source>This is no song file that can be read</source>
         <translation>Ce n’est pas un fichier musical lisible</translation>
@@ -198,6 +334,10 @@
     <message id="ErrorNoSound">
         <source>no sound in it can be decoded</source>
         <translation>aucun son ne peut y être décodé</translation>
+    </message>
+    <message id="ErrorNoTagsOnClipboard">
+        <source>There are no tags on the clipboard.</source>
+        <translation>Le presse-papiers ne contient pas de tags.</translation>
     </message>
     <message id="ErrorNoYear">
         <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
@@ -210,6 +350,18 @@
     <message id="ErrorNotOnAlbum">
         <source>“%1” is not on the album “%2” (%3)</source>
         <translation>« %1 » n’est pas sur l’album « %2 » (%3)</translation>
+    </message>
+    <message id="ErrorOtherNumberOfSongs">
+        <source>Songs copied: %1, songs selected: %2. Copy a single song, or select as many songs as were copied.</source>
+        <translation>Morceaux copiés : %1, morceaux sélectionnés : %2. Copiez un seul morceau, ou sélectionnez-en autant que vous en avez copié.</translation>
+    </message>
+    <message id="ErrorPictureTooLarge">
+        <source>The picture has more than %1 MB.</source>
+        <translation>L’image dépasse %1 Mo.</translation>
+    </message>
+    <message id="ErrorPictureUnreadable">
+        <source>The picture is damaged or has more than 100 megapixels.</source>
+        <translation>L’image est endommagée ou dépasse 100 mégapixels.</translation>
     </message>
     <message id="ErrorResponseTooLong">
         <source>The answer is longer than %1 MB</source>
@@ -243,6 +395,10 @@
         <source>the service knows no such song</source>
         <translation>le service ne connaît pas ce morceau</translation>
     </message>
+    <message id="ErrorStillDamaged">
+        <source>The tag is still damaged.</source>
+        <translation>Le tag est toujours endommagé.</translation>
+    </message>
     <message id="ErrorStrangeAnswer">
         <source>the answer of the service is not understood</source>
         <translation>la réponse du service n’est pas comprise</translation>
@@ -263,6 +419,22 @@
         <source>The server redirects without end</source>
         <translation>Le serveur redirige sans fin</translation>
     </message>
+    <message id="ErrorTooMuchToCopy">
+        <source>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</source>
+        <translation>C’est trop à la fois. Copiez au plus 1 000 morceaux, avec au plus 128 Mo d’images.</translation>
+    </message>
+    <message id="FieldAndValue">
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message id="FindNext">
+        <source>Find next</source>
+        <translation>Rechercher le suivant</translation>
+    </message>
+    <message id="FindPrevious">
+        <source>Find previous</source>
+        <translation>Rechercher le précédent</translation>
+    </message>
     <message id="GeneralErrorPrefix">
         <source>Network: </source>
         <translation>Réseau : </translation>
@@ -270,6 +442,14 @@
     <message id="Genre">
         <source>Genre</source>
         <translation>Genre</translation>
+    </message>
+    <message id="GenreBecomes">
+        <source>Becomes</source>
+        <translation>Devient</translation>
+    </message>
+    <message id="GenreSongs">
+        <source>Songs</source>
+        <translation>Morceaux</translation>
     </message>
     <message id="LoadingPlaylist">
         <source>Loading the playlist “%1” …</source>
@@ -306,6 +486,82 @@
     <message id="Lyrics">
         <source>Lyrics</source>
         <translation>Paroles</translation>
+    </message>
+    <message id="LyricsAreClean">
+        <source>There is nothing to clean up.</source>
+        <translation>Il n’y a rien à nettoyer.</translation>
+    </message>
+    <message id="LyricsCleanUp">
+        <source>&amp;Clean up</source>
+        <translation>&amp;Nettoyer</translation>
+    </message>
+    <message id="LyricsFilter">
+        <source>Clean up lyrics when they are &amp;saved</source>
+        <translation>Nettoyer les paroles à l’&amp;enregistrement</translation>
+    </message>
+    <message id="LyricsFind">
+        <source>Find in lyrics</source>
+        <translation>Rechercher dans les paroles</translation>
+    </message>
+    <message id="LyricsForAll">
+        <source>Lyrics for &amp;all…</source>
+        <translation>Paroles pour &amp;tous…</translation>
+    </message>
+    <message id="LyricsForAllPrompt">
+        <source>Lyrics for all selected songs:</source>
+        <translation>Paroles pour tous les morceaux sélectionnés :</translation>
+    </message>
+    <message id="LyricsForAllTitle">
+        <source>Lyrics for all songs</source>
+        <translation>Paroles pour tous les morceaux</translation>
+    </message>
+    <message id="LyricsInspectorTitle">
+        <source>Lyrics</source>
+        <translation>Paroles</translation>
+    </message>
+    <message id="LyricsNoSelection">
+        <source>No song selected</source>
+        <translation>Aucun morceau sélectionné</translation>
+    </message>
+    <message id="LyricsNone">
+        <source>No lyrics</source>
+        <translation>Aucunes paroles</translation>
+    </message>
+    <message id="LyricsNotFound">
+        <source>Not found.</source>
+        <translation>Introuvable.</translation>
+    </message>
+    <message id="LyricsNotWritten">
+        <source>These lyrics could not be written. The log says why.</source>
+        <translation>Ces paroles n’ont pas pu être écrites. Le journal dit pourquoi.</translation>
+    </message>
+    <message id="LyricsRemove">
+        <source>Remove</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message id="LyricsRemoveFromSongs">
+        <source>Remove the lyrics from %1 songs?</source>
+        <translation>Supprimer les paroles de %1 morceaux ?</translation>
+    </message>
+    <message id="LyricsSet">
+        <source>Set lyrics</source>
+        <translation>Appliquer</translation>
+    </message>
+    <message id="LyricsSetInSongs">
+        <source>Set these lyrics in %1 songs?</source>
+        <translation>Appliquer ces paroles à %1 morceaux ?</translation>
+    </message>
+    <message id="LyricsSeveralSongs">
+        <source>Select one song to read and edit its lyrics.</source>
+        <translation>Sélectionnez un seul morceau pour lire et modifier ses paroles.</translation>
+    </message>
+    <message id="LyricsTooLong">
+        <source>This text is too long to be edited here. Only its beginning is shown.</source>
+        <translation>Ce texte est trop long pour être modifié ici. Seul son début est affiché.</translation>
+    </message>
+    <message id="LyricsWereCleaned">
+        <source>The lyrics were cleaned up.</source>
+        <translation>Les paroles ont été nettoyées.</translation>
     </message>
     <message id="MenuAbout">
         <source>&amp;About Tagwright</source>
@@ -391,9 +647,17 @@
         <source>&amp;Redo</source>
         <translation>&amp;Rétablir</translation>
     </message>
+    <message id="MenuRedoNamed">
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Rétablir : %1</translation>
+    </message>
     <message id="MenuRegenerate">
         <source>&amp;Regenerate Tags…</source>
         <translation>&amp;Régénérer les étiquettes…</translation>
+    </message>
+    <message id="MenuRemoveAllArtwork">
+        <source>Remove A&amp;ll Artwork</source>
+        <translation>Supprimer &amp;toutes les images</translation>
     </message>
     <message id="MenuRemoveArtwork">
         <source>&amp;Remove Artwork</source>
@@ -450,6 +714,10 @@
     <message id="MenuUndo">
         <source>&amp;Undo</source>
         <translation>&amp;Annuler</translation>
+    </message>
+    <message id="MenuUndoNamed">
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Annuler : %1</translation>
     </message>
     <message id="MenuWelcome">
         <source>&amp;Welcome</source>
@@ -563,6 +831,102 @@
         <source>Replace titles?</source>
         <translation>Remplacer les titres ?</translation>
     </message>
+    <message id="PasteTagsInOrder">
+        <source>Paste the tags of %1 songs, in order?</source>
+        <translation>Coller les tags de %1 morceaux, dans l’ordre ?</translation>
+    </message>
+    <message id="PasteTagsProceed">
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message id="PasteTagsQuestion">
+        <source>Paste the copied tag?</source>
+        <translation>Coller le tag copié ?</translation>
+    </message>
+    <message id="PictureArtist">
+        <source>Artist</source>
+        <translation>Artiste</translation>
+    </message>
+    <message id="PictureBackCover">
+        <source>Back cover</source>
+        <translation>Dos de la pochette</translation>
+    </message>
+    <message id="PictureBand">
+        <source>Band</source>
+        <translation>Groupe</translation>
+    </message>
+    <message id="PictureBandLogo">
+        <source>Logo of the band</source>
+        <translation>Logo du groupe</translation>
+    </message>
+    <message id="PictureComposer">
+        <source>Composer</source>
+        <translation>Compositeur</translation>
+    </message>
+    <message id="PictureConductor">
+        <source>Conductor</source>
+        <translation>Chef d’orchestre</translation>
+    </message>
+    <message id="PictureFileIcon">
+        <source>File icon</source>
+        <translation>Icône de fichier</translation>
+    </message>
+    <message id="PictureFish">
+        <source>A bright coloured fish</source>
+        <translation>Un poisson de couleur vive</translation>
+    </message>
+    <message id="PictureFrontCover">
+        <source>Front cover</source>
+        <translation>Recto de la pochette</translation>
+    </message>
+    <message id="PictureIllustration">
+        <source>Illustration</source>
+        <translation>Illustration</translation>
+    </message>
+    <message id="PictureLeadArtist">
+        <source>Lead artist</source>
+        <translation>Artiste principal</translation>
+    </message>
+    <message id="PictureLeaflet">
+        <source>Leaflet page</source>
+        <translation>Page du livret</translation>
+    </message>
+    <message id="PictureLocation">
+        <source>Recording location</source>
+        <translation>Lieu d’enregistrement</translation>
+    </message>
+    <message id="PictureLyricist">
+        <source>Lyricist</source>
+        <translation>Parolier</translation>
+    </message>
+    <message id="PictureMedium">
+        <source>Medium</source>
+        <translation>Support</translation>
+    </message>
+    <message id="PictureOther">
+        <source>Other picture</source>
+        <translation>Autre image</translation>
+    </message>
+    <message id="PictureOtherIcon">
+        <source>Other file icon</source>
+        <translation>Autre icône de fichier</translation>
+    </message>
+    <message id="PicturePerformance">
+        <source>During performance</source>
+        <translation>En concert</translation>
+    </message>
+    <message id="PicturePublisherLogo">
+        <source>Logo of the publisher</source>
+        <translation>Logo de l’éditeur</translation>
+    </message>
+    <message id="PictureRecording">
+        <source>During recording</source>
+        <translation>Pendant l’enregistrement</translation>
+    </message>
+    <message id="PictureScreen">
+        <source>Screen capture</source>
+        <translation>Capture d’écran</translation>
+    </message>
     <message id="PlaylistNotFoundMessage">
         <source>There is no playlist “%1” that can be read</source>
         <translation>Il n’y a pas de liste de lecture « %1 » lisible</translation>
@@ -574,6 +938,30 @@
     <message id="PlaylistNotFoundTitle">
         <source>The playlist was not found</source>
         <translation>La liste de lecture est introuvable</translation>
+    </message>
+    <message id="ProblemExtendedHeader">
+        <source>The extended header is larger than the tag.</source>
+        <translation>L’en-tête étendu est plus grand que le tag.</translation>
+    </message>
+    <message id="ProblemFrameDangerous">
+        <source>The frame %1 stands in a form that other programs stumble over.</source>
+        <translation>Le champ %1 a une forme sur laquelle d’autres programmes trébuchent.</translation>
+    </message>
+    <message id="ProblemFrameOverrun">
+        <source>The frame %1 is larger than what is left of the tag.</source>
+        <translation>Le champ %1 est plus grand que le reste du tag.</translation>
+    </message>
+    <message id="ProblemFramePacked">
+        <source>The frame %1 is compressed and cannot be unpacked.</source>
+        <translation>Le champ %1 est compressé et ne peut pas être décompressé.</translation>
+    </message>
+    <message id="ProblemFrameSize">
+        <source>The frame %1 has a size that cannot be.</source>
+        <translation>Le champ %1 a une taille impossible.</translation>
+    </message>
+    <message id="ProblemPicture">
+        <source>A picture cannot be read.</source>
+        <translation>Une image ne peut pas être lue.</translation>
     </message>
     <message id="ProgressOfRun">
         <source>Progress of the whole run</source>
@@ -610,6 +998,70 @@
     <message id="ReasonNotRolledBack">
         <source>%1; what the file held is kept, and is put back at the next start</source>
         <translation>%1 ; l’ancien contenu du fichier est conservé et sera rétabli au prochain démarrage</translation>
+    </message>
+    <message id="RegenerateAll">
+        <source>Regenerate &amp;all</source>
+        <translation>&amp;Tout régénérer</translation>
+    </message>
+    <message id="RegenerateBegun">
+        <source>Waiting</source>
+        <translation>En attente</translation>
+    </message>
+    <message id="RegenerateDone">
+        <source>Regenerated</source>
+        <translation>Régénéré</translation>
+    </message>
+    <message id="RegenerateDropped">
+        <source>Dropped</source>
+        <translation>Abandonné</translation>
+    </message>
+    <message id="RegenerateExplanation">
+        <source>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</source>
+        <translation>La régénération réécrit un tag avec ce qu’il contient de sain et de connu. Ce qui est abandonné ne peut pas être récupéré.</translation>
+    </message>
+    <message id="RegenerateKept">
+        <source>Kept</source>
+        <translation>Conservé</translation>
+    </message>
+    <message id="RegenerateNothing">
+        <source>Nothing</source>
+        <translation>Rien</translation>
+    </message>
+    <message id="RegeneratePictures">
+        <source>Artwork (%1)</source>
+        <translation>Pochette (%1)</translation>
+    </message>
+    <message id="RegenerateProblem">
+        <source>Problem</source>
+        <translation>Problème</translation>
+    </message>
+    <message id="RegenerateReading">
+        <source>Reading…</source>
+        <translation>Lecture…</translation>
+    </message>
+    <message id="RegenerateResult">
+        <source>Result</source>
+        <translation>Résultat</translation>
+    </message>
+    <message id="RegenerateSelected">
+        <source>&amp;Regenerate selected</source>
+        <translation>&amp;Régénérer la sélection</translation>
+    </message>
+    <message id="RegenerateSong">
+        <source>Song</source>
+        <translation>Morceau</translation>
+    </message>
+    <message id="RegenerateSound">
+        <source>Nothing is damaged.</source>
+        <translation>Rien n’est endommagé.</translation>
+    </message>
+    <message id="RegenerateStop">
+        <source>&amp;Stop</source>
+        <translation>&amp;Arrêter</translation>
+    </message>
+    <message id="RegenerateTitle">
+        <source>Songs with damaged tags</source>
+        <translation>Morceaux aux tags endommagés</translation>
     </message>
     <message id="ReviewAlbumChosen">
         <source>chosen</source>
@@ -763,9 +1215,17 @@
         <source>%1 of %2</source>
         <translation>%1 sur %2</translation>
     </message>
+    <message id="SongAndArtist">
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
     <message id="SongTitle">
         <source>Title</source>
         <translation>Titre</translation>
+    </message>
+    <message id="SongsSelected">
+        <source>%1 songs selected</source>
+        <translation>%1 morceaux sélectionnés</translation>
     </message>
     <message id="SourceLibrary">
         <source>Other songs of the album</source>
@@ -779,6 +1239,26 @@
         <source>Where the songs come from</source>
         <translation>D’où viennent les morceaux</translation>
     </message>
+    <message id="StandardiseGenreExplanation">
+        <source>Genres are given the names of the genre table. Choose which are changed; a click on a new genre chooses another one.</source>
+        <translation>Les genres reçoivent les noms de la table des genres. Choisissez ceux qui sont modifiés ; un clic sur un nouveau genre permet d’en choisir un autre.</translation>
+    </message>
+    <message id="StandardiseGenreNone">
+        <source>None of the selected songs has a genre.</source>
+        <translation>Aucun des morceaux sélectionnés n’a de genre.</translation>
+    </message>
+    <message id="StandardiseGenreProceed">
+        <source>Change genres</source>
+        <translation>Modifier les genres</translation>
+    </message>
+    <message id="StandardiseGenreTitle">
+        <source>Standardise genres</source>
+        <translation>Standardiser les genres</translation>
+    </message>
+    <message id="TagsOnClipboardTitle">
+        <source>Copied tags</source>
+        <translation>Tags copiés</translation>
+    </message>
     <message id="ToolBarTitle">
         <source>Toolbar</source>
         <translation>Barre d’outils</translation>
@@ -791,6 +1271,14 @@
         <source>Fills this in where a song lacks it.</source>
         <translation>Complète ce champ lorsqu’il manque.</translation>
     </message>
+    <message id="ToolTipGenreContained">
+        <source>This name stands within the longer one; the rest of it is lost.</source>
+        <translation>Ce nom fait partie du nom plus long ; le reste est perdu.</translation>
+    </message>
+    <message id="ToolTipGenreNear">
+        <source>This name differs by one letter.</source>
+        <translation>Ce nom diffère d’une lettre.</translation>
+    </message>
     <message id="ToolTipIdentify">
         <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
         <translation>Envoie une empreinte du son au service AcoustID, rien d’autre du morceau.</translation>
@@ -799,6 +1287,14 @@
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
         <translation>Demande une clé personnelle du service AcoustID, à saisir dans les préférences.</translation>
     </message>
+    <message id="ToolTipLyricsCleanUp">
+        <source>Replaces what sources often get wrong, such as odd quotation marks</source>
+        <translation>Remplace ce que les sources écrivent souvent mal, comme d’étranges guillemets</translation>
+    </message>
+    <message id="ToolTipLyricsFilter">
+        <source>Typed and pasted lyrics are cleaned up before they are written</source>
+        <translation>Les paroles saisies ou collées sont nettoyées avant d’être écrites</translation>
+    </message>
     <message id="ToolTipOverwrite">
         <source>Also where a song has a value already.</source>
         <translation>Même lorsqu’un morceau a déjà une valeur.</translation>
@@ -806,6 +1302,10 @@
     <message id="ToolTipParallelSearch">
         <source>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</source>
         <translation>Plus rapide. Sinon, les sources sont interrogées l’une après l’autre, et seulement sur ce qui manque encore.</translation>
+    </message>
+    <message id="ToolTipPasteNothing">
+        <source>The copied tags hold nothing here; pasting it empties the field.</source>
+        <translation>Les tags copiés ne contiennent rien ici ; le champ sera vidé.</translation>
     </message>
     <message id="ToolTipReview">
         <source>Nothing is written before you have seen it. The songs wait in the review.</source>

@@ -1,13 +1,13 @@
 #include "cli/writingcommands.h"
 
 #include "app/prefscontroller.h"
+#include "app/regeneration.h"
 #include "base/writejournal.h"
 #include "cli/chosenoptions.h"
 #include "cli/fieldedit.h"
 #include "cli/songopening.h"
 #include "itunes/itunesinterface.h"
 #include "itunes/systemrunner.h"
-#include "songs/playbackpause.h"
 #include "sources/sitedefinitionstore.h"
 #include "tags/genretable.h"
 
@@ -127,17 +127,13 @@ int runRegenerate(const Arguments &arguments, Report &report)
 {
     PrefsController prefs;
     offerGenres(prefs);
-    ReadOptions readOptions = prefs.readOptions();
-    readOptions.malformed = MalformedInfo::Discard;
-    readOptions.unrecognized = UnrecognizedInfo::Discard;
+    const ReadOptions readOptions = Regeneration::readOptions(prefs.readOptions());
     KeptJournal journal;
     WriteOptions options = writeOptionsOf(arguments, prefs);
     options.keptJournal = &journal;
     const auto runner = systemScriptRunner(usualMusicPlaces(prefs.movedFolders()));
     iTunesInterface itunes(*runner);
     return WritingRun(arguments, readOptions, report).run([&](SongFile &song) {
-        // The tag stands marked as damaged; writing what is sound in it is what was asked for.
-        const PlaybackPause pause(itunes, song.path());
-        return song.infotag()->modifySongFileAtPath(song.path(), options);
+        return Regeneration::regenerate(song, options, itunes);
     });
 }

@@ -14,4 +14,12 @@ struct ID3Contents {
     ByteRange id3v1Range;
     ByteRange id3v2Range; ///< header included
     bool encounteredProblem = false;
+    QString problem; ///< the first one where it is known, one line for the user
+
+    void noteProblem(const QString &line)
+    {
+        encounteredProblem = true;
+        if (problem.isEmpty())
+            problem = line;
+    }
 };

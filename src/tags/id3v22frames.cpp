@@ -73,7 +73,7 @@ bool FramesReader::readFrame(qsizetype &position)
     if (frame.id.isEmpty() || (size == 0 && !losesNothing()))
         return false;
     if (size > left) {
-        mContents.encounteredProblem = true;
+        mContents.noteProblem(qtTrId("ProblemFrameOverrun").arg(frame.id));
         if (discardsMalformed() || left == 0)
             return false;
         size = left;
@@ -171,7 +171,7 @@ void FramesReader::failForPicture()
     qCWarning(logTags).noquote() << QStringLiteral("ID3v22 PIC nil (%1/%2)")
                                         .arg(frames.textForLog(u"TPE1", u"TP1"),
                                              frames.textForLog(u"TIT2", u"TT2"));
-    mContents.encounteredProblem = true;
+    mContents.noteProblem(qtTrId("ProblemPicture"));
     if (!discardsMalformed())
         throw MalformedData(QStringLiteral("getAttributesFromID3v22"));
 }

@@ -85,7 +85,7 @@ private:
         return mOptions.malformed == MalformedInfo::Discard;
     }
     [[nodiscard]] ID3FrameFormat formatOf(const Frame &frame) const;
-    void problem(const char *what, const QString &id);
+    void problem(const char *what, const char *textID, const QString &id);
     void logFrame(const char *what, const QString &id) const;
 
     QByteArrayView mTag;
@@ -106,10 +106,11 @@ void FramesReader::logFrame(const char *what, const QString &id) const
                                              mContents.frames.textForLog(u"TIT2", u"TT2"));
 }
 
-void FramesReader::problem(const char *what, const QString &id)
+/// `textID` names the line for the user.
+void FramesReader::problem(const char *what, const char *textID, const QString &id)
 {
     logFrame(what, id);
-    mContents.encounteredProblem = true;
+    mContents.noteProblem(qtTrId(textID).arg(id));
 }
 
 /// Where the frames begin: after the header, and the extended header if there is one.
@@ -130,7 +131,7 @@ qsizetype FramesReader::firstFrame()
     const qint64 last = dialect().skipsExtendedHeaderByItsVersion ? mTag.size() : mTag.size() + 37;
     if (start <= last)
         return start;
-    mContents.encounteredProblem = true;
+    mContents.noteProblem(qtTrId("ProblemExtendedHeader"));
     qCWarning(logTags, "*** EXTENDER HEADER %u bytes ( >%u, IGNORED ) ***",
               static_cast<unsigned>(plain), static_cast<unsigned>(mTag.size()));
     return ID3v2Header::length;
@@ -153,7 +154,7 @@ std::optional<qsizetype> FramesReader::sizeAt(qsizetype position, const QString 
         return ID3FrameSizes::sizeAt(mTag, position, *mSizes);
     if (const auto size = ID3FrameSizes::repairedSize(mTag, position))
         return size;
-    problem("invalid size", id);
+    problem("invalid size", QT_TRID_NOOP("ProblemFrameSize"), id);
     if (discardsMalformed())
         return {};
     return mTag.size() - position - frameHeaderLength;
@@ -188,11 +189,11 @@ bool FramesReader::readFrame(qsizetype &position)
     }
     position = frame.bodyAt + frame.size;
     if (position > mTag.size()) {
-        problem("overrun", frame.id);
+        problem("overrun", QT_TRID_NOOP("ProblemFrameOverrun"), frame.id);
         return false;
     }
     if (ID3FrameIDs::isDangerous(frame.id))
-        problem("dangerous", frame.id);
+        problem("dangerous", QT_TRID_NOOP("ProblemFrameDangerous"), frame.id);
     addFrame(frame);
     return true;
 }
@@ -256,7 +257,7 @@ bool FramesReader::addUnpacked(const Frame &frame, Kind kind, const ID3FrameForm
     const auto plain = plainFrameBody(mTag.sliced(frame.bodyAt, frame.size), format, mHeader.major,
                                       mInflationLeft);
     if (!plain && !format.isEncrypted && !format.isGrouped)
-        problem("cannot be unpacked", frame.id);
+        problem("cannot be unpacked", QT_TRID_NOOP("ProblemFramePacked"), frame.id);
     return plain && addContent(frame.id, kind, {*plain, 0, plain->size()});
 }
 
@@ -307,7 +308,7 @@ bool FramesReader::addPicture(const Body &body)
         return false;
     auto picture = ID3Image::imageWithID3v23Frame(body.view(), dialect());
     if (!picture) {
-        mContents.encounteredProblem = true;
+        mContents.noteProblem(qtTrId("ProblemPicture"));
         qCWarning(logTags, "*** ID3v23 APIC thePicture nil!");
         if (!discardsMalformed())
             throw MalformedData(QStringLiteral("getAttributesFromID3v23"));

@@ -32,6 +32,7 @@ std::unique_ptr<MP3InfoTag> MP3InfoTag::tagWithBytes(const SongBytes &song,
     tag->mDialect = options.dialect;
     tag->mID3v1Range = contents->id3v1Range;
     tag->mID3v2Range = contents->id3v2Range;
+    tag->mProblem = std::move(contents->problem);
     if (contents->encounteredProblem)
         tag->setEncounteredProblemDecoding();
     return tag;

@@ -36,6 +36,8 @@ public:
                                                             const WriteOptions &options) override;
 
     [[nodiscard]] const FrameStore &frames() const { return mFrames; }
+    /// What is wrong with the tag, one line for the user; empty where nothing is known.
+    [[nodiscard]] const QString &problem() const { return mProblem; }
     [[nodiscard]] ByteRange id3v1Range() const { return mID3v1Range; }
     [[nodiscard]] ByteRange id3v2Range() const { return mID3v2Range; }
 
@@ -49,6 +51,7 @@ private:
 
     FrameStore mFrames;
     std::optional<QString> mReadVersion;
+    QString mProblem;
     ID3Dialect mDialect; ///< what the tag was read with
     ByteRange mID3v1Range;
     ByteRange mID3v2Range;
