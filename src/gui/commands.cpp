@@ -50,6 +50,7 @@ std::vector<CommandRow> commandRows()
         {PasteArtwork, QT_TRID_NOOP("MenuPasteArtwork")},
         {ReplaceArtwork, QT_TRID_NOOP("MenuReplaceArtwork"), {}, "artwork-replace"},
         {RemoveArtwork, QT_TRID_NOOP("MenuRemoveArtwork"), {}, "artwork-remove"},
+        {RemoveAllArtwork, QT_TRID_NOOP("MenuRemoveAllArtwork")},
         {SaveArtwork, QT_TRID_NOOP("MenuSaveArtwork"), {}, "artwork-save"},
         {LyricsInspector, QT_TRID_NOOP("MenuLyricsInspector"), Qt::CTRL | Qt::Key_L, "lyrics"},
         {RemoveLyrics, QT_TRID_NOOP("MenuRemoveLyrics")},
@@ -73,7 +74,8 @@ std::vector<MenuRow> menuRows()
         {QT_TRID_NOOP("MenuSongs"),
          {StandardiseGenre, Regenerate, separator, LyricsInspector, RemoveLyrics}},
         {QT_TRID_NOOP("MenuArtwork"),
-         {AddArtwork, PasteArtwork, ReplaceArtwork, RemoveArtwork, separator, SaveArtwork}},
+         {AddArtwork, PasteArtwork, ReplaceArtwork, separator, RemoveArtwork, RemoveAllArtwork,
+          separator, SaveArtwork}},
         {QT_TRID_NOOP("MenuGathering"),
          {Begin, Stop, separator, Review, RetryUnanswered, separator, ShowOptions}},
         {QT_TRID_NOOP("MenuWindow"), {Activity, separator, CopyLog, ClearLog}},
@@ -97,6 +99,7 @@ Commands::Commands(QObject *parent)
     (*this)[MenuCommand::Preferences].setMenuRole(QAction::PreferencesRole);
     (*this)[MenuCommand::About].setMenuRole(QAction::AboutRole);
     (*this)[MenuCommand::ShowOptions].setCheckable(true);
+    (*this)[MenuCommand::LyricsInspector].setCheckable(true);
 }
 
 void Commands::fillMenuBar(QMenuBar &bar) const

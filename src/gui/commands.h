@@ -30,6 +30,7 @@ enum class MenuCommand {
     PasteArtwork,
     ReplaceArtwork,
     RemoveArtwork,
+    RemoveAllArtwork,
     SaveArtwork,
     LyricsInspector,
     RemoveLyrics,

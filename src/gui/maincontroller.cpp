@@ -15,6 +15,7 @@ MainController::MainController(Engine &engine)
     , mWorkList(mContext, engine.itunes, engine.log)
     , mEditing(engine.itunes, &engine.infoCache, engine.log)
     , mReview(mContext, mWorkList.writing(), mEditing)
+    , mHistory(mEditing)
 {
     mWorkList.setInfoCache(&engine.infoCache);
     mWorkList.setKeepsChanges(true);
@@ -28,6 +29,9 @@ MainController::MainController(Engine &engine)
     connect(&mReview, &Review::songTouched, this,
             [this](const std::shared_ptr<SongFile> &song) { tellChanged({song}); });
     connect(&mWorkList, &WorkList::runFinished, this, &MainController::gatheringChanged);
+    connect(&mHistory, &EditHistory::changed, this, &MainController::historyChanged);
+    mTellsEdited.setSingleShot(true);
+    connect(&mTellsEdited, &QTimer::timeout, this, &MainController::tellEdited);
 }
 
 void MainController::setSongLibraryFolder(const QString &path)
@@ -70,6 +74,7 @@ void MainController::load(const SongSource &source)
 {
     Q_EMIT sourceWillChange();
     setSelectedSongs({});
+    mHistory.clear(); // the records of its songs are no longer those of the list
     SongList kept = mWorkList.songs();
     const SongList reviewed = mReview.songs();
     kept.insert(kept.end(), reviewed.begin(), reviewed.end());
@@ -99,6 +104,16 @@ void MainController::setSelectedSongs(SongList songs)
 SongList MainController::visibleSongs() const
 {
     return mVisibleSongs ? mVisibleSongs() : mSongs.allSongs();
+}
+
+void MainController::change(const TagChange &change, const TagEditing::Then &then)
+{
+    mHistory.change(change, prefs().writeOptions(), then);
+}
+
+void MainController::tellEdited()
+{
+    tellChanged(std::exchange(mEdited, {}));
 }
 
 void MainController::beginGathering()
@@ -131,7 +146,8 @@ void MainController::songFinished(const SongOutcome &outcome)
 void MainController::songEdited(const std::shared_ptr<SongFile> &song)
 {
     mLibrary.songChanged(song);
-    tellChanged({song});
+    mEdited.push_back(song);
+    mTellsEdited.start();
 }
 
 /// A run that writes makes room by itself: what is written is decided.

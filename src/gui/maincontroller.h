@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/edithistory.h"
 #include "app/engine.h"
 #include "app/review.h"
 #include "app/songlist.h"
@@ -25,6 +26,7 @@ public:
     /// By which everyone changes tags.
     [[nodiscard]] TagEditing &editing() { return mEditing; }
     [[nodiscard]] Review &review() { return mReview; }
+    [[nodiscard]] const EditHistory &history() const { return mHistory; }
 
     // Where the songs come from. Each remembers its choice and loads it.
     void setSongLibraryFolder(const QString &path);
@@ -43,6 +45,11 @@ public:
     }
     [[nodiscard]] SongList visibleSongs() const;
 
+    /// Changes songs, which the user has seen, so that it can be undone. `then` may be empty.
+    void change(const TagChange &change, const TagEditing::Then &then = {});
+    void undo() { mHistory.undo(prefs().writeOptions()); }
+    void redo() { mHistory.redo(prefs().writeOptions()); }
+
     /// Starts a run over the selected songs, or adds them to the one under way.
     void beginGathering();
     void stopGathering() { mWorkList.stopGathering(); }
@@ -59,6 +66,8 @@ Q_SIGNALS:
     void selectionChanged();
     /// Songs of the list have another tag, status or path.
     void songsChanged(const SongList &songs);
+    /// Other changes can be undone or redone now, or songs are being changed.
+    void historyChanged();
     /// A run began, was added to, or ended: of any song the status may be another.
     void gatheringChanged();
 
@@ -69,6 +78,7 @@ private:
     void songEdited(const std::shared_ptr<SongFile> &song);
     void pauseForReview(bool isFull);
     void lendFromLoadedSongs();
+    void tellEdited();
 
     Engine &mEngine;
     LoadedSongs mSongs;
@@ -77,6 +87,9 @@ private:
     WorkList mWorkList;
     TagEditing mEditing;
     Review mReview;
+    EditHistory mHistory;
+    SongList mEdited; ///< of which is told on the next turn, since they come by the hundred
+    QTimer mTellsEdited;
     SongList mSelectedSongs;
     std::function<SongList()> mVisibleSongs;
     bool mLibraryIsStale = false; ///< other songs were loaded than those that lend

@@ -1,5 +1,7 @@
 #include "gui/mainwindow.h"
 
+#include "gui/artworkwell.h"
+#include "gui/editingcommands.h"
 #include "gui/sourcepopup.h"
 
 #include <QApplication>
@@ -59,8 +61,13 @@ void MainWindow::setUpParts()
     auto *rows = new QSplitter(Qt::Vertical, content);
     auto *songs = new QSplitter(Qt::Horizontal, rows);
     songs->addWidget(new QWidget(songs));
+    auto *well = new ArtworkWell(mController, mCommands, songs);
+    songs->addWidget(well);
+    songs->setStretchFactor(0, 1);
+    songs->setStretchFactor(1, 0);
     column->addWidget(rows, 1);
     setCentralWidget(content);
+    new EditingCommands(mController, mCommands, *well, *this);
 }
 
 void MainWindow::connectCommands()
@@ -90,12 +97,8 @@ void MainWindow::connectCommands()
 void MainWindow::validateInterface()
 {
     using enum MenuCommand;
-    const bool hasSelection = !mController.selectedSongs().empty();
     const bool isRunning = mController.workList().isRunning();
-    for (const MenuCommand command :
-         {Begin, RevealFile, CopyTags, PasteTags, StandardiseGenre, Regenerate, AddArtwork,
-          PasteArtwork, ReplaceArtwork, RemoveArtwork, SaveArtwork, RemoveLyrics})
-        mCommands[command].setEnabled(hasSelection);
+    mCommands[Begin].setEnabled(!mController.selectedSongs().empty());
     mCommands[Stop].setEnabled(isRunning);
     mCommands.setBeginAddToMode(isRunning);
 }
@@ -126,11 +129,17 @@ void MainWindow::showPlaylistNotFound(const QString &name)
     mSourcePopUp->setUpSourceMenu();
 }
 
-/// A run is stopped first; the song in hand is left as it is.
+/// A run is stopped first; the song in hand is left as it is. Songs that the user changed are
+/// written before the window goes.
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     Q_EMIT mController.sourceWillChange();
     mController.stopGathering();
     mController.songs().cancel();
+    if (mController.editing().isBusy()) {
+        connect(&mController, &MainController::historyChanged, this, &MainWindow::close,
+                Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+        return event->ignore();
+    }
     event->accept();
 }

@@ -1,0 +1,270 @@
+#include "gui/artworkwell.h"
+
+#include "app/artworkchange.h"
+#include "base/background.h"
+#include "gathering/picturereader.h"
+#include "gui/pictureframe.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto restOfSelection = 60ms;
+constexpr int insideGroup = 6; // pixels
+constexpr int captionLines = 3;
+/// Larger than the well ever is on a screen of high density. In pixels.
+constexpr QSize largestShown(1024, 1024);
+
+QToolButton *arrow(Qt::ArrowType type, const QString &text, QWidget *parent)
+{
+    auto *button = new QToolButton(parent);
+    button->setArrowType(type);
+    button->setAutoRaise(true);
+    button->setToolTip(text);
+    button->setAccessibleName(text);
+    return button;
+}
+
+QString captionOf(const ID3Image &image, QSize size, const QLocale &locale)
+{
+    const QString bytes = locale.formattedDataSize(image.data.size(), 1);
+    const QString type = fileSuffixOf(image).toUpper();
+    const QString kind = qtTrId(textIDOfPictureType(image.pictureType));
+    if (!size.isValid())
+        return qtTrId("ArtworkUnreadable").arg(bytes, kind);
+    return qtTrId("ArtworkCaption")
+        .arg(locale.toString(size.width()), locale.toString(size.height()), type, bytes, kind);
+}
+
+} // namespace
+
+ArtworkWell::ArtworkWell(MainController &controller, const Commands &commands, QWidget *parent)
+    : QWidget(parent)
+    , mController(controller)
+{
+    setObjectName(QStringLiteral("artworkWell"));
+    setUpParts(commands);
+    mSelectionRests.setSingleShot(true);
+    connect(&mSelectionRests, &QTimer::timeout, this, &ArtworkWell::readArtwork);
+    connect(&controller, &MainController::selectionChanged, this, &ArtworkWell::readLater);
+    connect(&controller, &MainController::songsChanged, this, &ArtworkWell::songsChanged);
+    show(ArtworkOfSongs());
+}
+
+void ArtworkWell::setUpParts(const Commands &commands)
+{
+    auto *column = new QVBoxLayout(this);
+    column->setSpacing(insideGroup);
+    mFrame = new PictureFrame(this);
+    mFrame->setAccessibleName(qtTrId("Artwork"));
+    connect(mFrame, &PictureFrame::dropped, this, &ArtworkWell::dropped);
+    column->addWidget(mFrame, 1);
+    column->addWidget(pager());
+    mCaption = new QLabel(this);
+    mCaption->setObjectName(QStringLiteral("artworkCaption"));
+    mCaption->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    mCaption->setWordWrap(true);
+    mCaption->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    mCaption->setFixedHeight(mCaption->fontMetrics().lineSpacing() * captionLines);
+    column->addWidget(mCaption);
+    column->addWidget(buttons(commands));
+}
+
+/// Keeps its room while there is nothing to turn.
+QWidget *ArtworkWell::pager()
+{
+    auto *pager = new QWidget(this);
+    auto *row = new QHBoxLayout(pager);
+    row->setContentsMargins(0, 0, 0, 0);
+    mPrevious = arrow(Qt::LeftArrow, qtTrId("ArtworkPrevious"), pager);
+    mNext = arrow(Qt::RightArrow, qtTrId("ArtworkNext"), pager);
+    mPosition = new QLabel(pager);
+    mPosition->setAlignment(Qt::AlignCenter);
+    connect(mPrevious, &QToolButton::clicked, this, [this] { showPictureAt(mIndex - 1); });
+    connect(mNext, &QToolButton::clicked, this, [this] { showPictureAt(mIndex + 1); });
+    row->addWidget(mPrevious);
+    row->addWidget(mPosition, 1);
+    row->addWidget(mNext);
+    for (QWidget *part : {static_cast<QWidget *>(mPrevious), static_cast<QWidget *>(mNext)}) {
+        QSizePolicy policy = part->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(policy);
+    }
+    return pager;
+}
+
+QWidget *ArtworkWell::buttons(const Commands &commands)
+{
+    using enum MenuCommand;
+    auto *buttons = new QWidget(this);
+    auto *row = new QHBoxLayout(buttons);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(insideGroup);
+    row->addStretch();
+    for (const MenuCommand command : {AddArtwork, ReplaceArtwork, RemoveArtwork, SaveArtwork}) {
+        auto *button = new QToolButton(buttons);
+        button->setDefaultAction(&commands[command]);
+        button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
+        row->addWidget(button);
+    }
+    row->addStretch();
+    return buttons;
+}
+
+std::optional<ID3Image> ArtworkWell::shownPicture() const
+{
+    return mIndex < mArtwork.pictures.size() ? std::optional(mArtwork.pictures[mIndex])
+                                             : std::nullopt;
+}
+
+void ArtworkWell::songsChanged(const SongList &songs)
+{
+    const SongList &selected = mController.selectedSongs();
+    const std::unordered_set<std::shared_ptr<SongFile>> changed(songs.begin(), songs.end());
+    if (std::any_of(selected.begin(), selected.end(),
+                    [&changed](const auto &song) { return changed.contains(song); }))
+        readLater();
+}
+
+void ArtworkWell::readLater()
+{
+    if (mController.selectedSongs().empty()) {
+        mIsOutOfDate = mIsReading;
+        mSelectionRests.stop();
+        mShownSongs.clear();
+        return show(ArtworkOfSongs());
+    }
+    mSelectionRests.start(restOfSelection);
+}
+
+/// One reading at a time: a slow drive would otherwise be asked for all that was ever selected.
+void ArtworkWell::readArtwork()
+{
+    mIsOutOfDate = mIsReading;
+    if (mIsReading)
+        return;
+    mIsReading = true;
+    const auto then = [this, songs = mController.selectedSongs()](const ArtworkOfSongs &artwork) {
+        mIsReading = false;
+        if (std::exchange(mIsOutOfDate, false))
+            return readLater();
+        mShownSongs = songs;
+        show(artwork);
+    };
+    const ArtworkReading reading(mController.selectedSongs());
+    runInBackground([reading] { return reading.read(); }, this, then);
+}
+
+void ArtworkWell::show(const ArtworkOfSongs &artwork)
+{
+    // The next song of an album shows the same one of several pictures.
+    const bool isSame =
+        !artwork.pictures.isEmpty() && haveSameData(artwork.pictures, mArtwork.pictures);
+    mArtwork = artwork;
+    mFrame->setTakesDrops(artwork.songs > 0);
+    if (!isSame)
+        mIndex = 0;
+    showPictureAt(mIndex);
+}
+
+void ArtworkWell::showPictureAt(qsizetype index)
+{
+    mIndex = index;
+    showPager();
+    ++mDecoding;
+    if (shownPicture())
+        decodePicture();
+    else
+        showNoPicture();
+    Q_EMIT artworkChanged();
+}
+
+void ArtworkWell::decodePicture()
+{
+    const auto decode = [data = shownPicture()->data] {
+        PictureReader reader(data);
+        const QSize size = reader.size();
+        const bool isLarge =
+            size.width() > largestShown.width() || size.height() > largestShown.height();
+        Picture picture{{}, size};
+        picture.image =
+            reader.image(isLarge ? size.scaled(largestShown, Qt::KeepAspectRatio) : size);
+        if (picture.image.isNull())
+            picture.size = QSize();
+        return picture;
+    };
+    runInBackground(decode, this, [this, number = mDecoding](const Picture &picture) {
+        if (number == mDecoding)
+            showPicture(picture);
+    });
+}
+
+void ArtworkWell::showPicture(const Picture &picture)
+{
+    if (picture.image.isNull())
+        mFrame->showHint(qtTrId("ErrorPictureUnreadable"));
+    else
+        mFrame->showPicture(picture.image);
+    showCaption(captionOf(*shownPicture(), picture.size, locale()));
+}
+
+void ArtworkWell::showNoPicture()
+{
+    if (mArtwork.songs == 0)
+        mFrame->showHint(qtTrId("ArtworkNoSelection"));
+    else if (mArtwork.isMixed)
+        mFrame->showHint(qtTrId("ArtworkSeveral"));
+    else
+        mFrame->showHint(mArtwork.reason.isEmpty() ? qtTrId("ArtworkNone") : mArtwork.reason);
+    showCaption({});
+}
+
+/// Says as well of how many songs that is.
+void ArtworkWell::showCaption(const QString &caption)
+{
+    QStringList lines;
+    if (mArtwork.songs > 1) {
+        const QString songs = locale().toString(mArtwork.songs);
+        const bool isPart = mArtwork.lookedAt < mArtwork.songs && !mArtwork.isMixed;
+        lines
+            << (isPart
+                    ? qtTrId("ArtworkOfFirstSongs").arg(locale().toString(mArtwork.lookedAt), songs)
+                    : qtTrId("SongsSelected").arg(songs));
+    }
+    if (!caption.isEmpty())
+        lines << caption;
+    mCaption->setText(lines.join(u'\n'));
+}
+
+void ArtworkWell::showPager()
+{
+    const qsizetype count = mArtwork.pictures.size();
+    mPosition->setText(
+        count > 1
+            ? qtTrId("ArtworkPosition").arg(locale().toString(mIndex + 1), locale().toString(count))
+            : QString());
+    mPrevious->setVisible(count > 1);
+    mNext->setVisible(count > 1);
+    mPrevious->setEnabled(mIndex > 0);
+    mNext->setEnabled(mIndex + 1 < count);
+}
+
+void ArtworkWell::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange)
+        mCaption->setFixedHeight(mCaption->fontMetrics().lineSpacing() * captionLines);
+    QWidget::changeEvent(event);
+}

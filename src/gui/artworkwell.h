@@ -1,0 +1,71 @@
+#pragma once
+
+#include "app/artworkofsongs.h"
+#include "gui/commands.h"
+#include "gui/maincontroller.h"
+
+#include <QImage>
+#include <QMimeData>
+#include <QTimer>
+#include <QWidget>
+
+class PictureFrame;
+class QLabel;
+class QToolButton;
+
+/// Shows the artwork of the selected songs. It is read and decoded on another thread; until that
+/// is done, what was shown stays.
+class ArtworkWell : public QWidget {
+    Q_OBJECT
+
+public:
+    ArtworkWell(MainController &controller, const Commands &commands, QWidget *parent);
+
+    /// The songs whose artwork is shown: soon those that are selected.
+    [[nodiscard]] const SongList &shownSongs() const { return mShownSongs; }
+    [[nodiscard]] const ArtworkOfSongs &artwork() const { return mArtwork; }
+    /// The picture in sight; nothing without one, or of songs whose pictures differ.
+    [[nodiscard]] std::optional<ID3Image> shownPicture() const;
+
+Q_SIGNALS:
+    /// shownSongs(), artwork() or shownPicture() are others now.
+    void artworkChanged();
+    void dropped(const QMimeData *data);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    struct Picture {
+        QImage image; ///< no larger than is ever shown
+        QSize size; ///< of the whole picture, in pixels; invalid when it cannot be read
+    };
+
+    void setUpParts(const Commands &commands);
+    [[nodiscard]] QWidget *pager();
+    [[nodiscard]] QWidget *buttons(const Commands &commands);
+    void songsChanged(const SongList &songs);
+    void readLater();
+    void readArtwork();
+    void show(const ArtworkOfSongs &artwork);
+    void showPictureAt(qsizetype index);
+    void decodePicture();
+    void showPicture(const Picture &picture);
+    void showNoPicture();
+    void showCaption(const QString &caption);
+    void showPager();
+
+    MainController &mController;
+    PictureFrame *mFrame = nullptr;
+    QLabel *mCaption = nullptr;
+    QLabel *mPosition = nullptr;
+    QToolButton *mPrevious = nullptr;
+    QToolButton *mNext = nullptr;
+    SongList mShownSongs;
+    ArtworkOfSongs mArtwork;
+    qsizetype mIndex = 0; ///< of the picture in sight
+    QTimer mSelectionRests; ///< so that walking through a list reads no file a step
+    bool mIsReading = false;
+    bool mIsOutOfDate = false; ///< the reading under way is of other songs
+    int mDecoding = 0; ///< the number of the latest decoding: earlier ones are out of date
+};

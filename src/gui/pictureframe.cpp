@@ -1,0 +1,103 @@
+#include "gui/pictureframe.h"
+
+#include "gathering/picturereader.h"
+#include "gui/picturesource.h"
+
+#include <QDragEnterEvent>
+#include <QPainter>
+#include <QStyleOptionFrame>
+
+namespace {
+constexpr int aroundHint = 12; // pixels
+} // namespace
+
+PictureFrame::PictureFrame(QWidget *parent)
+    : QWidget(parent)
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void PictureFrame::showPicture(const QImage &picture)
+{
+    mPicture = picture;
+    mScaled = QImage();
+    mHint.clear();
+    update();
+}
+
+void PictureFrame::showHint(const QString &hint)
+{
+    showPicture({});
+    mHint = hint;
+}
+
+void PictureFrame::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    QStyleOptionFrame option;
+    option.initFrom(this);
+    option.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, this);
+    option.state |= QStyle::State_Sunken;
+    painter.fillRect(rect(), palette().base());
+    const QRect within = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+    if (!mPicture.isNull())
+        drawPicture(painter, within);
+    else
+        drawHint(painter, within);
+    style()->drawPrimitive(QStyle::PE_FrameLineEdit, &option, &painter, this);
+    if (mIsHighlighted || hasFocus()) {
+        painter.setPen(QPen(palette().highlight(), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+}
+
+/// Small pictures are not enlarged: they would look like what they are not.
+void PictureFrame::drawPicture(QPainter &painter, const QRect &within)
+{
+    const QSize room = within.size() * devicePixelRatioF();
+    const QSize size = mPicture.width() > room.width() || mPicture.height() > room.height()
+        ? mPicture.size().scaled(room, Qt::KeepAspectRatio)
+        : mPicture.size();
+    if (mScaled.size() != size)
+        mScaled = mPicture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    mScaled.setDevicePixelRatio(devicePixelRatioF());
+    QRect place(QPoint(), mScaled.deviceIndependentSize().toSize());
+    place.moveCenter(within.center());
+    painter.drawImage(place, mScaled);
+}
+
+void PictureFrame::drawHint(QPainter &painter, const QRect &within) const
+{
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(within.adjusted(aroundHint, aroundHint, -aroundHint, -aroundHint),
+                     Qt::AlignCenter | Qt::TextWordWrap, mHint);
+}
+
+void PictureFrame::setHighlighted(bool isHighlighted)
+{
+    mIsHighlighted = isHighlighted;
+    update();
+}
+
+void PictureFrame::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!mayHoldPicture(*event->mimeData()))
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    setHighlighted(true);
+}
+
+void PictureFrame::dragLeaveEvent(QDragLeaveEvent *)
+{
+    setHighlighted(false);
+}
+
+void PictureFrame::dropEvent(QDropEvent *event)
+{
+    setHighlighted(false);
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT dropped(event->mimeData());
+}
