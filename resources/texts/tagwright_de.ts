@@ -43,7 +43,7 @@
     </message>
     <message id="ArtworkChooseTitle">
         <source>Choose a picture</source>
-        <translation>Bild auswählen</translation>
+        <translation>Ein Bild wählen</translation>
     </message>
     <message id="ArtworkNext">
         <source>Next picture</source>
@@ -59,11 +59,11 @@
 Drop or paste a picture here</source>
         <translation>Kein Cover
 
-Ziehen Sie ein Bild hierher oder setzen Sie es ein</translation>
+Ziehen Sie ein Bild hierher oder fügen Sie eines ein</translation>
     </message>
     <message id="ArtworkOfFirstSongs">
         <source>As in the first %1 of %2 songs</source>
-        <translation>Wie in den ersten %1 von %2 Songs</translation>
+        <translation>Wie bei den ersten %1 von %2 Songs</translation>
     </message>
     <message id="ArtworkPosition">
         <source>%1 of %2</source>
@@ -71,7 +71,7 @@ Ziehen Sie ein Bild hierher oder setzen Sie es ein</translation>
     </message>
     <message id="ArtworkPrevious">
         <source>Previous picture</source>
-        <translation>Vorheriges Bild</translation>
+        <translation>Voriges Bild</translation>
     </message>
     <message id="ArtworkRefusedTitle">
         <source>Artwork</source>
@@ -105,14 +105,14 @@ Ziehen Sie ein Bild hierher oder setzen Sie es ein</translation>
         <source>Several pictures
 
 The selected songs have different artwork</source>
-        <translation>Mehrere Bilder
+        <translation>Verschiedene Bilder
 
-Die ausgewählten Songs haben verschiedene Cover</translation>
+Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ArtworkUnreadable">
         <source>Cannot be shown
 %1, %2</source>
-        <translation>Kann nicht angezeigt werden
+        <translation>Nicht darstellbar
 %1, %2</translation>
     </message>
     <message id="BPM">
@@ -121,7 +121,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ChangeOfArtwork">
         <source>Change of artwork</source>
-        <translation>Ändern der Cover</translation>
+        <translation>Änderung des Covers</translation>
     </message>
     <message id="ChangeOfGenres">
         <source>Standardising of genres</source>
@@ -129,15 +129,15 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ChangeOfLyrics">
         <source>Change of lyrics</source>
-        <translation>Ändern der Songtexte</translation>
+        <translation>Änderung des Songtexts</translation>
     </message>
     <message id="ChangeOfPastedTags">
         <source>Pasting of tags</source>
-        <translation>Einsetzen von Tags</translation>
+        <translation>Einfügen von Tags</translation>
     </message>
     <message id="ChangeSheetCount">
         <source>Songs to be changed: %1.</source>
-        <translation>Songs, die geändert werden: %1.</translation>
+        <translation>Zu ändernde Songs: %1.</translation>
     </message>
     <message id="ChangeSheetRefused">
         <source>Of these, %1 cannot be written and will stay as they are.</source>
@@ -197,7 +197,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="Compilation">
         <source>Compilation</source>
-        <translation>Compilation</translation>
+        <translation>Kompilation</translation>
     </message>
     <message id="CompilationWarningDontWarn">
         <source>Do not warn of this again</source>
@@ -241,7 +241,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="EditReview">
         <source>Reviewed changes</source>
-        <translation>Überprüfte Änderungen</translation>
+        <translation>Durchgesehene Änderungen</translation>
     </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
@@ -353,11 +353,11 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ErrorOtherNumberOfSongs">
         <source>Songs copied: %1, songs selected: %2. Copy a single song, or select as many songs as were copied.</source>
-        <translation>Kopierte Songs: %1, ausgewählte Songs: %2. Kopieren Sie einen einzelnen Song, oder wählen Sie so viele aus, wie kopiert wurden.</translation>
+        <translation>Kopierte Songs: %1, ausgewählte Songs: %2. Kopieren Sie einen einzelnen Song, oder wählen Sie so viele Songs aus, wie kopiert wurden.</translation>
     </message>
     <message id="ErrorPictureTooLarge">
         <source>The picture has more than %1 MB.</source>
-        <translation>Das Bild hat mehr als %1 MB.</translation>
+        <translation>Das Bild hat mehr als %1 MB.</translation>
     </message>
     <message id="ErrorPictureUnreadable">
         <source>The picture is damaged or has more than 100 megapixels.</source>
@@ -421,7 +421,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ErrorTooMuchToCopy">
         <source>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</source>
-        <translation>Das ist zu viel auf einmal. Kopieren Sie höchstens 1.000 Songs mit Bildern von höchstens 128 MB.</translation>
+        <translation>Das ist zu viel auf einmal. Kopieren Sie höchstens 1000 Songs, mit Bildern von höchstens 128 MB.</translation>
     </message>
     <message id="FieldAndValue">
         <source>%1: %2</source>
@@ -469,11 +469,11 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="LogPausedForReview">
         <source>Gathering waits: %1 songs are to be reviewed first</source>
-        <translation>Die Suche wartet: erst sind %1 Songs zu überprüfen</translation>
+        <translation>Das Ergänzen wartet: Zuerst sind %1 Songs durchzusehen</translation>
     </message>
     <message id="LogPlaceholder">
         <source>What is found and written is listed here.</source>
-        <translation>Hier steht, was gefunden und geschrieben wird.</translation>
+        <translation>Was gefunden und geschrieben wird, steht hier.</translation>
     </message>
     <message id="LogSetInfo">
         <source>Set %1 of “%2”</source>
@@ -489,15 +489,15 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="LyricsAreClean">
         <source>There is nothing to clean up.</source>
-        <translation>Es gibt nichts aufzuräumen.</translation>
+        <translation>Es gibt nichts zu bereinigen.</translation>
     </message>
     <message id="LyricsCleanUp">
         <source>&amp;Clean up</source>
-        <translation>&amp;Aufräumen</translation>
+        <translation>&amp;Bereinigen</translation>
     </message>
     <message id="LyricsFilter">
         <source>Clean up lyrics when they are &amp;saved</source>
-        <translation>Songtexte beim &amp;Sichern aufräumen</translation>
+        <translation>Songtexte beim &amp;Sichern bereinigen</translation>
     </message>
     <message id="LyricsFind">
         <source>Find in lyrics</source>
@@ -505,7 +505,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="LyricsForAll">
         <source>Lyrics for &amp;all…</source>
-        <translation>Text für a&amp;lle …</translation>
+        <translation>Songtext für &amp;alle…</translation>
     </message>
     <message id="LyricsForAllPrompt">
         <source>Lyrics for all selected songs:</source>
@@ -545,7 +545,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="LyricsSet">
         <source>Set lyrics</source>
-        <translation>Text setzen</translation>
+        <translation>Songtext setzen</translation>
     </message>
     <message id="LyricsSetInSongs">
         <source>Set these lyrics in %1 songs?</source>
@@ -561,7 +561,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="LyricsWereCleaned">
         <source>The lyrics were cleaned up.</source>
-        <translation>Der Songtext wurde aufgeräumt.</translation>
+        <translation>Der Songtext wurde bereinigt.</translation>
     </message>
     <message id="MenuAbout">
         <source>&amp;About Tagwright</source>
@@ -649,7 +649,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="MenuRedoNamed">
         <source>&amp;Redo %1</source>
-        <translation>%1 wieder&amp;holen</translation>
+        <translation>&amp;Wiederherstellen: %1</translation>
     </message>
     <message id="MenuRegenerate">
         <source>&amp;Regenerate Tags…</source>
@@ -657,7 +657,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="MenuRemoveAllArtwork">
         <source>Remove A&amp;ll Artwork</source>
-        <translation>A&amp;lle Cover entfernen</translation>
+        <translation>A&amp;lle Bilder entfernen</translation>
     </message>
     <message id="MenuRemoveArtwork">
         <source>&amp;Remove Artwork</source>
@@ -717,7 +717,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="MenuUndoNamed">
         <source>&amp;Undo %1</source>
-        <translation>%1 &amp;rückgängig machen</translation>
+        <translation>&amp;Rückgängig: %1</translation>
     </message>
     <message id="MenuWelcome">
         <source>&amp;Welcome</source>
@@ -749,7 +749,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="OptionsAllowSubstrings">
         <source>Names may match in part</source>
-        <translation>Namen dürfen in Teilen passen</translation>
+        <translation>Namen dürfen teilweise übereinstimmen</translation>
     </message>
     <message id="OptionsGather">
         <source>Look for</source>
@@ -773,7 +773,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="OptionsPickAgreement">
         <source>The one that most sources know</source>
-        <translation>Das die meisten Quellen kennen</translation>
+        <translation>Das den meisten Quellen bekannte</translation>
     </message>
     <message id="OptionsPickAgreementHint">
         <source>Counts how often each album was found.</source>
@@ -781,7 +781,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="OptionsPickBest">
         <source>The best match</source>
-        <translation>Das passendste</translation>
+        <translation>Das am besten passende</translation>
     </message>
     <message id="OptionsPickBestHint">
         <source>Compares length, track, year and names with the song.</source>
@@ -801,19 +801,19 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="OptionsPickNoneHint">
         <source>Nothing is filled in where more than one album fits.</source>
-        <translation>Wo mehr als ein Album passt, wird nichts ergänzt.</translation>
+        <translation>Passt mehr als ein Album, wird nichts ergänzt.</translation>
     </message>
     <message id="OptionsReview">
         <source>Review before writing</source>
-        <translation>Vor dem Schreiben überprüfen</translation>
+        <translation>Vor dem Schreiben durchsehen</translation>
     </message>
     <message id="OptionsSearch">
         <source>How to look</source>
-        <translation>Wie gesucht wird</translation>
+        <translation>Art der Suche</translation>
     </message>
     <message id="OptionsTitle">
         <source>Gathering options</source>
-        <translation>Suchoptionen</translation>
+        <translation>Optionen zum Ergänzen</translation>
     </message>
     <message id="OverwriteTitleCancel">
         <source>Cancel</source>
@@ -821,7 +821,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="OverwriteTitleMessage">
         <source>Titles will be looked for by track number and replace those that the songs have. Songs whose track number is wrong get wrong titles.</source>
-        <translation>Titel werden anhand der Titelnummer gesucht und ersetzen die der Songs. Songs mit falscher Titelnummer bekommen falsche Titel.</translation>
+        <translation>Titel werden nach der Titelnummer gesucht und ersetzen die vorhandenen. Songs mit falscher Titelnummer erhalten falsche Titel.</translation>
     </message>
     <message id="OverwriteTitleProceed">
         <source>Replace</source>
@@ -833,15 +833,15 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="PasteTagsInOrder">
         <source>Paste the tags of %1 songs, in order?</source>
-        <translation>Die Tags von %1 Songs der Reihe nach einsetzen?</translation>
+        <translation>Die Tags von %1 Songs der Reihe nach einfügen?</translation>
     </message>
     <message id="PasteTagsProceed">
         <source>Paste</source>
-        <translation>Einsetzen</translation>
+        <translation>Einfügen</translation>
     </message>
     <message id="PasteTagsQuestion">
         <source>Paste the copied tag?</source>
-        <translation>Das kopierte Tag einsetzen?</translation>
+        <translation>Das kopierte Tag einfügen?</translation>
     </message>
     <message id="PictureArtist">
         <source>Artist</source>
@@ -893,15 +893,15 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="PictureLocation">
         <source>Recording location</source>
-        <translation>Aufnahmeort</translation>
+        <translation>Ort der Aufnahme</translation>
     </message>
     <message id="PictureLyricist">
         <source>Lyricist</source>
-        <translation>Texter</translation>
+        <translation>Textdichter</translation>
     </message>
     <message id="PictureMedium">
         <source>Medium</source>
-        <translation>Tonträger</translation>
+        <translation>Medium</translation>
     </message>
     <message id="PictureOther">
         <source>Other picture</source>
@@ -913,7 +913,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="PicturePerformance">
         <source>During performance</source>
-        <translation>Beim Auftritt</translation>
+        <translation>Während des Auftritts</translation>
     </message>
     <message id="PicturePublisherLogo">
         <source>Logo of the publisher</source>
@@ -921,11 +921,11 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="PictureRecording">
         <source>During recording</source>
-        <translation>Bei der Aufnahme</translation>
+        <translation>Während der Aufnahme</translation>
     </message>
     <message id="PictureScreen">
         <source>Screen capture</source>
-        <translation>Standbild</translation>
+        <translation>Bildschirmfoto</translation>
     </message>
     <message id="PlaylistNotFoundMessage">
         <source>There is no playlist “%1” that can be read</source>
@@ -945,7 +945,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ProblemFrameDangerous">
         <source>The frame %1 stands in a form that other programs stumble over.</source>
-        <translation>Der Frame %1 hat eine Form, über die andere Programme stolpern.</translation>
+        <translation>Der Frame %1 hat eine Form, an der andere Programme scheitern.</translation>
     </message>
     <message id="ProblemFrameOverrun">
         <source>The frame %1 is larger than what is left of the tag.</source>
@@ -957,11 +957,11 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ProblemFrameSize">
         <source>The frame %1 has a size that cannot be.</source>
-        <translation>Der Frame %1 hat eine Größe, die nicht sein kann.</translation>
+        <translation>Der Frame %1 hat eine unmögliche Größe.</translation>
     </message>
     <message id="ProblemPicture">
         <source>A picture cannot be read.</source>
-        <translation>Ein Bild kann nicht gelesen werden.</translation>
+        <translation>Ein Bild ist nicht lesbar.</translation>
     </message>
     <message id="ProgressOfRun">
         <source>Progress of the whole run</source>
@@ -1001,7 +1001,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="RegenerateAll">
         <source>Regenerate &amp;all</source>
-        <translation>&amp;Alle regenerieren</translation>
+        <translation>&amp;Alle neu schreiben</translation>
     </message>
     <message id="RegenerateBegun">
         <source>Waiting</source>
@@ -1009,19 +1009,19 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="RegenerateDone">
         <source>Regenerated</source>
-        <translation>Regeneriert</translation>
+        <translation>Neu geschrieben</translation>
     </message>
     <message id="RegenerateDropped">
         <source>Dropped</source>
-        <translation>Fällt weg</translation>
+        <translation>Verworfen</translation>
     </message>
     <message id="RegenerateExplanation">
         <source>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</source>
-        <translation>Beim Regenerieren wird ein Tag aus dem neu geschrieben, was daran heil und bekannt ist. Was wegfällt, lässt sich nicht zurückholen.</translation>
+        <translation>Ein Tag wird mit dem neu geschrieben, was darin unversehrt und bekannt ist. Was verworfen wird, lässt sich nicht zurückholen.</translation>
     </message>
     <message id="RegenerateKept">
         <source>Kept</source>
-        <translation>Bleibt</translation>
+        <translation>Behalten</translation>
     </message>
     <message id="RegenerateNothing">
         <source>Nothing</source>
@@ -1037,7 +1037,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="RegenerateReading">
         <source>Reading…</source>
-        <translation>Wird gelesen …</translation>
+        <translation>Wird gelesen…</translation>
     </message>
     <message id="RegenerateResult">
         <source>Result</source>
@@ -1045,7 +1045,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="RegenerateSelected">
         <source>&amp;Regenerate selected</source>
-        <translation>Ausgewählte &amp;regenerieren</translation>
+        <translation>Aus&amp;gewählte neu schreiben</translation>
     </message>
     <message id="RegenerateSong">
         <source>Song</source>
@@ -1057,7 +1057,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="RegenerateStop">
         <source>&amp;Stop</source>
-        <translation>&amp;Stopp</translation>
+        <translation>An&amp;halten</translation>
     </message>
     <message id="RegenerateTitle">
         <source>Songs with damaged tags</source>
@@ -1109,7 +1109,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ReviewColumnState">
         <source>State</source>
-        <translation>Stand</translation>
+        <translation>Zustand</translation>
     </message>
     <message id="ReviewColumnTracks">
         <source>Tracks</source>
@@ -1133,11 +1133,11 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ReviewNothingAccepted">
         <source>Nothing of what was found</source>
-        <translation>Nichts von dem Gefundenen</translation>
+        <translation>Nichts vom Gefundenen</translation>
     </message>
     <message id="ReviewNothingToWrite">
         <source>Nothing is to be written.</source>
-        <translation>Nichts ist zu schreiben.</translation>
+        <translation>Es ist nichts zu schreiben.</translation>
     </message>
     <message id="ReviewPictureSize">
         <source>%1 × %2 pixels</source>
@@ -1145,11 +1145,11 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ReviewPlaceholder">
         <source>Songs for which something was found are listed here, with their old and new values.</source>
-        <translation>Hier stehen Songs, für die etwas gefunden wurde, mit alten und neuen Werten.</translation>
+        <translation>Songs, für die etwas gefunden wurde, stehen hier mit ihren alten und neuen Werten.</translation>
     </message>
     <message id="ReviewSkip">
         <source>S&amp;kip</source>
-        <translation>Ü&amp;berspringen</translation>
+        <translation>Über&amp;springen</translation>
     </message>
     <message id="ReviewSongName">
         <source>%1 – %2</source>
@@ -1157,7 +1157,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ReviewStateApplying">
         <source>Applying the album …</source>
-        <translation>Album wird angewandt …</translation>
+        <translation>Album wird übernommen …</translation>
     </message>
     <message id="ReviewStateSkipped">
         <source>Skipped</source>
@@ -1177,11 +1177,11 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ReviewTakeAlbum">
         <source>&amp;Take This Album</source>
-        <translation>Dieses Album &amp;nehmen</translation>
+        <translation>&amp;Dieses Album nehmen</translation>
     </message>
     <message id="ReviewTitle">
         <source>Review</source>
-        <translation>Überprüfung</translation>
+        <translation>Durchsicht</translation>
     </message>
     <message id="ReviewToWrite">
         <source>Songs to be written: %1</source>
@@ -1189,7 +1189,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ReviewWrite">
         <source>&amp;Write</source>
-        <translation>&amp;Schreiben</translation>
+        <translation>S&amp;chreiben</translation>
     </message>
     <message id="ReviewWriteAll">
         <source>Write &amp;All</source>
@@ -1265,7 +1265,7 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ToolTipAllowSubstrings">
         <source>Also takes albums and tracks whose name is a part of the song’s, or the other way round.</source>
-        <translation>Nimmt auch Alben und Titel, deren Name ein Teil von dem des Songs ist oder umgekehrt.</translation>
+        <translation>Nimmt auch Alben und Titel, deren Name ein Teil des Namens beim Song ist, oder umgekehrt.</translation>
     </message>
     <message id="ToolTipGather">
         <source>Fills this in where a song lacks it.</source>
@@ -1273,11 +1273,11 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ToolTipGenreContained">
         <source>This name stands within the longer one; the rest of it is lost.</source>
-        <translation>Dieser Name steht in dem längeren; der Rest davon geht verloren.</translation>
+        <translation>Dieser Name steht in dem längeren; dessen Rest geht verloren.</translation>
     </message>
     <message id="ToolTipGenreNear">
         <source>This name differs by one letter.</source>
-        <translation>Dieser Name unterscheidet sich um einen Buchstaben.</translation>
+        <translation>Dieser Name unterscheidet sich in einem Buchstaben.</translation>
     </message>
     <message id="ToolTipIdentify">
         <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
@@ -1285,19 +1285,19 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ToolTipIdentifyNoKey">
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
-        <translation>Braucht einen eigenen Schlüssel für den Dienst AcoustID, den Sie in den Einstellungen eintragen können.</translation>
+        <translation>Braucht einen eigenen Schlüssel für den Dienst AcoustID, den Sie in den Einstellungen eingeben können.</translation>
     </message>
     <message id="ToolTipLyricsCleanUp">
         <source>Replaces what sources often get wrong, such as odd quotation marks</source>
-        <translation>Ersetzt, was Quellen oft falsch schreiben, etwa seltsame Anführungszeichen</translation>
+        <translation>Ersetzt, was Quellen oft falsch haben, etwa ungewöhnliche Anführungszeichen</translation>
     </message>
     <message id="ToolTipLyricsFilter">
         <source>Typed and pasted lyrics are cleaned up before they are written</source>
-        <translation>Getippte und eingesetzte Songtexte werden aufgeräumt, bevor sie geschrieben werden</translation>
+        <translation>Getippte und eingefügte Songtexte werden bereinigt, bevor sie geschrieben werden</translation>
     </message>
     <message id="ToolTipOverwrite">
         <source>Also where a song has a value already.</source>
-        <translation>Auch wo ein Song schon einen Wert hat.</translation>
+        <translation>Auch dort, wo ein Song schon einen Wert hat.</translation>
     </message>
     <message id="ToolTipParallelSearch">
         <source>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</source>
@@ -1305,11 +1305,11 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ToolTipPasteNothing">
         <source>The copied tags hold nothing here; pasting it empties the field.</source>
-        <translation>Die kopierten Tags enthalten hier nichts; das Feld wird dadurch geleert.</translation>
+        <translation>Die kopierten Tags enthalten hier nichts; das Einfügen leert das Feld.</translation>
     </message>
     <message id="ToolTipReview">
         <source>Nothing is written before you have seen it. The songs wait in the review.</source>
-        <translation>Nichts wird geschrieben, bevor Sie es gesehen haben. Die Songs warten in der Überprüfung.</translation>
+        <translation>Nichts wird geschrieben, bevor Sie es gesehen haben. Die Songs warten in der Durchsicht.</translation>
     </message>
     <message id="ToolTipReviewSkip">
         <source>Leaves the selected songs as they are.</source>
@@ -1317,15 +1317,15 @@ Die ausgewählten Songs haben verschiedene Cover</translation>
     </message>
     <message id="ToolTipReviewWrite">
         <source>Writes what is checked into the selected songs. In songs that are written already, what is no longer checked gets its old value back.</source>
-        <translation>Schreibt, was angekreuzt ist, in die ausgewählten Songs. In schon geschriebenen bekommt, was nicht mehr angekreuzt ist, seinen alten Wert zurück.</translation>
+        <translation>Schreibt das Angekreuzte in die ausgewählten Songs. Bei schon geschriebenen Songs erhält, was nicht mehr angekreuzt ist, seinen alten Wert zurück.</translation>
     </message>
     <message id="ToolTipReviewWriteAll">
         <source>Writes what is checked into all songs that wait.</source>
-        <translation>Schreibt, was angekreuzt ist, in alle wartenden Songs.</translation>
+        <translation>Schreibt das Angekreuzte in alle wartenden Songs.</translation>
     </message>
     <message id="ToolTipTakeAlbum">
         <source>Fills the song in from this album instead. Nothing is written yet.</source>
-        <translation>Füllt den Song stattdessen aus diesem Album. Noch wird nichts geschrieben.</translation>
+        <translation>Ergänzt den Song stattdessen aus diesem Album. Noch wird nichts geschrieben.</translation>
     </message>
     <message id="Track">
         <source>Track</source>

@@ -29,7 +29,7 @@
     </message>
     <message id="ArtworkAddToSongs">
         <source>Add the picture to %1 songs?</source>
-        <translation>Ajouter l’image à %1 morceaux ?</translation>
+        <translation>Ajouter l’image à %1 morceaux ?</translation>
     </message>
     <message id="ArtworkCaption">
         <source>%1 × %2 pixels, %3
@@ -57,13 +57,13 @@
         <source>No artwork
 
 Drop or paste a picture here</source>
-        <translation>Aucune pochette
+        <translation>Pas de pochette
 
 Déposez ou collez une image ici</translation>
     </message>
     <message id="ArtworkOfFirstSongs">
         <source>As in the first %1 of %2 songs</source>
-        <translation>Comme dans les %1 premiers de %2 morceaux</translation>
+        <translation>Comme pour les %1 premiers morceaux sur %2</translation>
     </message>
     <message id="ArtworkPosition">
         <source>%1 of %2</source>
@@ -83,11 +83,11 @@ Déposez ou collez une image ici</translation>
     </message>
     <message id="ArtworkRemoveAllFromSongs">
         <source>Remove all pictures from %1 songs?</source>
-        <translation>Supprimer toutes les images de %1 morceaux ?</translation>
+        <translation>Supprimer toutes les images de %1 morceaux ?</translation>
     </message>
     <message id="ArtworkRemoveFromSongs">
         <source>Remove the picture from %1 songs?</source>
-        <translation>Supprimer l’image de %1 morceaux ?</translation>
+        <translation>Supprimer l’image de %1 morceaux ?</translation>
     </message>
     <message id="ArtworkReplace">
         <source>Replace</source>
@@ -95,7 +95,7 @@ Déposez ou collez une image ici</translation>
     </message>
     <message id="ArtworkReplaceInSongs">
         <source>Replace the artwork of %1 songs?</source>
-        <translation>Remplacer la pochette de %1 morceaux ?</translation>
+        <translation>Remplacer la pochette de %1 morceaux ?</translation>
     </message>
     <message id="ArtworkSaveTitle">
         <source>Save picture</source>
@@ -125,7 +125,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ChangeOfGenres">
         <source>Standardising of genres</source>
-        <translation>Standardisation des genres</translation>
+        <translation>Normalisation des genres</translation>
     </message>
     <message id="ChangeOfLyrics">
         <source>Change of lyrics</source>
@@ -133,11 +133,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ChangeOfPastedTags">
         <source>Pasting of tags</source>
-        <translation>Collage de tags</translation>
+        <translation>Collage d’étiquettes</translation>
     </message>
     <message id="ChangeSheetCount">
         <source>Songs to be changed: %1.</source>
-        <translation>Morceaux qui seront modifiés : %1.</translation>
+        <translation>Morceaux à modifier : %1.</translation>
     </message>
     <message id="ChangeSheetRefused">
         <source>Of these, %1 cannot be written and will stay as they are.</source>
@@ -201,11 +201,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="CompilationWarningDontWarn">
         <source>Do not warn of this again</source>
-        <translation>Ne plus avertir</translation>
+        <translation>Ne plus m’avertir</translation>
     </message>
     <message id="CompilationWarningText">
         <source>“%1” by %2 is part of a compilation, and not everything was found for it. Sources often list such albums under another artist.</source>
-        <translation>« %1 » de %2 fait partie d’une compilation, et tout n’a pas été trouvé. Les sources rangent souvent ces albums sous un autre artiste.</translation>
+        <translation>« %1 » de %2 fait partie d’une compilation et tout n’a pas été trouvé. Les sources classent souvent ces albums sous un autre artiste.</translation>
     </message>
     <message id="CompilationWarningTitle">
         <source>Songs of compilations</source>
@@ -325,7 +325,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ErrorNoPictureOnClipboard">
         <source>There is no picture on the clipboard.</source>
-        <translation>Le presse-papiers ne contient pas d’image.</translation>
+        <translation>Il n’y a pas d’image dans le presse-papiers.</translation>
     </message>
     <message id="ErrorNoSong">
         <source>This is no song file that can be read</source>
@@ -337,7 +337,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ErrorNoTagsOnClipboard">
         <source>There are no tags on the clipboard.</source>
-        <translation>Le presse-papiers ne contient pas de tags.</translation>
+        <translation>Il n’y a pas d’étiquettes dans le presse-papiers.</translation>
     </message>
     <message id="ErrorNoYear">
         <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
@@ -353,11 +353,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ErrorOtherNumberOfSongs">
         <source>Songs copied: %1, songs selected: %2. Copy a single song, or select as many songs as were copied.</source>
-        <translation>Morceaux copiés : %1, morceaux sélectionnés : %2. Copiez un seul morceau, ou sélectionnez-en autant que vous en avez copié.</translation>
+        <translation>Morceaux copiés : %1, morceaux sélectionnés : %2. Copiez un seul morceau, ou sélectionnez autant de morceaux que vous en avez copiés.</translation>
     </message>
     <message id="ErrorPictureTooLarge">
         <source>The picture has more than %1 MB.</source>
-        <translation>L’image dépasse %1 Mo.</translation>
+        <translation>L’image dépasse %1 Mo.</translation>
     </message>
     <message id="ErrorPictureUnreadable">
         <source>The picture is damaged or has more than 100 megapixels.</source>
@@ -397,7 +397,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ErrorStillDamaged">
         <source>The tag is still damaged.</source>
-        <translation>Le tag est toujours endommagé.</translation>
+        <translation>L’étiquette est toujours endommagée.</translation>
     </message>
     <message id="ErrorStrangeAnswer">
         <source>the answer of the service is not understood</source>
@@ -421,19 +421,19 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ErrorTooMuchToCopy">
         <source>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</source>
-        <translation>C’est trop à la fois. Copiez au plus 1 000 morceaux, avec au plus 128 Mo d’images.</translation>
+        <translation>C’est trop à copier en une fois. Copiez au plus 1 000 morceaux, avec au plus 128 Mo d’images.</translation>
     </message>
     <message id="FieldAndValue">
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1 : %2</translation>
     </message>
     <message id="FindNext">
         <source>Find next</source>
-        <translation>Rechercher le suivant</translation>
+        <translation>Suivant</translation>
     </message>
     <message id="FindPrevious">
         <source>Find previous</source>
-        <translation>Rechercher le précédent</translation>
+        <translation>Précédent</translation>
     </message>
     <message id="GeneralErrorPrefix">
         <source>Network: </source>
@@ -469,11 +469,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="LogPausedForReview">
         <source>Gathering waits: %1 songs are to be reviewed first</source>
-        <translation>La recherche attend : %1 morceaux sont d’abord à vérifier</translation>
+        <translation>La collecte attend : %1 morceaux sont d’abord à vérifier</translation>
     </message>
     <message id="LogPlaceholder">
         <source>What is found and written is listed here.</source>
-        <translation>Ce qui est trouvé et écrit s’affiche ici.</translation>
+        <translation>Ce qui est trouvé et écrit est indiqué ici.</translation>
     </message>
     <message id="LogSetInfo">
         <source>Set %1 of “%2”</source>
@@ -497,7 +497,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="LyricsFilter">
         <source>Clean up lyrics when they are &amp;saved</source>
-        <translation>Nettoyer les paroles à l’&amp;enregistrement</translation>
+        <translation>Nettoyer les paroles à l’en&amp;registrement</translation>
     </message>
     <message id="LyricsFind">
         <source>Find in lyrics</source>
@@ -509,7 +509,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="LyricsForAllPrompt">
         <source>Lyrics for all selected songs:</source>
-        <translation>Paroles pour tous les morceaux sélectionnés :</translation>
+        <translation>Paroles pour tous les morceaux sélectionnés :</translation>
     </message>
     <message id="LyricsForAllTitle">
         <source>Lyrics for all songs</source>
@@ -525,7 +525,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="LyricsNone">
         <source>No lyrics</source>
-        <translation>Aucunes paroles</translation>
+        <translation>Pas de paroles</translation>
     </message>
     <message id="LyricsNotFound">
         <source>Not found.</source>
@@ -541,15 +541,15 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="LyricsRemoveFromSongs">
         <source>Remove the lyrics from %1 songs?</source>
-        <translation>Supprimer les paroles de %1 morceaux ?</translation>
+        <translation>Supprimer les paroles de %1 morceaux ?</translation>
     </message>
     <message id="LyricsSet">
         <source>Set lyrics</source>
-        <translation>Appliquer</translation>
+        <translation>Définir les paroles</translation>
     </message>
     <message id="LyricsSetInSongs">
         <source>Set these lyrics in %1 songs?</source>
-        <translation>Appliquer ces paroles à %1 morceaux ?</translation>
+        <translation>Définir ces paroles dans %1 morceaux ?</translation>
     </message>
     <message id="LyricsSeveralSongs">
         <source>Select one song to read and edit its lyrics.</source>
@@ -649,7 +649,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="MenuRedoNamed">
         <source>&amp;Redo %1</source>
-        <translation>&amp;Rétablir : %1</translation>
+        <translation>&amp;Rétablir : %1</translation>
     </message>
     <message id="MenuRegenerate">
         <source>&amp;Regenerate Tags…</source>
@@ -717,7 +717,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="MenuUndoNamed">
         <source>&amp;Undo %1</source>
-        <translation>&amp;Annuler : %1</translation>
+        <translation>&amp;Annuler : %1</translation>
     </message>
     <message id="MenuWelcome">
         <source>&amp;Welcome</source>
@@ -749,7 +749,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="OptionsAllowSubstrings">
         <source>Names may match in part</source>
-        <translation>Accepter une partie du nom</translation>
+        <translation>Les noms peuvent correspondre en partie</translation>
     </message>
     <message id="OptionsGather">
         <source>Look for</source>
@@ -765,7 +765,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="OptionsOverwriteAsset">
         <source>Replace what is there: %1</source>
-        <translation>Remplacer l’existant : %1</translation>
+        <translation>Remplacer l’existant : %1</translation>
     </message>
     <message id="OptionsParallelSearch">
         <source>Ask all sources at once</source>
@@ -781,7 +781,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="OptionsPickBest">
         <source>The best match</source>
-        <translation>Celui qui convient le mieux</translation>
+        <translation>Le plus proche</translation>
     </message>
     <message id="OptionsPickBestHint">
         <source>Compares length, track, year and names with the song.</source>
@@ -793,7 +793,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="OptionsPickEarliestHint">
         <source>Mostly the original, not a collection.</source>
-        <translation>Le plus souvent l’original, pas une collection.</translation>
+        <translation>Le plus souvent l’original, pas un recueil.</translation>
     </message>
     <message id="OptionsPickNone">
         <source>None</source>
@@ -809,11 +809,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="OptionsSearch">
         <source>How to look</source>
-        <translation>Méthode de recherche</translation>
+        <translation>Mode de recherche</translation>
     </message>
     <message id="OptionsTitle">
         <source>Gathering options</source>
-        <translation>Options de recherche</translation>
+        <translation>Options de collecte</translation>
     </message>
     <message id="OverwriteTitleCancel">
         <source>Cancel</source>
@@ -821,7 +821,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="OverwriteTitleMessage">
         <source>Titles will be looked for by track number and replace those that the songs have. Songs whose track number is wrong get wrong titles.</source>
-        <translation>Les titres seront recherchés par numéro de piste et remplaceront ceux des morceaux. Un morceau dont le numéro est faux reçoit un titre faux.</translation>
+        <translation>Les titres seront recherchés d’après le numéro de piste et remplaceront ceux des morceaux. Les morceaux dont le numéro est faux recevront un faux titre.</translation>
     </message>
     <message id="OverwriteTitleProceed">
         <source>Replace</source>
@@ -829,11 +829,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="OverwriteTitleTitle">
         <source>Replace titles?</source>
-        <translation>Remplacer les titres ?</translation>
+        <translation>Remplacer les titres ?</translation>
     </message>
     <message id="PasteTagsInOrder">
         <source>Paste the tags of %1 songs, in order?</source>
-        <translation>Coller les tags de %1 morceaux, dans l’ordre ?</translation>
+        <translation>Coller les étiquettes de %1 morceaux, dans l’ordre ?</translation>
     </message>
     <message id="PasteTagsProceed">
         <source>Paste</source>
@@ -841,7 +841,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="PasteTagsQuestion">
         <source>Paste the copied tag?</source>
-        <translation>Coller le tag copié ?</translation>
+        <translation>Coller l’étiquette copiée ?</translation>
     </message>
     <message id="PictureArtist">
         <source>Artist</source>
@@ -849,7 +849,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="PictureBackCover">
         <source>Back cover</source>
-        <translation>Dos de la pochette</translation>
+        <translation>Verso de la pochette</translation>
     </message>
     <message id="PictureBand">
         <source>Band</source>
@@ -873,7 +873,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="PictureFish">
         <source>A bright coloured fish</source>
-        <translation>Un poisson de couleur vive</translation>
+        <translation>Un poisson aux couleurs vives</translation>
     </message>
     <message id="PictureFrontCover">
         <source>Front cover</source>
@@ -913,7 +913,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="PicturePerformance">
         <source>During performance</source>
-        <translation>En concert</translation>
+        <translation>Pendant la représentation</translation>
     </message>
     <message id="PicturePublisherLogo">
         <source>Logo of the publisher</source>
@@ -941,23 +941,23 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ProblemExtendedHeader">
         <source>The extended header is larger than the tag.</source>
-        <translation>L’en-tête étendu est plus grand que le tag.</translation>
+        <translation>L’en-tête étendu est plus grand que l’étiquette.</translation>
     </message>
     <message id="ProblemFrameDangerous">
         <source>The frame %1 stands in a form that other programs stumble over.</source>
-        <translation>Le champ %1 a une forme sur laquelle d’autres programmes trébuchent.</translation>
+        <translation>Le cadre %1 a une forme sur laquelle d’autres programmes butent.</translation>
     </message>
     <message id="ProblemFrameOverrun">
         <source>The frame %1 is larger than what is left of the tag.</source>
-        <translation>Le champ %1 est plus grand que le reste du tag.</translation>
+        <translation>Le cadre %1 est plus grand que le reste de l’étiquette.</translation>
     </message>
     <message id="ProblemFramePacked">
         <source>The frame %1 is compressed and cannot be unpacked.</source>
-        <translation>Le champ %1 est compressé et ne peut pas être décompressé.</translation>
+        <translation>Le cadre %1 est compressé et ne peut pas être décompressé.</translation>
     </message>
     <message id="ProblemFrameSize">
         <source>The frame %1 has a size that cannot be.</source>
-        <translation>Le champ %1 a une taille impossible.</translation>
+        <translation>Le cadre %1 a une taille impossible.</translation>
     </message>
     <message id="ProblemPicture">
         <source>A picture cannot be read.</source>
@@ -1017,7 +1017,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="RegenerateExplanation">
         <source>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</source>
-        <translation>La régénération réécrit un tag avec ce qu’il contient de sain et de connu. Ce qui est abandonné ne peut pas être récupéré.</translation>
+        <translation>Une étiquette est réécrite avec ce qui y est intact et reconnu. Ce qui est abandonné ne peut pas être récupéré.</translation>
     </message>
     <message id="RegenerateKept">
         <source>Kept</source>
@@ -1057,11 +1057,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="RegenerateStop">
         <source>&amp;Stop</source>
-        <translation>&amp;Arrêter</translation>
+        <translation>Arrê&amp;ter</translation>
     </message>
     <message id="RegenerateTitle">
         <source>Songs with damaged tags</source>
-        <translation>Morceaux aux tags endommagés</translation>
+        <translation>Morceaux aux étiquettes endommagées</translation>
     </message>
     <message id="ReviewAlbumChosen">
         <source>chosen</source>
@@ -1121,7 +1121,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ReviewMorePictures">
         <source>%1, and %2 more</source>
-        <translation>%1, et %2 de plus</translation>
+        <translation>%1 et %2 autres</translation>
     </message>
     <message id="ReviewNoName">
         <source>without a name</source>
@@ -1137,7 +1137,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ReviewNothingToWrite">
         <source>Nothing is to be written.</source>
-        <translation>Rien à écrire.</translation>
+        <translation>Il n’y a rien à écrire.</translation>
     </message>
     <message id="ReviewPictureSize">
         <source>%1 × %2 pixels</source>
@@ -1145,7 +1145,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ReviewPlaceholder">
         <source>Songs for which something was found are listed here, with their old and new values.</source>
-        <translation>Les morceaux pour lesquels quelque chose a été trouvé s’affichent ici, avec leurs anciennes et nouvelles valeurs.</translation>
+        <translation>Les morceaux pour lesquels quelque chose a été trouvé figurent ici, avec leurs anciennes et nouvelles valeurs.</translation>
     </message>
     <message id="ReviewSkip">
         <source>S&amp;kip</source>
@@ -1177,7 +1177,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ReviewTakeAlbum">
         <source>&amp;Take This Album</source>
-        <translation>Prendre cet al&amp;bum</translation>
+        <translation>P&amp;rendre cet album</translation>
     </message>
     <message id="ReviewTitle">
         <source>Review</source>
@@ -1185,7 +1185,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ReviewToWrite">
         <source>Songs to be written: %1</source>
-        <translation>Morceaux à écrire : %1</translation>
+        <translation>Morceaux à écrire : %1</translation>
     </message>
     <message id="ReviewWrite">
         <source>&amp;Write</source>
@@ -1241,7 +1241,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="StandardiseGenreExplanation">
         <source>Genres are given the names of the genre table. Choose which are changed; a click on a new genre chooses another one.</source>
-        <translation>Les genres reçoivent les noms de la table des genres. Choisissez ceux qui sont modifiés ; un clic sur un nouveau genre permet d’en choisir un autre.</translation>
+        <translation>Les genres reçoivent les noms de la table des genres. Choisissez lesquels sont modifiés ; un clic sur un nouveau genre en choisit un autre.</translation>
     </message>
     <message id="StandardiseGenreNone">
         <source>None of the selected songs has a genre.</source>
@@ -1253,11 +1253,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="StandardiseGenreTitle">
         <source>Standardise genres</source>
-        <translation>Standardiser les genres</translation>
+        <translation>Normaliser les genres</translation>
     </message>
     <message id="TagsOnClipboardTitle">
         <source>Copied tags</source>
-        <translation>Tags copiés</translation>
+        <translation>Étiquettes copiées</translation>
     </message>
     <message id="ToolBarTitle">
         <source>Toolbar</source>
@@ -1265,15 +1265,15 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ToolTipAllowSubstrings">
         <source>Also takes albums and tracks whose name is a part of the song’s, or the other way round.</source>
-        <translation>Accepte aussi les albums et pistes dont le nom est une partie de celui du morceau, ou l’inverse.</translation>
+        <translation>Accepte aussi les albums et les pistes dont le nom est une partie de celui du morceau, ou l’inverse.</translation>
     </message>
     <message id="ToolTipGather">
         <source>Fills this in where a song lacks it.</source>
-        <translation>Complète ce champ lorsqu’il manque.</translation>
+        <translation>Complète ceci là où un morceau en manque.</translation>
     </message>
     <message id="ToolTipGenreContained">
         <source>This name stands within the longer one; the rest of it is lost.</source>
-        <translation>Ce nom fait partie du nom plus long ; le reste est perdu.</translation>
+        <translation>Ce nom figure dans le plus long ; le reste de celui-ci est perdu.</translation>
     </message>
     <message id="ToolTipGenreNear">
         <source>This name differs by one letter.</source>
@@ -1281,23 +1281,23 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ToolTipIdentify">
         <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
-        <translation>Envoie une empreinte du son au service AcoustID, rien d’autre du morceau.</translation>
+        <translation>Envoie une empreinte sonore au service AcoustID, et rien d’autre du morceau.</translation>
     </message>
     <message id="ToolTipIdentifyNoKey">
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
-        <translation>Demande une clé personnelle du service AcoustID, à saisir dans les préférences.</translation>
+        <translation>Nécessite une clé personnelle pour le service AcoustID, à saisir dans les préférences.</translation>
     </message>
     <message id="ToolTipLyricsCleanUp">
         <source>Replaces what sources often get wrong, such as odd quotation marks</source>
-        <translation>Remplace ce que les sources écrivent souvent mal, comme d’étranges guillemets</translation>
+        <translation>Remplace ce que les sources écrivent souvent mal, comme des guillemets inhabituels</translation>
     </message>
     <message id="ToolTipLyricsFilter">
         <source>Typed and pasted lyrics are cleaned up before they are written</source>
-        <translation>Les paroles saisies ou collées sont nettoyées avant d’être écrites</translation>
+        <translation>Les paroles saisies et collées sont nettoyées avant d’être écrites</translation>
     </message>
     <message id="ToolTipOverwrite">
         <source>Also where a song has a value already.</source>
-        <translation>Même lorsqu’un morceau a déjà une valeur.</translation>
+        <translation>Même là où un morceau a déjà une valeur.</translation>
     </message>
     <message id="ToolTipParallelSearch">
         <source>Faster. Otherwise sources are asked one after the other, and only for what is still missing.</source>
@@ -1305,11 +1305,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ToolTipPasteNothing">
         <source>The copied tags hold nothing here; pasting it empties the field.</source>
-        <translation>Les tags copiés ne contiennent rien ici ; le champ sera vidé.</translation>
+        <translation>Les étiquettes copiées ne contiennent rien ici ; les coller vide le champ.</translation>
     </message>
     <message id="ToolTipReview">
         <source>Nothing is written before you have seen it. The songs wait in the review.</source>
-        <translation>Rien n’est écrit avant que vous l’ayez vu. Les morceaux attendent dans la vérification.</translation>
+        <translation>Rien n’est écrit avant que vous ne l’ayez vu. Les morceaux attendent dans la vérification.</translation>
     </message>
     <message id="ToolTipReviewSkip">
         <source>Leaves the selected songs as they are.</source>
@@ -1317,7 +1317,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ToolTipReviewWrite">
         <source>Writes what is checked into the selected songs. In songs that are written already, what is no longer checked gets its old value back.</source>
-        <translation>Écrit ce qui est coché dans les morceaux sélectionnés. Dans ceux déjà écrits, ce qui n’est plus coché reprend son ancienne valeur.</translation>
+        <translation>Écrit ce qui est coché dans les morceaux sélectionnés. Dans les morceaux déjà écrits, ce qui n’est plus coché retrouve son ancienne valeur.</translation>
     </message>
     <message id="ToolTipReviewWriteAll">
         <source>Writes what is checked into all songs that wait.</source>
@@ -1325,7 +1325,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ToolTipTakeAlbum">
         <source>Fills the song in from this album instead. Nothing is written yet.</source>
-        <translation>Complète le morceau avec cet album. Rien n’est encore écrit.</translation>
+        <translation>Complète plutôt le morceau à partir de cet album. Rien n’est encore écrit.</translation>
     </message>
     <message id="Track">
         <source>Track</source>
