@@ -4,7 +4,7 @@ build_packages=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev qt6-base-dev-tools qt6-httpserver-dev qt6-websockets-dev
     qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libgl1-mesa-dev libqt6svg6
-    libplist-dev zlib1g-dev libssl-dev libcli11-dev
+    libplist-dev zlib1g-dev libxxhash-dev libssl-dev libcli11-dev
     libchromaprint-dev libavformat-dev libavcodec-dev libswresample-dev libavutil-dev
 )
 

@@ -58,18 +58,25 @@ qint64 alignedUp(qint64 offset)
 }
 } // namespace
 
+FileRange shareRange(int from, FileRange range, int to, qint64 toOffset)
+{
+    const FileRange none = {range.end(), 0};
+    if ((range.offset - toOffset) % shareableAlignment != 0)
+        return none;
+    const qint64 head = alignedUp(range.offset) - range.offset;
+    const qint64 length = (range.length - head) / shareableAlignment * shareableAlignment;
+    if (length <= 0 || !shareBlocks(from, range.offset + head, to, toOffset + head, length))
+        return none;
+    return {range.offset + head, length};
+}
+
 std::error_code copyRange(int from, qint64 fromOffset, int to, qint64 toOffset, qint64 length)
 {
-    const qint64 head = alignedUp(fromOffset) - fromOffset;
-    const qint64 shared = (length - head) / shareableAlignment * shareableAlignment;
-    const bool aligned = (fromOffset - toOffset) % shareableAlignment == 0;
-    if (!aligned || shared <= 0
-        || !shareBlocks(from, fromOffset + head, to, toOffset + head, shared))
-        return copyThroughBuffer(from, fromOffset, to, toOffset, length);
-
+    const FileRange shared = shareRange(from, {fromOffset, length}, to, toOffset);
+    const qint64 head = shared.offset - fromOffset;
     if (const auto error = copyThroughBuffer(from, fromOffset, to, toOffset, head))
         return error;
-    const qint64 done = head + shared;
+    const qint64 done = head + shared.length;
     return copyThroughBuffer(from, fromOffset + done, to, toOffset + done, length - done);
 }
 

@@ -1,7 +1,9 @@
 #include "base/inplacefile.h"
 
+#include "base/descriptor.h"
 #include "base/journalrecovery.h"
 #include "base/overwrite.h"
+#include "base/writejournal.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,15 +1,15 @@
 #include "base/journalformat.h"
 
 #include "base/bytes.h"
+#include "base/checksum.h"
 
 #include <QFile>
 
 #include <utility>
-#include <zlib.h>
 
 namespace {
 
-constexpr QByteArrayView magic("Tagwright journal 2\n");
+constexpr QByteArrayView magic("Tagwright journal 3\n");
 
 void writeNumber(ByteWriter &writer, qint64 number)
 {
@@ -75,22 +75,14 @@ WritePlan readPlan(ByteReader &reader)
 
 } // namespace
 
-quint32 journalChecksum(QByteArrayView bytes)
-{
-    return static_cast<quint32>(::crc32_z(0, reinterpret_cast<const Bytef *>(bytes.data()),
-                                          static_cast<size_t>(bytes.size())));
-}
-
 QByteArray JournalHeader::bytes() const
 {
     ByteWriter writer;
     writer.bytes(magic);
-    writer.u64(static_cast<quint64>(planOffset));
-    writer.u64(static_cast<quint64>(planLength));
-    writer.u32(planChecksum);
-    writer.u64(static_cast<quint64>(packedFrom));
-    writer.u32(packedChecksum);
-    writer.u32(journalChecksum(writer.data()));
+    writeNumber(writer, planLength);
+    writer.u64(planChecksum);
+    writer.u64(savedChecksum);
+    writer.u64(Checksum::of(writer.data()));
     return std::move(writer).data();
 }
 
@@ -100,12 +92,10 @@ std::optional<JournalHeader> JournalHeader::fromBytes(QByteArrayView bytes)
     if (reader.bytes(magic.size()) != magic)
         return std::nullopt;
     JournalHeader header;
-    header.planOffset = static_cast<qint64>(reader.u64());
-    header.planLength = static_cast<qint64>(reader.u64());
-    header.planChecksum = reader.u32();
-    header.packedFrom = static_cast<qint64>(reader.u64());
-    header.packedChecksum = reader.u32();
-    if (reader.u32() != journalChecksum(bytes.first(size - 4)))
+    header.planLength = readNumber(reader);
+    header.planChecksum = reader.u64();
+    header.savedChecksum = reader.u64();
+    if (reader.u64() != Checksum::of(bytes.first(size - 8)))
         return std::nullopt;
     return header;
 }

@@ -18,14 +18,12 @@ struct JournalledWrite {
 
 /// What stands at the front of a journal.
 struct JournalHeader {
-    /// Magic, five numbers, and the checksum of these.
-    static constexpr qint64 size = 20 + 8 + 8 + 4 + 8 + 4 + 4;
+    /// Magic, three numbers, and the checksum of these.
+    static constexpr qint64 size = 20 + 4 * 8;
 
-    qint64 planOffset = 0;
     qint64 planLength = 0;
-    quint32 planChecksum = 0;
-    qint64 packedFrom = 0; ///< as in SavedBytes
-    quint32 packedChecksum = 0; ///< of the saved bytes, where they are packed
+    quint64 planChecksum = 0;
+    quint64 savedChecksum = 0; ///< of the saved bytes
 
     [[nodiscard]] QByteArray bytes() const;
     /// Nothing when these `size` bytes are no sound header.
@@ -36,5 +34,3 @@ struct JournalHeader {
 [[nodiscard]] QByteArray bytesOfWrite(const JournalledWrite &write);
 /// Throws MalformedData when the bytes end too early.
 [[nodiscard]] JournalledWrite writeFromBytes(QByteArrayView bytes);
-
-[[nodiscard]] quint32 journalChecksum(QByteArrayView bytes);

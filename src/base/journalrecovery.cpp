@@ -3,6 +3,7 @@
 #include "base/folders.h"
 #include "base/log.h"
 #include "base/overwrite.h"
+#include "base/writejournal.h"
 
 #include <QDir>
 #include <QFile>
@@ -78,22 +79,41 @@ std::error_code settle(int song, WriteJournal &journal, const JournalledWrite &w
     return {};
 }
 
-void recoverSong(WriteJournal &journal, const JournalledWrite &write)
+std::error_code recoverSong(WriteJournal &journal, const JournalledWrite &write)
 {
     const Descriptor song(::open(QFile::encodeName(write.path).constData(),
                                  O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    if (!song) {
-        leaveForLater(write.path, reasonOf(lastError()));
-        return;
-    }
+    if (!song)
+        return lastError();
     const auto attributes = FileAttributes::of(song.get());
     if (!attributes || !attributes->isRegular())
         putAside(journal, write.path, "it is no file any more");
     else if (!lockFile(song.get(), patience))
         leaveForLater(write.path, qtTrId("ReasonFileBusy"));
-    else if (const auto error =
-                 settle(song.get(), journal, write, attributes->isSameFile(write.before)))
-        leaveForLater(write.path, reasonOf(error));
+    else
+        return settle(song.get(), journal, write, attributes->isSameFile(write.before));
+    return {};
+}
+
+/// A song whose bytes were not all saved was not touched yet.
+void dropUnused(WriteJournal &journal)
+{
+    const QString path = journal.path();
+    journal.drop();
+    qCWarning(logBase).noquote() << "** removed a journal that had not been used:" << path;
+}
+
+/// Calls with what is found when all the bytes are there that the write was going to lose.
+template<typename Settle>
+std::error_code settleIfWhole(WriteJournal::Found &found, Settle settleWith)
+{
+    bool isWhole = false;
+    if (const auto error = found.journal->checkSavedBytes(found.write.plan, isWhole))
+        return error;
+    if (isWhole)
+        return settleWith(*found.journal, found.write);
+    dropUnused(*found.journal);
+    return {};
 }
 
 void recoverJournal(const QString &path)
@@ -104,14 +124,14 @@ void recoverJournal(const QString &path)
     case State::Busy:
         break;
     case State::Incomplete:
-        found.journal->drop();
-        qCWarning(logBase).noquote() << "** removed a journal that had not been used:" << path;
+        dropUnused(*found.journal);
         break;
     case State::Damaged:
         putAside(*found.journal, path, "the journal is damaged");
         break;
     case State::Complete:
-        recoverSong(*found.journal, found.write);
+        if (const auto error = settleIfWhole(found, recoverSong))
+            leaveForLater(found.write.path, reasonOf(error));
         break;
     }
 }
@@ -146,7 +166,11 @@ QString recoverJournalsOf(int song)
             continue;
         if (found.state == WriteJournal::Found::State::Busy)
             return qtTrId("ReasonFileBusy");
-        if (const auto error = settle(song, *found.journal, found.write, true))
+        const auto error =
+            settleIfWhole(found, [song](WriteJournal &journal, const JournalledWrite &write) {
+                return settle(song, journal, write, true);
+            });
+        if (error)
             return qtTrId("ReasonNotRolledBack").arg(reasonOf(error));
     }
     return {};

@@ -1,5 +1,7 @@
 #include "base/overwrite.h"
 
+#include "base/descriptor.h"
+#include "base/fileattributes.h"
 #include "base/filecopy.h"
 
 #include <algorithm>
@@ -16,14 +18,8 @@ public:
     OldBytes(int song, const SavedBytes &savedBytes, const WritePlan &plan)
         : mSong(song)
         , mSavedBytes(savedBytes.file)
+        , mSaved(savedRanges(plan, savedBytes.from))
     {
-        qint64 next = savedBytes.packedFrom;
-        for (const FileRange &lost : plan.lostRanges()) {
-            const bool isPacked = savedBytes.packedFrom != 0;
-            mSaved.push_back(
-                {lost, isPacked ? next - lost.offset : WriteJournal::savedBytesOffset});
-            next += lost.length;
-        }
     }
 
     /// Copies a range of the old bytes to where it shall be in the song.
@@ -45,30 +41,25 @@ public:
 
     [[nodiscard]] std::error_code restore() const
     {
-        for (const Saved &saved : mSaved)
+        for (const SavedRange &saved : mSaved)
             if (const auto error = copyTo(saved.range.offset, saved.range))
                 return error;
         return {};
     }
 
 private:
-    struct Saved {
-        FileRange range; ///< of the song
-        qint64 shift = 0; ///< how much further on it stands in the journal
-    };
-
     /// Calls with the file that holds a part, how much further on it stands there, and the part.
     template<typename Call>
     std::error_code forEachPart(FileRange range, Call call) const
     {
         qint64 done = range.offset;
-        for (const auto &[saved, shift] : mSaved) {
+        for (const auto &[saved, at] : mSaved) {
             const FileRange part = range.intersected(saved);
             if (part.length == 0)
                 continue;
             if (const auto error = call(mSong, 0, {done, part.offset - done}))
                 return error;
-            if (const auto error = call(mSavedBytes, shift, part))
+            if (const auto error = call(mSavedBytes, at - saved.offset, part))
                 return error;
             done = part.end();
         }
@@ -77,7 +68,7 @@ private:
 
     int mSong;
     int mSavedBytes;
-    std::vector<Saved> mSaved;
+    std::vector<SavedRange> mSaved;
 };
 
 /// Takes the room that the song needs to grow, so that a full disk shows up while all its bytes

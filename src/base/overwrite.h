@@ -1,6 +1,8 @@
 #pragma once
 
-#include "base/writejournal.h"
+#include "base/savedbytes.h"
+
+#include <system_error>
 
 /// Makes the open song hold the new bytes, on the disk when this returns without error. Room for
 /// growth is taken before the first byte is overwritten.

@@ -105,12 +105,6 @@ std::error_code planKeptRange(Comparison &comparison, const FileContents::Piece 
 }
 } // namespace
 
-FileRange FileRange::intersected(const FileRange &other) const
-{
-    const qint64 begin = std::max(offset, other.offset);
-    return {begin, std::max<qint64>(std::min(end(), other.end()) - begin, 0)};
-}
-
 std::vector<FileRange> WritePlan::lostRanges() const
 {
     std::vector<FileRange> lost;

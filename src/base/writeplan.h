@@ -1,17 +1,10 @@
 #pragma once
 
 #include "base/filecontents.h"
+#include "base/filerange.h"
 
 #include <system_error>
 #include <vector>
-
-struct FileRange {
-    qint64 offset = 0;
-    qint64 length = 0;
-
-    [[nodiscard]] qint64 end() const { return offset + length; }
-    [[nodiscard]] FileRange intersected(const FileRange &other) const;
-};
 
 /// One range of a file that gets other bytes.
 struct PlannedWrite {

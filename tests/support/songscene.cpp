@@ -139,14 +139,14 @@ TracedRun write(const Scene &scene, const Shape &shape, Disturbance disturbance,
 }
 
 namespace {
-/// A large piece, a small one elsewhere, and one that has the first's place: a journal of each
-/// stands where a longer or shorter one stood.
-const std::vector<Parts> &smallWrites()
+/// A grown tag, a small piece further on, and a tag that shrinks: the journal of each stands where
+/// a shorter or longer one stood.
+const std::vector<Parts> &writesInTurn()
 {
     static const std::vector<Parts> writes = {
-        {{noise(20'000, 4)}, {.offset = 20'000, .length = songSize - 20'000}},
-        {{.length = 50'000}, {noise(700, 5)}, {.offset = 50'700, .length = songSize - 50'700}},
-        {{noise(12'000, 6)}, {.offset = 12'000, .length = songSize - 12'000}}};
+        {{noise(20'000, 4)}, {.offset = 500, .length = songSize - 500}},
+        {{.length = 50'000}, {noise(700, 5)}, {.offset = 50'700, .length = songSize - 31'200}},
+        {{noise(12'000, 6)}, {.offset = 20'000, .length = songSize - 500}}};
     return writes;
 }
 } // namespace
@@ -156,7 +156,7 @@ TracedRun writeThrice(const Scene &scene, Disturbance disturbance, const Observe
     return runTraced(
         [&] {
             KeptJournal kept;
-            for (const Parts &parts : smallWrites())
+            for (const Parts &parts : writesInTurn())
                 if (const int result = resultOf(replace(scene.path(), parts, KeepTime::No, &kept)))
                     return result;
             return int{Written};
@@ -169,7 +169,7 @@ bool isAsAfterAWrite(const Scene &scene)
     const QByteArray now = fileContents(scene.path());
     QByteArray state = oldBytes();
     bool isOneOfThem = now == state;
-    for (const Parts &parts : smallWrites()) {
+    for (const Parts &parts : writesInTurn()) {
         state = bytesFrom(parts, state);
         isOneOfThem = isOneOfThem || now == state;
     }

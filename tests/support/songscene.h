@@ -73,8 +73,7 @@ enum WriteResult { Written, Failed, Strange };
 InPlaceFile::Outcome replace(const QString &path, const Parts &parts,
                              KeepTime keepTime = KeepTime::No, KeptJournal *kept = nullptr);
 
-/// Three small writes, each of the same size as what it replaces, with one journal that is kept
-/// for all of them, in a process of its own.
+/// Three writes with one journal that is kept for all of them, in a process of its own.
 TracedRun writeThrice(const Scene &scene, Disturbance disturbance, const Observer &observer = {});
 /// Whether the song is as it was before one of these writes, or after the last.
 bool isAsAfterAWrite(const Scene &scene);
