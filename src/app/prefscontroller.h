@@ -32,6 +32,8 @@ inline constexpr Setting<bool> dontWarnCompilation{"dontWarnCompilation", false}
 inline constexpr Setting<bool> filterLyrics{"filterLyrics", false};
 /// Lyrics with the times of their lines, from a source that has them.
 inline constexpr Setting<bool> syncedLyrics{"syncedLyrics", false};
+/// Whether the music shop is asked, too.
+inline constexpr Setting<bool> useDeezer{"useDeezer", false};
 
 } // namespace preferences
 

@@ -176,10 +176,17 @@ constexpr std::array lrclib{
     DefinitionKey{"syncedLyrics", Switch},
 };
 
+constexpr std::array deezer{
+    DefinitionKey{"queryAlbum", AddressFormat},  DefinitionKey{"queryTrack", AddressFormat},
+    DefinitionKey{"albumLookup", AddressFormat}, DefinitionKey{"trackList", AddressFormat},
+    DefinitionKey{"maxLookUps", Integer},
+};
+
 constexpr std::array sources{
     SourceSchema{"MusicBrainzInterface", musicBrainz},
     SourceSchema{"CoverArtArchiveInterface", coverArtArchive},
     SourceSchema{"LRCLIBInterface", lrclib},
+    SourceSchema{"DeezerInterface", deezer},
     SourceSchema{"FreeDBInterface", freeDB},
     SourceSchema{"CDUniverseInterface", cdUniverse},
     SourceSchema{"TowerInterface", tower},

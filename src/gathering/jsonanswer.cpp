@@ -13,6 +13,9 @@ QString shownError(const QJsonValue &error)
     return message.toVariant().toString().left(longestShownError);
 }
 
+/// Deezer's way to say what others say by the status 404.
+constexpr int noDataCode = 800;
+
 QString statusReason(int status)
 {
     return QStringLiteral("status %1").arg(status);
@@ -34,6 +37,8 @@ JsonAnswer jsonAnswerOf(const FetchResult &result)
         return {.reason = QStringLiteral("no JSON but %1: %2")
                               .arg(result.MIMEType.value_or(QString()), problem.errorString())};
     const QJsonValue error = document.object().value(QLatin1String("error"));
+    if (error[QLatin1String("code")].toInt() == noDataCode)
+        return {.failedAt = SearchStep::Row, .reason = shownError(error)};
     if (!error.isUndefined() && !error.isNull())
         return {.reason = QStringLiteral("the service tells of an error: ") + shownError(error)};
     return {document, SearchStep::Row, QStringLiteral("nothing in the answer fits the song")};

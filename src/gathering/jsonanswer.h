@@ -14,5 +14,5 @@ struct JsonAnswer {
 };
 
 /// Status and contents decide, not the length. A key "error" in the body is a failure even with
-/// the status 200, as some services send it.
+/// the status 200, as some services send it, unless its code says that there is no such thing.
 [[nodiscard]] JsonAnswer jsonAnswerOf(const FetchResult &result);

@@ -220,7 +220,7 @@ std::optional<QJsonDocument> WebDBInterface::jsonPage(const FetchResult &result)
     if (!answer.document) {
         mQueue.removeURLFromCache(result.url);
         // A service that answers by an error or with a page did not say what it has.
-        mWasUnanswered |= result.status < 400;
+        mWasUnanswered |= result.status < 400 && answer.failedAt == SearchStep::Page;
     }
     return answer.document;
 }

@@ -6,6 +6,7 @@
 #include "sources/ckdigestinterface.h"
 #include "sources/coverartarchiveinterface.h"
 #include "sources/coverkingdominterface.h"
+#include "sources/deezerinterface.h"
 #include "sources/fredocoversinterface.h"
 #include "sources/freedbinterface.h"
 #include "sources/googleimageinterface.h"
@@ -39,12 +40,13 @@ SourceCatalog::Entry digestEntry(const QString &className)
 }
 
 /// What one search looked up serves the others of the run.
-SourceCatalog::Entry musicBrainzEntry(const std::shared_ptr<ReleaseShelf> &shelf)
+template<typename Source>
+SourceCatalog::Entry shelvedEntry(const QString &className,
+                                  const std::shared_ptr<ReleaseShelf> &shelf)
 {
-    return {QStringLiteral("MusicBrainzInterface"),
-            MusicBrainzInterface::resourcesPossiblyAvailable,
+    return {className, Source::resourcesPossiblyAvailable,
             [shelf](SiteDefinition resources, HVHTTPQueue &queue) {
-                return std::make_unique<MusicBrainzInterface>(std::move(resources), queue, shelf);
+                return std::make_unique<Source>(std::move(resources), queue, shelf);
             }};
 }
 
@@ -65,9 +67,11 @@ SourceCatalog builtInSources()
 {
     const auto releases = std::make_shared<ReleaseShelf>();
     return SourceCatalog({
-        musicBrainzEntry(releases),
+        shelvedEntry<MusicBrainzInterface>(QStringLiteral("MusicBrainzInterface"), releases),
         coverArtArchiveEntry(releases),
         entry<LRCLIBInterface>(QStringLiteral("LRCLIBInterface")),
+        shelvedEntry<DeezerInterface>(QStringLiteral("DeezerInterface"),
+                                      std::make_shared<ReleaseShelf>()),
         entry<FreeDBInterface>(QStringLiteral("FreeDBInterface")),
         entry<CDUniverseInterface>(QStringLiteral("CDUniverseInterface")),
         entry<TowerInterface>(QStringLiteral("TowerInterface")),

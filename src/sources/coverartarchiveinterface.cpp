@@ -62,7 +62,7 @@ std::optional<QUrl> addressInArchive(const QString &listed, const QUrl &archive)
 CoverArtArchiveInterface::CoverArtArchiveInterface(SiteDefinition resources, HVHTTPQueue &queue,
                                                    std::shared_ptr<ReleaseShelf> shelf,
                                                    std::shared_ptr<EmptyListings> emptyListings)
-    : ReleaseSource(std::move(resources), queue, std::move(shelf))
+    : ReleaseSearch(std::move(resources), queue, std::move(shelf))
     , mEmptyListings(std::move(emptyListings))
 {
 }

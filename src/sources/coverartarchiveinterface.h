@@ -1,10 +1,10 @@
 #pragma once
 
-#include "sources/releasesource.h"
+#include "sources/releasesearch.h"
 
 /// Artwork from the archive that keeps pictures of the open music database's releases. The release
 /// is the one that was found for the song before, or is searched in the database.
-class CoverArtArchiveInterface : public ReleaseSource {
+class CoverArtArchiveInterface : public ReleaseSearch {
     Q_OBJECT
 
 public:

@@ -1,18 +1,18 @@
 #pragma once
 
 #include "sources/releaserecord.h"
-#include "sources/releasesource.h"
+#include "sources/releasesearch.h"
 
 /// Albums, years, genres and track titles from the open music database that speaks JSON: one
 /// search, then the best release is looked up.
-class MusicBrainzInterface : public ReleaseSource {
+class MusicBrainzInterface : public ReleaseSearch {
     Q_OBJECT
 
 public:
     static constexpr Assets resourcesPossiblyAvailable =
         AssetAlbumName | AssetYear | AssetSongTitle | AssetTrack | AssetGenre;
 
-    using ReleaseSource::ReleaseSource;
+    using ReleaseSearch::ReleaseSearch;
 
     [[nodiscard]] QString className() const override
     {

@@ -21,8 +21,6 @@ constexpr qint64 mostDifference = 7'000; // milliseconds
 /// Behind every date.
 const QString noDate = QStringLiteral("~");
 
-constexpr int unfit = -1;
-
 enum OddKind { ownAlbum, shorterRelease, otherRelease, specialAlbum, collection };
 
 QLatin1String key(const char *name)
@@ -70,29 +68,6 @@ QString withoutBrackets(const QString &name)
     using namespace HVStringExtensions;
     return simplifyString(
         stringWithStrippedBracketedText(stringWithStrippedParenthesizedText(name)));
-}
-
-/// "(Deluxe Edition)" and the like stand in one name and not in the other.
-int unlikenessOfAlbum(const QString &listed, const ReleaseWish &wish)
-{
-    if (wish.album.isEmpty() || HVUtility::isStringSimpleEqual(listed, wish.album))
-        return 0;
-    if (withoutBrackets(listed) == withoutBrackets(wish.album))
-        return 1;
-    const bool overlaps = wish.substrings == Substrings::Allow
-        && simplifiedNamesOverlap(simplifyString(listed), simplifyString(wish.album));
-    return overlaps ? 2 : unfit;
-}
-
-int unlikenessOfSong(const QJsonObject &recording, const ReleaseWish &wish)
-{
-    const QString listed = simplifyString(recording[key("title")].toString());
-    if (!matchesListedTitle(wish.title, listed, wish.substrings))
-        return unfit;
-    const qint64 length = recording[key("length")].toInteger();
-    const bool isOtherVersion =
-        wish.duration && length > 0 && qAbs(*wish.duration - length) > mostDifference;
-    return (isOtherVersion ? 2 : 0) + (listed == wish.title ? 0 : 1);
 }
 
 /// The artists of a compilation are those of its songs.
@@ -163,6 +138,27 @@ QList<ReleaseCandidate> bestFirst(QList<ReleaseCandidate> candidates)
 
 } // namespace
 
+int unlikenessOfAlbum(const QString &listed, const ReleaseWish &wish)
+{
+    if (wish.album.isEmpty() || HVUtility::isStringSimpleEqual(listed, wish.album))
+        return 0;
+    if (withoutBrackets(listed) == withoutBrackets(wish.album))
+        return 1;
+    const bool overlaps = wish.substrings == Substrings::Allow
+        && simplifiedNamesOverlap(simplifyString(listed), simplifyString(wish.album));
+    return overlaps ? 2 : unfit;
+}
+
+int unlikenessOfSong(const QString &listed, qint64 length, const ReleaseWish &wish)
+{
+    const QString title = simplifyString(listed);
+    if (!matchesListedTitle(wish.title, title, wish.substrings))
+        return unfit;
+    const bool isOtherVersion =
+        wish.duration && length > 0 && qAbs(*wish.duration - length) > mostDifference;
+    return (isOtherVersion ? 2 : 0) + (title == wish.title ? 0 : 1);
+}
+
 QString identifierOf(const QJsonValue &value)
 {
     const QUuid identifier = QUuid::fromString(value.toString());
@@ -201,7 +197,8 @@ QList<ReleaseCandidate> candidatesOfRecordings(const QJsonObject &answer, const 
     const QJsonArray recordings = answer[key("recordings")].toArray();
     for (const QJsonValue &value : recordings) {
         const QJsonObject recording = value.toObject();
-        const int unlikeSong = unlikenessOfSong(recording, wish);
+        const int unlikeSong = unlikenessOfSong(recording[key("title")].toString(),
+                                                recording[key("length")].toInteger(), wish);
         if (unlikeSong == unfit || !scoresEnough(recording, wish) || !isByArtist(recording, wish))
             continue;
         const QJsonArray releases = recording[key("releases")].toArray();

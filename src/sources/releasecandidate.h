@@ -37,6 +37,14 @@ struct ReleaseCandidate {
 [[nodiscard]] QList<ReleaseCandidate> candidatesOfRecordings(const QJsonObject &answer,
                                                              const ReleaseWish &wish);
 
+/// What does not fit at all. Lesser numbers of what follows are nearer, 0 the nearest.
+inline constexpr int unfit = -1;
+
+/// "(Deluxe Edition)" and the like may stand in one name and not in the other.
+[[nodiscard]] int unlikenessOfAlbum(const QString &listed, const ReleaseWish &wish);
+/// `length` in milliseconds, 0 where it is not known.
+[[nodiscard]] int unlikenessOfSong(const QString &listed, qint64 length, const ReleaseWish &wish);
+
 /// An MBID in lower case, as the service wants it; empty when the value is none.
 [[nodiscard]] QString identifierOf(const QJsonValue &value);
 

@@ -16,14 +16,6 @@ QLatin1String key(const char *name)
     return QLatin1String(name);
 }
 
-std::optional<QString> yearIn(const QJsonValue &date)
-{
-    const QString year = date.toString().left(yearDigits);
-    bool isNumber = false;
-    const int number = year.toInt(&isNumber);
-    return isNumber && number > 999 ? std::optional(year) : std::nullopt;
-}
-
 /// Names by votes, the most first.
 QStringList namesByVotes(QJsonArray voted)
 {
@@ -56,6 +48,14 @@ ReleaseRecord::Medium mediumOf(const QJsonValue &listed)
 
 } // namespace
 
+std::optional<QString> yearOfDate(const QJsonValue &date)
+{
+    const QString year = date.toString().left(yearDigits);
+    bool isNumber = false;
+    const int number = year.toInt(&isNumber);
+    return isNumber && number > 999 ? std::optional(year) : std::nullopt;
+}
+
 std::optional<QString> votedGenre(const QJsonObject &release)
 {
     const QJsonObject group = release[key("release-group")].toObject();
@@ -83,9 +83,9 @@ std::optional<ReleaseRecord> releaseRecordOf(const QJsonObject &answer)
     if (record.identifiers.release.isEmpty() || record.title.isEmpty())
         return std::nullopt;
     record.artist = creditedArtist(answer);
-    record.year = yearIn(group[key("first-release-date")]);
+    record.year = yearOfDate(group[key("first-release-date")]);
     if (!record.year)
-        record.year = yearIn(answer[key("date")]);
+        record.year = yearOfDate(answer[key("date")]);
     record.genre = votedGenre(answer);
     record.isPlainAlbum = isPlainAlbum(answer);
     const QJsonArray media = answer[key("media")].toArray();

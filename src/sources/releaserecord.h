@@ -11,7 +11,7 @@ struct ReleaseRecord {
         QList<qint64> lengths; ///< milliseconds, 0 where unknown
     };
 
-    ReleaseIdentifiers identifiers; ///< the release's own is there
+    ReleaseIdentifiers identifiers; ///< where the database gave it: the release's own is there
     QString title;
     QString artist;
     std::optional<QString> year; ///< in which the work came out first, not this edition
@@ -28,6 +28,9 @@ struct ReleaseRecord {
 
 /// Nothing when the answer holds no release.
 [[nodiscard]] std::optional<ReleaseRecord> releaseRecordOf(const QJsonObject &answer);
+
+/// Of a date that begins with four digits.
+[[nodiscard]] std::optional<QString> yearOfDate(const QJsonValue &date);
 
 /// The genre with the most votes that fits the genre table, spelled as there; where none fits the
 /// first by votes.

@@ -3,34 +3,24 @@
 #include "gathering/webdbinterface.h"
 #include "sources/releaseshelf.h"
 
-/// What the sources share that search the open music database. They search by the same addresses,
-/// so that the answer to one serves the others.
+/// What the sources share that find a release and then look it up.
 class ReleaseSource : public WebDBInterface {
     Q_OBJECT
 
 public:
-    /// `shelf` is shared by all searches of a run.
+    /// `shelf` is shared by all searches of a run that ask the same service.
     ReleaseSource(SiteDefinition resources, HVHTTPQueue &queue,
                   std::shared_ptr<ReleaseShelf> shelf);
 
 protected:
     [[nodiscard]] ReleaseWish wish() const;
     [[nodiscard]] ReleaseShelf &shelf() { return *mShelf; }
-
-    /// Queues a search of the song's recordings or, where the album is known, of releases, which is
-    /// the same for all songs of the album. gotCandidates() follows unless a search failed.
-    void searchByWords();
-    /// The best first; may be none.
-    virtual void gotCandidates(QList<ReleaseCandidate> candidates) = 0;
+    /// A release goes by its own name, but a compilation by many: the song on it tells it apart.
+    [[nodiscard]] bool isKnownByAlbum() const
+    {
+        return albumTitle() && !(isCompilation() && songTitle());
+    }
 
 private:
-    using Reading = QList<ReleaseCandidate> (*)(const QJsonObject &, const ReleaseWish &);
-
-    void searchReleases();
-    void searchRecordings();
-    void search(const QString &key, const QStringList &terms, Reading candidatesOf,
-                const QString &listKey);
-
     std::shared_ptr<ReleaseShelf> mShelf;
-    bool mSearchedRecordings = false;
 };

@@ -1,6 +1,6 @@
 """The living services on loopback hosts: the music database, its cover archive with the two hosts
-that it sends on to, the lyrics service and the service that knows songs by their sound, with their
-limits, errors and gaps.
+that it sends on to, the lyrics service, the music shop and the service that knows songs by their
+sound, with their limits, errors and gaps.
 
 Run by itself it prints definitions that lead there, for a try by hand."""
 
@@ -18,21 +18,22 @@ import time
 import urllib.parse
 from pathlib import Path
 
-from standin_catalogue import (ALBUMS, INSTRUMENTAL, ON_DISCS, ONLY_SYNCED, SEARCHED,
+from standin_catalogue import (ALBUMS, INSTRUMENTAL, ON_DISCS, ONLY_SYNCED, SEARCHED, VARIOUS,
                                Catalogue, credits, identifier, tokens)
 
 DEFAULTS = Path(__file__).resolve().parents[2] / "resources" / "defaultres.xml"
 SOURCELIST = plistlib.loads(DEFAULTS.read_bytes())["sourcelist"]
 FASTER = 10  # than the real rules
-MUSICBRAINZ, COVERS, LYRICS = SERVICES = (
-    "MusicBrainzInterface", "CoverArtArchiveInterface", "LRCLIBInterface")
+MUSICBRAINZ, COVERS, LYRICS, SHOP = SERVICES = (
+    "MusicBrainzInterface", "CoverArtArchiveInterface", "LRCLIBInterface", "DeezerInterface")
 SOUND = "AcoustIDLookup"
 ARCHIVE, STORAGE = "archive", "storage"  # where the covers' own host sends on to
 HOSTS = {MUSICBRAINZ: "127.0.0.1", COVERS: "127.0.0.2", ARCHIVE: "127.0.0.3",
-         STORAGE: "localhost", LYRICS: "127.0.0.4", SOUND: "127.0.0.6"}
+         STORAGE: "localhost", LYRICS: "127.0.0.4", SHOP: "127.0.0.5", SOUND: "127.0.0.6"}
 REAL = {MUSICBRAINZ: "https://musicbrainz.org", COVERS: "https://coverartarchive.org",
-        LYRICS: "https://lrclib.net", SOUND: "https://api.acoustid.org"}
-LEAST_INTERVAL = {MUSICBRAINZ: 1 / FASTER, LYRICS: 0.2 / FASTER,
+        LYRICS: "https://lrclib.net", SHOP: "https://api.deezer.com",
+        SOUND: "https://api.acoustid.org"}
+LEAST_INTERVAL = {MUSICBRAINZ: 1 / FASTER, LYRICS: 0.2 / FASTER, SHOP: 0.1 / FASTER,
                   SOUND: 0.33 / FASTER}  # seconds
 JITTER = 0.06  # seconds by which a request may come late, and the next one not
 LATENCY = 0.01  # seconds that an answer takes, so that requests side by side are seen
@@ -317,6 +318,73 @@ class Lyrics:
                 "syncedLyrics": synced if song.number % 2 or song.key == ONLY_SYNCED else None}
 
 
+class Shop:
+    """It knows the own albums, errors come with status 200, and a page of a list leads on."""
+
+    def __init__(self, catalogue, address):
+        self.catalogue, self.address = catalogue, address
+        self.releases = [group.releases[0] for group in catalogue.groups.values()
+                         if group.releases[0].status == "Official" and group.kind == "Album"]
+
+    def answer(self, path, query):
+        match path.strip("/").split("/"):
+            case ["search"] | ["search", "track"]:
+                found = [self.track(song, release) for release in self.releases
+                         for song in release.songs if self.fits(song, release, query)]
+            case ["search", "album"]:
+                found = [self.album(release) for release in self.releases
+                         if any(self.fits(song, release, query) for song in release.songs)]
+            case ["album", number, *more]:
+                release = self.releases[int(number) - 1]
+                tracks = [self.track(song, release) for song in release.songs]
+                return in_json(self.listed(tracks, path, query) if more
+                               else self.whole(release, tracks))
+            case ["cover", album, size]:
+                return Answer(200, picture(int(album), int(size.split("x")[0])), "image/jpeg")
+            case _:
+                return in_json({"error": {"type": "InvalidQueryException", "code": 600,
+                                          "message": "Unknown path components"}})
+        return in_json(self.listed(found, path, query))
+
+    @staticmethod
+    def fits(song, release, query):
+        has = set(tokens(f"{song.artist} {song.title} {release.group.title}"))
+        return set(tokens(re.sub(r'(artist|album|track):(?=")', "", query.get("q", "")))) <= has
+
+    def listed(self, found, path, query):
+        limit, index = min(100, int(query.get("limit", 25))), int(query.get("index", 0))
+        more = {"next": f"{self.address[SHOP]}{path}?" + urllib.parse.urlencode(
+            query | {"index": index + limit})} if index + limit < len(found) else {}
+        return {"data": found[index:index + limit], "total": len(found)} | more
+
+    def album(self, release):
+        number = self.releases.index(release) + 1
+        cover = f"{self.address[SHOP]}/cover/{release.group.album}"
+        return {"id": number, "title": release.group.title, "nb_tracks": len(release.songs),
+                "record_type": "album", "type": "album", "genre_id": 466,
+                "cover": f"{self.address[SHOP]}/album/{number}/image",
+                "cover_small": f"{cover}/56x56.jpg", "cover_medium": f"{cover}/250x250.jpg",
+                "cover_big": f"{cover}/500x500.jpg", "cover_xl": f"{cover}/1000x1000.jpg",
+                "artist": self.artist(release.group.artist)}
+
+    @staticmethod
+    def artist(name):
+        return {"id": 5080 if name == VARIOUS else len(name), "name": name, "type": "artist"}
+
+    def whole(self, release, tracks):
+        return self.album(release) | {
+            "release_date": f"{ALBUMS[release.group.album][2]}-05-14", "upc": "0",
+            "genres": {"data": [{"id": 1, "name": ALBUMS[release.group.album][3]}]},
+            "tracks": {"data": tracks}}
+
+    def track(self, song, release):
+        disc = next(disc for disc in release.discs if song in disc)
+        return {"id": song.album * 100 + song.number, "title": song.title, "type": "track",
+                "duration": song.seconds, "track_position": disc.index(song) + 1,
+                "disk_number": release.discs.index(disc) + 1,
+                "artist": self.artist(song.artist), "album": self.album(release)}
+
+
 class Sounds:
     """Asked by a form. `songs` maps fingerprints to songs; decoders may differ a little."""
 
@@ -378,6 +446,7 @@ class Services:
         self.answers = {MUSICBRAINZ: MusicBrainz(catalogue).answer, COVERS: covers.own,
                         ARCHIVE: covers.archive, STORAGE: covers.storage,
                         LYRICS: Lyrics(catalogue).answer,
+                        SHOP: Shop(catalogue, self.address).answer,
                         SOUND: Sounds(self.sounds).answer}
         for name, server in self.servers.items():
             if self.failing.get(name) == "refused":

@@ -92,11 +92,8 @@ struct Scene : SampleSiteScene {
 
     QStringList search(const SearchedSong &song)
     {
-        QVariantMap values = definition(u"MusicBrainzInterface"_s, {});
-        values[u"minInterval"_s] = 0;
-        for (const auto &key : {u"queryRelease"_s, u"queryRecording"_s, u"releaseLookup"_s})
-            values[key] = values[key].toString().replace(u"https://musicbrainz.org/ws/2/"_s,
-                                                         server.url(u"/"_s).toString());
+        const QVariantMap values =
+            definitionAtHome(u"MusicBrainzInterface"_s, {u"https://musicbrainz.org/ws/2"_s});
         albums = SampleSiteScene::search<MusicBrainzInterface>(song, values, shelf);
         return shown(albums);
     }

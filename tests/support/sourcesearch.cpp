@@ -43,6 +43,33 @@ QVariantMap SampleSiteScene::definition(const QString &className,
     return values;
 }
 
+QVariantMap SampleSiteScene::definitionAtHome(const QString &className,
+                                              const QStringList &hosts) const
+{
+    QVariantMap values = definition(className, {});
+    values[QStringLiteral("minInterval")] = 0;
+    for (QVariant &value : values)
+        for (const QString &host : hosts)
+            if (value.toString().startsWith(host))
+                value = value.toString().replace(host, server.url({}).toString());
+    return values;
+}
+
+void SampleSiteScene::serveJson(const QMap<QString, QString> &pages)
+{
+    for (const auto &[path, written] : pages.asKeyValueRange()) {
+        QString body = written;
+        body.replace(u'\'', u'"').replace(u'#', server.url(QStringLiteral("/")).toString());
+        server.serve(path, {.type = "application/json", .body = body.toUtf8()});
+    }
+}
+
+QStringList SampleSiteScene::shownHere(const AlbumList &albums) const
+{
+    return shown(albums).replaceInStrings(server.url(QStringLiteral("/")).toString(),
+                                          QStringLiteral("#"));
+}
+
 AlbumList SampleSiteScene::run(std::unique_ptr<WebDBInterface> source, const SearchedSong &song)
 {
     source->setArtist(song.artist);
@@ -62,5 +89,6 @@ AlbumList SampleSiteScene::run(std::unique_ptr<WebDBInterface> source, const Sea
     QTest::qWait(0); // a second completion would come on the next turn
     if (complete.size() != 1)
         return {AlbumInfo({}, QStringLiteral("the search completed twice"))};
+    wasUnanswered = source->wasUnanswered();
     return source->albums();
 }

@@ -38,6 +38,15 @@ public:
     [[nodiscard]] QVariantMap definition(const QString &className,
                                          const QMap<QString, QString> &addresses) const;
 
+    /// The same with this server in place of the hosts, asked without a pause.
+    [[nodiscard]] QVariantMap definitionAtHome(const QString &className,
+                                               const QStringList &hosts) const;
+
+    /// Serves JSON by path, written with ' for " and # for this server's address.
+    void serveJson(const QMap<QString, QString> &pages);
+    /// The albums as shown(), with # for this server's address.
+    [[nodiscard]] QStringList shownHere(const AlbumList &albums) const;
+
     /// One whole search; an album that says so when it did not complete exactly once. `more`: what
     /// else the source is made with.
     template<typename Source, typename... More>
@@ -47,9 +56,11 @@ public:
         return run(std::make_unique<Source>(SiteDefinition(definition), queue, more...), song);
     }
 
+    /// Whether the last search was told that the site could not be asked.
+    bool wasUnanswered = false;
+
 private:
-    [[nodiscard]] static AlbumList run(std::unique_ptr<WebDBInterface> source,
-                                       const SearchedSong &song);
+    [[nodiscard]] AlbumList run(std::unique_ptr<WebDBInterface> source, const SearchedSong &song);
 };
 
 Q_DECLARE_METATYPE(SearchedSong)
