@@ -11,6 +11,18 @@
         <source>About Tagwright</source>
         <translation>Über Tagwright</translation>
     </message>
+    <message id="AccessibleHasLyrics">
+        <source>Has lyrics</source>
+        <translation>Hat einen Songtext</translation>
+    </message>
+    <message id="ActivityPending">
+        <source>Waits to be gathered</source>
+        <translation>Wartet auf die Suche</translation>
+    </message>
+    <message id="ActivityProcessing">
+        <source>Is being gathered</source>
+        <translation>Wird gerade gesucht</translation>
+    </message>
     <message id="AlbumName">
         <source>Album</source>
         <translation>Album</translation>
@@ -119,9 +131,21 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>BPM</source>
         <translation>BPM</translation>
     </message>
+    <message id="ChangeColumnQuestion">
+        <source>Change “%1” to “%2”?</source>
+        <translation>„%1“ in „%2“ ändern?</translation>
+    </message>
+    <message id="ChangeMarkQuestion">
+        <source>Change “%1”?</source>
+        <translation>„%1“ ändern?</translation>
+    </message>
     <message id="ChangeOfArtwork">
         <source>Change of artwork</source>
         <translation>Änderung des Covers</translation>
+    </message>
+    <message id="ChangeOfColumn">
+        <source>Change of “%1”</source>
+        <translation>Änderung von „%1“</translation>
     </message>
     <message id="ChangeOfGenres">
         <source>Standardising of genres</source>
@@ -146,6 +170,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="ChangeSheetSongs">
         <source>Songs that will be changed</source>
         <translation>Songs, die geändert werden</translation>
+    </message>
+    <message id="ChangeToNothingQuestion">
+        <source>Remove “%1”?</source>
+        <translation>„%1“ entfernen?</translation>
     </message>
     <message id="ChoiceAlbumName">
         <source>“%1”</source>
@@ -195,6 +223,62 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>%1 (no answer from %2)</source>
         <translation>%1 (ohne Antwort von %2)</translation>
     </message>
+    <message id="ColumnActivity">
+        <source>Activity</source>
+        <translation>Aktivität</translation>
+    </message>
+    <message id="ColumnAlbum">
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message id="ColumnArtist">
+        <source>Artist</source>
+        <translation>Interpret</translation>
+    </message>
+    <message id="ColumnArtwork">
+        <source>Artwork</source>
+        <translation>Cover</translation>
+    </message>
+    <message id="ColumnBPM">
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message id="ColumnCompilation">
+        <source>Compilation</source>
+        <translation>Sampler</translation>
+    </message>
+    <message id="ColumnGenre">
+        <source>Genre</source>
+        <translation>Genre</translation>
+    </message>
+    <message id="ColumnIndex">
+        <source>Index</source>
+        <translation>Index</translation>
+    </message>
+    <message id="ColumnLyrics">
+        <source>Lyrics</source>
+        <translation>Songtext</translation>
+    </message>
+    <message id="ColumnTitle">
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message id="ColumnTrack">
+        <source>Track</source>
+        <translation>Nr.</translation>
+    </message>
+    <message id="ColumnVersion">
+        <source>Tag Version</source>
+        <translation>Tag-Version</translation>
+    </message>
+    <message id="ColumnYear">
+        <source>Year</source>
+        <translation>Jahr</translation>
+    </message>
+    <message id="ColumnsRestore">
+        <source>Restore Columns</source>
+        <translation>Spalten zurücksetzen</translation>
+    </message>
     <message id="Compilation">
         <source>Compilation</source>
         <translation>Kompilation</translation>
@@ -210,6 +294,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="CompilationWarningTitle">
         <source>Songs of compilations</source>
         <translation>Songs von Kompilationen</translation>
+    </message>
+    <message id="ConfirmChangeProceed">
+        <source>Change</source>
+        <translation>Ändern</translation>
     </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>
@@ -242,6 +330,26 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="EditReview">
         <source>Reviewed changes</source>
         <translation>Durchgesehene Änderungen</translation>
+    </message>
+    <message id="EditingProgress">
+        <source>Writing songs…</source>
+        <translation>Songs werden geschrieben …</translation>
+    </message>
+    <message id="EmptyNoMatch">
+        <source>Nothing matches “%1”</source>
+        <translation>Nichts passt zu „%1“</translation>
+    </message>
+    <message id="EmptyNoMatchHint">
+        <source>Change or clear the text in the search field</source>
+        <translation>Ändern oder löschen Sie den Text im Suchfeld</translation>
+    </message>
+    <message id="EmptyNothingLoaded">
+        <source>Drop a folder here</source>
+        <translation>Ordner hierher ziehen</translation>
+    </message>
+    <message id="EmptyNothingLoadedHint">
+        <source>Or choose one in the menu “File”</source>
+        <translation>Oder wählen Sie einen im Menü „Datei“</translation>
     </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
@@ -374,6 +482,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="ErrorSongBeingGathered">
         <source>The song is being gathered</source>
         <translation>Der Song wird gerade ergänzt</translation>
+        <translation>Der Song wird gerade gesucht</translation>
     </message>
     <message id="ErrorSongChangedMeanwhile">
         <source>The song was changed by something else in the meantime</source>
@@ -1218,6 +1327,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="SongAndArtist">
         <source>%1 – %2</source>
         <translation>%1 – %2</translation>
+    </message>
+    <message id="SongTableName">
+        <source>Songs</source>
+        <translation>Songs</translation>
     </message>
     <message id="SongTitle">
         <source>Title</source>

@@ -11,6 +11,18 @@
         <source>About Tagwright</source>
         <translation>About Tagwright</translation>
     </message>
+    <message id="AccessibleHasLyrics">
+        <source>Has lyrics</source>
+        <translation>Has lyrics</translation>
+    </message>
+    <message id="ActivityPending">
+        <source>Waits to be gathered</source>
+        <translation>Waits to be gathered</translation>
+    </message>
+    <message id="ActivityProcessing">
+        <source>Is being gathered</source>
+        <translation>Is being gathered</translation>
+    </message>
     <message id="AlbumName">
         <source>Album</source>
         <translation>Album</translation>
@@ -119,9 +131,21 @@ The selected songs have different artwork</translation>
         <source>BPM</source>
         <translation>BPM</translation>
     </message>
+    <message id="ChangeColumnQuestion">
+        <source>Change “%1” to “%2”?</source>
+        <translation>Change “%1” to “%2”?</translation>
+    </message>
+    <message id="ChangeMarkQuestion">
+        <source>Change “%1”?</source>
+        <translation>Change “%1”?</translation>
+    </message>
     <message id="ChangeOfArtwork">
         <source>Change of artwork</source>
         <translation>Change of artwork</translation>
+    </message>
+    <message id="ChangeOfColumn">
+        <source>Change of “%1”</source>
+        <translation>Change of “%1”</translation>
     </message>
     <message id="ChangeOfGenres">
         <source>Standardising of genres</source>
@@ -146,6 +170,10 @@ The selected songs have different artwork</translation>
     <message id="ChangeSheetSongs">
         <source>Songs that will be changed</source>
         <translation>Songs that will be changed</translation>
+    </message>
+    <message id="ChangeToNothingQuestion">
+        <source>Remove “%1”?</source>
+        <translation>Remove “%1”?</translation>
     </message>
     <message id="ChoiceAlbumName">
         <source>“%1”</source>
@@ -195,6 +223,62 @@ The selected songs have different artwork</translation>
         <source>%1 (no answer from %2)</source>
         <translation>%1 (no answer from %2)</translation>
     </message>
+    <message id="ColumnActivity">
+        <source>Activity</source>
+        <translation>Activity</translation>
+    </message>
+    <message id="ColumnAlbum">
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message id="ColumnArtist">
+        <source>Artist</source>
+        <translation>Artist</translation>
+    </message>
+    <message id="ColumnArtwork">
+        <source>Artwork</source>
+        <translation>Artwork</translation>
+    </message>
+    <message id="ColumnBPM">
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message id="ColumnCompilation">
+        <source>Compilation</source>
+        <translation>Compilation</translation>
+    </message>
+    <message id="ColumnGenre">
+        <source>Genre</source>
+        <translation>Genre</translation>
+    </message>
+    <message id="ColumnIndex">
+        <source>Index</source>
+        <translation>Index</translation>
+    </message>
+    <message id="ColumnLyrics">
+        <source>Lyrics</source>
+        <translation>Lyrics</translation>
+    </message>
+    <message id="ColumnTitle">
+        <source>Title</source>
+        <translation>Title</translation>
+    </message>
+    <message id="ColumnTrack">
+        <source>Track</source>
+        <translation>Track</translation>
+    </message>
+    <message id="ColumnVersion">
+        <source>Tag Version</source>
+        <translation>Tag Version</translation>
+    </message>
+    <message id="ColumnYear">
+        <source>Year</source>
+        <translation>Year</translation>
+    </message>
+    <message id="ColumnsRestore">
+        <source>Restore Columns</source>
+        <translation>Restore Columns</translation>
+    </message>
     <message id="Compilation">
         <source>Compilation</source>
         <translation>Compilation</translation>
@@ -210,6 +294,10 @@ The selected songs have different artwork</translation>
     <message id="CompilationWarningTitle">
         <source>Songs of compilations</source>
         <translation>Songs of compilations</translation>
+    </message>
+    <message id="ConfirmChangeProceed">
+        <source>Change</source>
+        <translation>Change</translation>
     </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>
@@ -242,6 +330,26 @@ The selected songs have different artwork</translation>
     <message id="EditReview">
         <source>Reviewed changes</source>
         <translation>Reviewed changes</translation>
+    </message>
+    <message id="EditingProgress">
+        <source>Writing songs…</source>
+        <translation>Writing songs…</translation>
+    </message>
+    <message id="EmptyNoMatch">
+        <source>Nothing matches “%1”</source>
+        <translation>Nothing matches “%1”</translation>
+    </message>
+    <message id="EmptyNoMatchHint">
+        <source>Change or clear the text in the search field</source>
+        <translation>Change or clear the text in the search field</translation>
+    </message>
+    <message id="EmptyNothingLoaded">
+        <source>Drop a folder here</source>
+        <translation>Drop a folder here</translation>
+    </message>
+    <message id="EmptyNothingLoadedHint">
+        <source>Or choose one in the menu “File”</source>
+        <translation>Or choose one in the menu “File”</translation>
     </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
@@ -1218,6 +1326,10 @@ The selected songs have different artwork</translation>
     <message id="SongAndArtist">
         <source>%1 – %2</source>
         <translation>%1 – %2</translation>
+    </message>
+    <message id="SongTableName">
+        <source>Songs</source>
+        <translation>Songs</translation>
     </message>
     <message id="SongTitle">
         <source>Title</source>

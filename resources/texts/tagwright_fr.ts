@@ -11,6 +11,18 @@
         <source>About Tagwright</source>
         <translation>À propos de Tagwright</translation>
     </message>
+    <message id="AccessibleHasLyrics">
+        <source>Has lyrics</source>
+        <translation>A des paroles</translation>
+    </message>
+    <message id="ActivityPending">
+        <source>Waits to be gathered</source>
+        <translation>En attente de recherche</translation>
+    </message>
+    <message id="ActivityProcessing">
+        <source>Is being gathered</source>
+        <translation>Recherche en cours</translation>
+    </message>
     <message id="AlbumName">
         <source>Album</source>
         <translation>Album</translation>
@@ -119,9 +131,21 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>BPM</source>
         <translation>BPM</translation>
     </message>
+    <message id="ChangeColumnQuestion">
+        <source>Change “%1” to “%2”?</source>
+        <translation>Remplacer « %1 » par « %2 » ?</translation>
+    </message>
+    <message id="ChangeMarkQuestion">
+        <source>Change “%1”?</source>
+        <translation>Modifier « %1 » ?</translation>
+    </message>
     <message id="ChangeOfArtwork">
         <source>Change of artwork</source>
         <translation>Modification de la pochette</translation>
+    </message>
+    <message id="ChangeOfColumn">
+        <source>Change of “%1”</source>
+        <translation>Modification de « %1 »</translation>
     </message>
     <message id="ChangeOfGenres">
         <source>Standardising of genres</source>
@@ -146,6 +170,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="ChangeSheetSongs">
         <source>Songs that will be changed</source>
         <translation>Morceaux qui seront modifiés</translation>
+    </message>
+    <message id="ChangeToNothingQuestion">
+        <source>Remove “%1”?</source>
+        <translation>Supprimer « %1 » ?</translation>
     </message>
     <message id="ChoiceAlbumName">
         <source>“%1”</source>
@@ -195,6 +223,62 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>%1 (no answer from %2)</source>
         <translation>%1 (sans réponse de %2)</translation>
     </message>
+    <message id="ColumnActivity">
+        <source>Activity</source>
+        <translation>Activité</translation>
+    </message>
+    <message id="ColumnAlbum">
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message id="ColumnArtist">
+        <source>Artist</source>
+        <translation>Artiste</translation>
+    </message>
+    <message id="ColumnArtwork">
+        <source>Artwork</source>
+        <translation>Pochettes</translation>
+    </message>
+    <message id="ColumnBPM">
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message id="ColumnCompilation">
+        <source>Compilation</source>
+        <translation>Compilation</translation>
+    </message>
+    <message id="ColumnGenre">
+        <source>Genre</source>
+        <translation>Genre</translation>
+    </message>
+    <message id="ColumnIndex">
+        <source>Index</source>
+        <translation>Index</translation>
+    </message>
+    <message id="ColumnLyrics">
+        <source>Lyrics</source>
+        <translation>Paroles</translation>
+    </message>
+    <message id="ColumnTitle">
+        <source>Title</source>
+        <translation>Titre</translation>
+    </message>
+    <message id="ColumnTrack">
+        <source>Track</source>
+        <translation>Piste</translation>
+    </message>
+    <message id="ColumnVersion">
+        <source>Tag Version</source>
+        <translation>Version du tag</translation>
+    </message>
+    <message id="ColumnYear">
+        <source>Year</source>
+        <translation>Année</translation>
+    </message>
+    <message id="ColumnsRestore">
+        <source>Restore Columns</source>
+        <translation>Rétablir les colonnes</translation>
+    </message>
     <message id="Compilation">
         <source>Compilation</source>
         <translation>Compilation</translation>
@@ -210,6 +294,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="CompilationWarningTitle">
         <source>Songs of compilations</source>
         <translation>Morceaux de compilations</translation>
+    </message>
+    <message id="ConfirmChangeProceed">
+        <source>Change</source>
+        <translation>Modifier</translation>
     </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>
@@ -242,6 +330,26 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="EditReview">
         <source>Reviewed changes</source>
         <translation>Modifications vérifiées</translation>
+    </message>
+    <message id="EditingProgress">
+        <source>Writing songs…</source>
+        <translation>Écriture des morceaux…</translation>
+    </message>
+    <message id="EmptyNoMatch">
+        <source>Nothing matches “%1”</source>
+        <translation>Rien ne correspond à « %1 »</translation>
+    </message>
+    <message id="EmptyNoMatchHint">
+        <source>Change or clear the text in the search field</source>
+        <translation>Modifiez ou effacez le texte du champ de recherche</translation>
+    </message>
+    <message id="EmptyNothingLoaded">
+        <source>Drop a folder here</source>
+        <translation>Déposez un dossier ici</translation>
+    </message>
+    <message id="EmptyNothingLoadedHint">
+        <source>Or choose one in the menu “File”</source>
+        <translation>Ou choisissez-en un dans le menu « Fichier »</translation>
     </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
@@ -377,7 +485,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ErrorSongChangedMeanwhile">
         <source>The song was changed by something else in the meantime</source>
-        <translation>Le morceau a été modifié autrement entre-temps</translation>
+        <translation>Le morceau a été modifié entre-temps</translation>
     </message>
     <message id="ErrorSongHasProblem">
         <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
@@ -1218,6 +1326,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="SongAndArtist">
         <source>%1 – %2</source>
         <translation>%1 – %2</translation>
+    </message>
+    <message id="SongTableName">
+        <source>Songs</source>
+        <translation>Morceaux</translation>
     </message>
     <message id="SongTitle">
         <source>Title</source>

@@ -65,7 +65,9 @@ QListView *listOf(const SongList &songs, QWidget *parent)
 
 QLabel *lineOf(const QString &text, QWidget *parent)
 {
-    auto *label = new QLabel(text, parent);
+    auto *label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText); // what stands in tags is no markup
+    label->setText(text);
     label->setWordWrap(true);
     return label;
 }

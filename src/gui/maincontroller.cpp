@@ -19,7 +19,6 @@ MainController::MainController(Engine &engine)
 {
     mWorkList.setInfoCache(&engine.infoCache);
     mWorkList.setKeepsChanges(true);
-    mWorkList.setVisibleSongs([this] { return visibleSongs(); });
     connect(&mSongs, &LoadedSongs::loadFinished, this, &MainController::loadFinished);
     connect(&mWorkList, &WorkList::songStarted, this,
             [this](const std::shared_ptr<SongFile> &song) { tellChanged({song}); });
@@ -32,6 +31,7 @@ MainController::MainController(Engine &engine)
     connect(&mHistory, &EditHistory::changed, this, &MainController::historyChanged);
     mTellsEdited.setSingleShot(true);
     connect(&mTellsEdited, &QTimer::timeout, this, &MainController::tellEdited);
+    connectShownSongs();
 }
 
 void MainController::setSongLibraryFolder(const QString &path)
@@ -101,14 +101,28 @@ void MainController::setSelectedSongs(SongList songs)
     Q_EMIT selectionChanged();
 }
 
-SongList MainController::visibleSongs() const
+/// A run takes its songs in the table's order.
+void MainController::connectShownSongs()
 {
-    return mVisibleSongs ? mVisibleSongs() : mSongs.allSongs();
+    mWorkList.setVisibleSongs([this] { return mShownSongs.songs(); });
+    connect(&mShownSongs, &VisibleSongs::rowsChanged, this,
+            [this] { mWorkList.visibleSongsChanged(); });
+    connect(&mShownSongs, &VisibleSongs::rowsAppended, this,
+            [this] { mWorkList.visibleSongsChanged(); });
+    connect(this, &MainController::songsChanged, &mShownSongs, &VisibleSongs::songsChanged);
+    const auto sortAgain = [this] { mShownSongs.sortAgain(SongColumn::Activity); };
+    connect(&mWorkList, &WorkList::songStarted, this, sortAgain);
+    connect(this, &MainController::gatheringChanged, this, sortAgain);
 }
 
 void MainController::change(const TagChange &change, const TagEditing::Then &then)
 {
-    mHistory.change(change, prefs().writeOptions(), then);
+    mHistory.change(change, prefs().writeOptions(), [this, then](const TagEditResult &result) {
+        if (!result.changed.empty())
+            mShownSongs.clearSorting(); // the order holds no longer
+        if (then)
+            then(result);
+    });
 }
 
 void MainController::tellEdited()
@@ -139,6 +153,8 @@ void MainController::beginGathering()
 void MainController::songFinished(const SongOutcome &outcome)
 {
     mReview.add(outcome);
+    if (outcome.changed)
+        mShownSongs.clearSorting(); // the order holds no longer
     lendFromLoadedSongs();
     tellChanged({outcome.song});
 }

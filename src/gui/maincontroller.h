@@ -4,11 +4,11 @@
 #include "app/engine.h"
 #include "app/review.h"
 #include "app/songlist.h"
+#include "app/tagedit.h"
+#include "app/visiblesongs.h"
 #include "gathering/librarylending.h"
 
 #include <QObject>
-
-#include <functional>
 
 /// Connects what the window shows: the songs of the chosen source, those that are selected, and
 /// the run that gathers for them. The parts of the window know this and not each other.
@@ -22,6 +22,8 @@ public:
     [[nodiscard]] Engine &engine() { return mEngine; }
     [[nodiscard]] PrefsController &prefs() { return mEngine.prefs; }
     [[nodiscard]] LoadedSongs &songs() { return mSongs; }
+    /// Those of them that the table shows, and in which order.
+    [[nodiscard]] VisibleSongs &shownSongs() { return mShownSongs; }
     [[nodiscard]] WorkList &workList() { return mWorkList; }
     /// By which everyone changes tags.
     [[nodiscard]] TagEditing &editing() { return mEditing; }
@@ -38,12 +40,6 @@ public:
     /// In the order in which the list shows them.
     [[nodiscard]] const SongList &selectedSongs() const { return mSelectedSongs; }
     void setSelectedSongs(SongList songs);
-    /// How the list asks for those that it shows, in order: a run takes them in that order.
-    void setVisibleSongs(std::function<SongList()> visibleSongs)
-    {
-        mVisibleSongs = std::move(visibleSongs);
-    }
-    [[nodiscard]] SongList visibleSongs() const;
 
     /// Changes songs, which the user has seen, so that it can be undone. `then` may be empty.
     void change(const TagChange &change, const TagEditing::Then &then = {});
@@ -79,9 +75,11 @@ private:
     void pauseForReview(bool isFull);
     void lendFromLoadedSongs();
     void tellEdited();
+    void connectShownSongs();
 
     Engine &mEngine;
     LoadedSongs mSongs;
+    VisibleSongs mShownSongs{mSongs};
     LibraryLending mLibrary;
     GatherContext mContext;
     WorkList mWorkList;
@@ -91,6 +89,5 @@ private:
     SongList mEdited; ///< of which is told on the next turn, since they come by the hundred
     QTimer mTellsEdited;
     SongList mSelectedSongs;
-    std::function<SongList()> mVisibleSongs;
     bool mLibraryIsStale = false; ///< other songs were loaded than those that lend
 };

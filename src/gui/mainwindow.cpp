@@ -2,11 +2,14 @@
 
 #include "gui/artworkwell.h"
 #include "gui/editingcommands.h"
+#include "gui/editingprogress.h"
+#include "gui/songtable.h"
 #include "gui/sourcepopup.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QSplitter>
@@ -26,6 +29,7 @@ MainWindow::MainWindow(MainController &controller)
     setUpToolBar();
     setUpParts();
     connectCommands();
+    connectSongTable();
     showTitle();
     validateInterface();
 }
@@ -60,7 +64,8 @@ void MainWindow::setUpParts()
     column->setSpacing(0);
     auto *rows = new QSplitter(Qt::Vertical, content);
     auto *songs = new QSplitter(Qt::Horizontal, rows);
-    songs->addWidget(new QWidget(songs));
+    mSongTable = new SongTable(mController, songs);
+    songs->addWidget(mSongTable);
     auto *well = new ArtworkWell(mController, mCommands, songs);
     songs->addWidget(well);
     songs->setStretchFactor(0, 1);
@@ -82,6 +87,7 @@ void MainWindow::connectCommands()
     on(Begin, [this] { mController.beginGathering(); });
     on(Stop, [this] { mController.stopGathering(); });
     on(Find, [this] { mSearchField->setFocus(Qt::ShortcutFocusReason); });
+    on(SelectAll, [this] { mSongTable->selectAll(); });
     on(About, [this] {
         QMessageBox::about(this, qtTrId("AboutTitle"),
                            qtTrId("AboutText").arg(QStringLiteral(TAGWRIGHT_VERSION)));
@@ -92,6 +98,20 @@ void MainWindow::connectCommands()
             &MainWindow::showPlaylistNotFound);
     connect(&mController, &MainController::selectionChanged, this, &MainWindow::validateInterface);
     connect(&mController, &MainController::gatheringChanged, this, &MainWindow::validateInterface);
+}
+
+void MainWindow::connectSongTable()
+{
+    new EditingProgress(mController.editing(), this);
+    VisibleSongs &shown = mController.shownSongs();
+    connect(mSearchField, &QLineEdit::textChanged, &shown, &VisibleSongs::setFilter);
+    connect(mSearchField, &QLineEdit::returnPressed, mSongTable,
+            [this] { mSongTable->setFocus(Qt::ShortcutFocusReason); });
+    connect(&mController.songs(), &LoadedSongs::cleared, mSearchField, &QLineEdit::clear);
+    connect(mSongTable, &SongTable::pathsDropped, this, [this](const QStringList &paths) {
+        if (paths.size() == 1 && QFileInfo(paths.first()).isDir())
+            mController.setSongLibraryFolder(paths.first());
+    });
 }
 
 void MainWindow::validateInterface()

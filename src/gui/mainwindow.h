@@ -7,6 +7,7 @@
 
 class QLineEdit;
 class QSplitter;
+class SongTable;
 class SourcePopUp;
 
 /// The main window: lays its parts out and connects the commands with what does them.
@@ -24,6 +25,7 @@ private:
     void setUpToolBar();
     void setUpParts();
     void connectCommands();
+    void connectSongTable();
     /// Enables what can be done now.
     void validateInterface();
     void showTitle();
@@ -34,4 +36,5 @@ private:
     Commands mCommands{this};
     SourcePopUp *mSourcePopUp = nullptr;
     QLineEdit *mSearchField = nullptr;
+    SongTable *mSongTable = nullptr;
 };

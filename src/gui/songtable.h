@@ -1,0 +1,72 @@
+#pragma once
+
+#include "gui/emptystate.h"
+#include "gui/songtablemodel.h"
+
+#include <QTableView>
+#include <QTimer>
+
+class MainController;
+class QMenu;
+
+/// The table of songs. The columns stay as the user left them, and so does how it is sorted.
+class SongTable : public QTableView {
+    Q_OBJECT
+
+public:
+    /// The controller must outlive the table.
+    explicit SongTable(MainController &controller, QWidget *parent = nullptr);
+    ~SongTable() override;
+
+    /// Commands that show and hide columns, and one that restores them.
+    void fillColumnsMenu(QMenu &menu);
+    void selectSongs(const SongList &songs);
+    /// Finds the next song that begins so, as texts are typed into the table.
+    void keyboardSearch(const QString &search) override;
+
+Q_SIGNALS:
+    /// Files and folders were dropped onto the table.
+    void pathsDropped(const QStringList &paths);
+    void contextMenuWanted(QPoint globalPosition);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void selectionChanged(const QItemSelection &selected,
+                          const QItemSelection &deselected) override;
+
+private:
+    void setUpAppearance();
+    void setUpHeader();
+    void setRowHeight();
+    void saveColumns() const;
+    void sortByColumn(int section);
+    void showSorting();
+
+    void changeSongs(int row, SongColumn column, const TagValues &values);
+    [[nodiscard]] SongList songsToChange(int row) const;
+
+    [[nodiscard]] QList<int> selectedRows() const;
+    void selectRows(QList<int> rows);
+    void tellSelection();
+    void rememberSelection();
+    void restoreSelection();
+
+    void showDropTarget(bool isOne);
+    [[nodiscard]] EmptyState emptyState() const;
+
+    MainController &mController;
+    SongTableModel mModel;
+    SongList mRemembered; ///< selected, while the rows change
+    std::shared_ptr<SongFile> mRememberedCurrent;
+    int mRememberedColumn = 0;
+    QString mTyped; ///< to be found
+    QTimer mTypingPause;
+    bool mIsDropTarget = false;
+};
