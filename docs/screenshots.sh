@@ -94,10 +94,9 @@ session() { # picture scheme language steps
     desktop_settings "$2"
     openbox & local manager=$!
     "$program" demo & local running=$!
+    # shellcheck disable=SC2064
+    trap "kill $running $manager; wait; rm -rf '$HOME'" EXIT
     "$4" "$1"
-    kill "$running" "$manager"
-    wait "$running" "$manager" || true
-    rm -rf "$HOME"
 }
 
 if [ "${1:-}" = --session ]; then
