@@ -17,11 +17,11 @@
     </message>
     <message id="ActivityPending">
         <source>Waits to be gathered</source>
-        <translation>Wartet auf die Suche</translation>
+        <translation>Wartet darauf, ergänzt zu werden</translation>
     </message>
     <message id="ActivityProcessing">
         <source>Is being gathered</source>
-        <translation>Wird gerade gesucht</translation>
+        <translation>Wird gerade ergänzt</translation>
     </message>
     <message id="AlbumName">
         <source>Album</source>
@@ -245,7 +245,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ColumnCompilation">
         <source>Compilation</source>
-        <translation>Sampler</translation>
+        <translation>Kompilation</translation>
     </message>
     <message id="ColumnGenre">
         <source>Genre</source>
@@ -253,7 +253,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ColumnIndex">
         <source>Index</source>
-        <translation>Index</translation>
+        <translation>Nr.</translation>
     </message>
     <message id="ColumnLyrics">
         <source>Lyrics</source>
@@ -265,7 +265,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ColumnTrack">
         <source>Track</source>
-        <translation>Nr.</translation>
+        <translation>Titelnummer</translation>
     </message>
     <message id="ColumnVersion">
         <source>Tag Version</source>
@@ -333,7 +333,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="EditingProgress">
         <source>Writing songs…</source>
-        <translation>Songs werden geschrieben …</translation>
+        <translation>Songs werden geschrieben…</translation>
     </message>
     <message id="EmptyNoMatch">
         <source>Nothing matches “%1”</source>
@@ -341,11 +341,11 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="EmptyNoMatchHint">
         <source>Change or clear the text in the search field</source>
-        <translation>Ändern oder löschen Sie den Text im Suchfeld</translation>
+        <translation>Ändern oder leeren Sie den Text im Suchfeld</translation>
     </message>
     <message id="EmptyNothingLoaded">
         <source>Drop a folder here</source>
-        <translation>Ordner hierher ziehen</translation>
+        <translation>Ziehen Sie einen Ordner hierher</translation>
     </message>
     <message id="EmptyNothingLoadedHint">
         <source>Or choose one in the menu “File”</source>
@@ -482,7 +482,6 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="ErrorSongBeingGathered">
         <source>The song is being gathered</source>
         <translation>Der Song wird gerade ergänzt</translation>
-        <translation>Der Song wird gerade gesucht</translation>
     </message>
     <message id="ErrorSongChangedMeanwhile">
         <source>The song was changed by something else in the meantime</source>

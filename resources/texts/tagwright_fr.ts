@@ -17,11 +17,11 @@
     </message>
     <message id="ActivityPending">
         <source>Waits to be gathered</source>
-        <translation>En attente de recherche</translation>
+        <translation>En attente de collecte</translation>
     </message>
     <message id="ActivityProcessing">
         <source>Is being gathered</source>
-        <translation>Recherche en cours</translation>
+        <translation>Collecte en cours</translation>
     </message>
     <message id="AlbumName">
         <source>Album</source>
@@ -133,11 +133,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ChangeColumnQuestion">
         <source>Change “%1” to “%2”?</source>
-        <translation>Remplacer « %1 » par « %2 » ?</translation>
+        <translation>Remplacer « %1 » par « %2 » ?</translation>
     </message>
     <message id="ChangeMarkQuestion">
         <source>Change “%1”?</source>
-        <translation>Modifier « %1 » ?</translation>
+        <translation>Modifier « %1 » ?</translation>
     </message>
     <message id="ChangeOfArtwork">
         <source>Change of artwork</source>
@@ -145,7 +145,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ChangeOfColumn">
         <source>Change of “%1”</source>
-        <translation>Modification de « %1 »</translation>
+        <translation>Modification de « %1 »</translation>
     </message>
     <message id="ChangeOfGenres">
         <source>Standardising of genres</source>
@@ -173,7 +173,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ChangeToNothingQuestion">
         <source>Remove “%1”?</source>
-        <translation>Supprimer « %1 » ?</translation>
+        <translation>Supprimer « %1 » ?</translation>
     </message>
     <message id="ChoiceAlbumName">
         <source>“%1”</source>
@@ -237,7 +237,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ColumnArtwork">
         <source>Artwork</source>
-        <translation>Pochettes</translation>
+        <translation>Pochette</translation>
     </message>
     <message id="ColumnBPM">
         <source>BPM</source>
@@ -253,7 +253,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ColumnIndex">
         <source>Index</source>
-        <translation>Index</translation>
+        <translation>N°</translation>
     </message>
     <message id="ColumnLyrics">
         <source>Lyrics</source>
@@ -269,7 +269,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ColumnVersion">
         <source>Tag Version</source>
-        <translation>Version du tag</translation>
+        <translation>Version d’étiquette</translation>
     </message>
     <message id="ColumnYear">
         <source>Year</source>
@@ -337,7 +337,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="EmptyNoMatch">
         <source>Nothing matches “%1”</source>
-        <translation>Rien ne correspond à « %1 »</translation>
+        <translation>Rien ne correspond à « %1 »</translation>
     </message>
     <message id="EmptyNoMatchHint">
         <source>Change or clear the text in the search field</source>
@@ -349,7 +349,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="EmptyNothingLoadedHint">
         <source>Or choose one in the menu “File”</source>
-        <translation>Ou choisissez-en un dans le menu « Fichier »</translation>
+        <translation>Ou choisissez-en un dans le menu « Fichier »</translation>
     </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
@@ -485,7 +485,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ErrorSongChangedMeanwhile">
         <source>The song was changed by something else in the meantime</source>
-        <translation>Le morceau a été modifié entre-temps</translation>
+        <translation>Le morceau a été modifié autrement entre-temps</translation>
     </message>
     <message id="ErrorSongHasProblem">
         <source>The tag is damaged; “tagwright regenerate” rewrites it with what is sound</source>
