@@ -219,6 +219,10 @@ The selected songs have different artwork</translation>
         <source>Nothing chosen: the song is not on %1</source>
         <translation>Nothing chosen: the song is not on %1</translation>
     </message>
+    <message id="ChoiceTakenByUser">
+        <source>Chosen: %1, which you took</source>
+        <translation>Chosen: %1, which you took</translation>
+    </message>
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
         <translation>%1 (no answer from %2)</translation>
@@ -531,9 +535,81 @@ The selected songs have different artwork</translation>
         <source>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</source>
         <translation>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</translation>
     </message>
+    <message id="FieldAlbumReplaced">
+        <source>Not replaced: the song has a picture, and its album was looked for, too</source>
+        <translation>Not replaced: the song has a picture, and its album was looked for, too</translation>
+    </message>
+    <message id="FieldAlbumUnknown">
+        <source>Not looked for: the album is not known</source>
+        <translation>Not looked for: the album is not known</translation>
+    </message>
     <message id="FieldAndValue">
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message id="FieldInstrumental">
+        <source>The song is an instrumental</source>
+        <translation>The song is an instrumental</translation>
+    </message>
+    <message id="FieldKept">
+        <source>Not overwritten: the song has it</source>
+        <translation>Not overwritten: the song has it</translation>
+    </message>
+    <message id="FieldLent">
+        <source>Lent by another song of the album</source>
+        <translation>Lent by another song of the album</translation>
+    </message>
+    <message id="FieldLentPicture">
+        <source>Lent by another song of the album: %1</source>
+        <translation>Lent by another song of the album: %1</translation>
+    </message>
+    <message id="FieldLyrics">
+        <source>Found for this artist and title</source>
+        <translation>Found for this artist and title</translation>
+    </message>
+    <message id="FieldNotAsked">
+        <source>No source in use could be asked about it</source>
+        <translation>No source in use could be asked about it</translation>
+    </message>
+    <message id="FieldNotFound">
+        <source>No source has it</source>
+        <translation>No source has it</translation>
+    </message>
+    <message id="FieldNotOnAlbum">
+        <source>The chosen album, %1, does not tell it</source>
+        <translation>The chosen album, %1, does not tell it</translation>
+    </message>
+    <message id="FieldPicture">
+        <source>A picture that fits: %1</source>
+        <translation>A picture that fits: %1</translation>
+    </message>
+    <message id="FieldPictureNotFetched">
+        <source>The picture could not be fetched</source>
+        <translation>The picture could not be fetched</translation>
+    </message>
+    <message id="FieldPictureNotSquare">
+        <source>The picture is not square: %1</source>
+        <translation>The picture is not square: %1</translation>
+    </message>
+    <message id="FieldPictureScaled">
+        <source>A picture that fits: %1, scaled down from %2</source>
+        <translation>A picture that fits: %1, scaled down from %2</translation>
+    </message>
+    <message id="FieldPictureSize">
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 pixels</translation>
+    </message>
+    <message id="FieldPictureTooSmall">
+        <source>The picture is too small: %1</source>
+        <translation>The picture is too small: %1</translation>
+    </message>
+    <message id="FieldPictureUnreadable">
+        <source>What was fetched is no picture that can be read</source>
+        <translation>What was fetched is no picture that can be read</translation>
+    </message>
+    <message id="FieldSound">
+        <source>Known by the sound of the song</source>
+        <translation>Known by the sound of the song</translation>
     </message>
     <message id="FindNext">
         <source>Find next</source>

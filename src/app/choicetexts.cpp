@@ -5,52 +5,122 @@
 
 namespace {
 
-QString pickedName(const ChoiceRecord &record)
+QString pickedName(const AlbumVerdict &verdict)
 {
-    return record.pickedAlbum ? qtTrId("ChoiceAlbumName").arg(*record.pickedAlbum)
-                              : qtTrId("ChoiceAlbumWithoutName");
+    return verdict.pickedAlbum ? qtTrId("ChoiceAlbumName").arg(*verdict.pickedAlbum)
+                               : qtTrId("ChoiceAlbumWithoutName");
 }
 
-QString withNameAndCount(const QString &text, const ChoiceRecord &record, int count)
+QString withNameAndCount(const QString &text, const AlbumVerdict &verdict, int count)
 {
-    return text.arg(pickedName(record), QString::number(count));
+    return text.arg(pickedName(verdict), QString::number(count));
 }
 
-QString textOfChoice(const ChoiceRecord &record)
+QString textOfChoice(const AlbumVerdict &verdict)
 {
-    switch (record.reason) {
+    switch (verdict.reason) {
     case ChoiceReason::NotSearched:
         return {};
     case ChoiceReason::NothingFound:
         return qtTrId("ChoiceNothingFound");
     case ChoiceReason::NoMethod:
-        return qtTrId("ChoiceNoMethod").arg(record.left);
+        return qtTrId("ChoiceNoMethod").arg(verdict.left);
     case ChoiceReason::NoUsableYear:
-        return qtTrId("ChoiceNoUsableYear").arg(record.left);
+        return qtTrId("ChoiceNoUsableYear").arg(verdict.left);
     case ChoiceReason::SongNotOnAlbum:
-        return qtTrId("ChoiceSongNotOnAlbum").arg(pickedName(record));
+        return qtTrId("ChoiceSongNotOnAlbum").arg(pickedName(verdict));
     case ChoiceReason::OnlyAlbum:
-        return qtTrId("ChoiceOnlyAlbum").arg(pickedName(record));
+        return qtTrId("ChoiceOnlyAlbum").arg(pickedName(verdict));
     case ChoiceReason::LastLeft:
-        return withNameAndCount(qtTrId("ChoiceLastLeft"), record, record.found);
+        return withNameAndCount(qtTrId("ChoiceLastLeft"), verdict, verdict.found);
+    case ChoiceReason::TakenByUser:
+        return qtTrId("ChoiceTakenByUser").arg(pickedName(verdict));
     case ChoiceReason::EarliestYear:
-        return withNameAndCount(qtTrId("ChoiceEarliestYear"), record, record.left);
+        return withNameAndCount(qtTrId("ChoiceEarliestYear"), verdict, verdict.left);
     case ChoiceReason::MostAgreement:
-        return withNameAndCount(qtTrId("ChoiceMostAgreement"), record, record.left);
+        return withNameAndCount(qtTrId("ChoiceMostAgreement"), verdict, verdict.left);
     case ChoiceReason::HighestScore:
-        return withNameAndCount(qtTrId("ChoiceHighestScore"), record, record.left);
+        return withNameAndCount(qtTrId("ChoiceHighestScore"), verdict, verdict.left);
     }
     return {};
 }
 
-QString unansweredSources(const ChoiceRecord &record)
+QString withoutSources(const QString &text, const QStringList &unanswered)
+{
+    return unanswered.isEmpty()
+        ? text
+        : qtTrId("ChoiceWithoutSources").arg(text, unanswered.join(QStringLiteral(", ")));
+}
+
+QString sidesOf(QSize picture)
+{
+    return qtTrId("FieldPictureSize")
+        .arg(QString::number(picture.width()), QString::number(picture.height()));
+}
+
+QString textOfPicture(const FieldReason &reason)
+{
+    const QString sides = sidesOf(reason.picture);
+    return reason.original.isEmpty()
+        ? qtTrId("FieldPicture").arg(sides)
+        : qtTrId("FieldPictureScaled").arg(sides, sidesOf(reason.original));
+}
+
+QString textOfLent(const FieldReason &reason)
+{
+    return reason.picture.isEmpty() ? qtTrId("FieldLent")
+                                    : qtTrId("FieldLentPicture").arg(sidesOf(reason.picture));
+}
+
+QString textOfFieldAlone(const FieldReason &reason)
+{
+    using Kind = FieldReason::Kind;
+    switch (reason.kind) {
+    case Kind::ChosenAlbum:
+    case Kind::NoAlbumChosen:
+        return textOfChoice(reason.album);
+    case Kind::Lyrics:
+        return qtTrId("FieldLyrics");
+    case Kind::Lent:
+        return textOfLent(reason);
+    case Kind::Sound:
+        return qtTrId("FieldSound");
+    case Kind::Picture:
+        return textOfPicture(reason);
+    case Kind::Kept:
+        return qtTrId("FieldKept");
+    case Kind::Instrumental:
+        return qtTrId("FieldInstrumental");
+    case Kind::NotAsked:
+        return qtTrId("FieldNotAsked");
+    case Kind::NotFound:
+        return qtTrId("FieldNotFound");
+    case Kind::NotOnAlbum:
+        return qtTrId("FieldNotOnAlbum").arg(pickedName(reason.album));
+    case Kind::AlbumUnknown:
+        return qtTrId("FieldAlbumUnknown");
+    case Kind::AlbumReplaced:
+        return qtTrId("FieldAlbumReplaced");
+    case Kind::PictureNotFetched:
+        return qtTrId("FieldPictureNotFetched");
+    case Kind::PictureUnreadable:
+        return qtTrId("FieldPictureUnreadable");
+    case Kind::PictureTooSmall:
+        return qtTrId("FieldPictureTooSmall").arg(sidesOf(reason.picture));
+    case Kind::PictureNotSquare:
+        return qtTrId("FieldPictureNotSquare").arg(sidesOf(reason.picture));
+    }
+    return {};
+}
+
+QStringList unansweredSources(const ChoiceRecord &record)
 {
     QStringList sources;
     for (const SourceAnswer &answer : record.answers)
         if (answer.kind == SourceAnswer::Kind::Unanswered)
             sources << answer.source;
     sources.removeDuplicates();
-    return sources.join(QStringLiteral(", "));
+    return sources;
 }
 
 } // namespace
@@ -59,11 +129,12 @@ std::optional<QString> textOfReason(const ChoiceRecord &record)
 {
     if (record.reason == ChoiceReason::NotSearched)
         return {};
-    const QString choice = textOfChoice(record);
-    const QString unanswered = unansweredSources(record);
-    if (unanswered.isEmpty())
-        return choice;
-    return qtTrId("ChoiceWithoutSources").arg(choice, unanswered);
+    return withoutSources(textOfChoice(record), unansweredSources(record));
+}
+
+QString textOfField(const FieldReason &reason)
+{
+    return withoutSources(textOfFieldAlone(reason), reason.unanswered);
 }
 
 std::optional<QString> textOfFate(AlbumFate fate)

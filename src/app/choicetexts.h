@@ -10,3 +10,6 @@
 
 /// Why the album was not chosen; nothing for a chosen one.
 [[nodiscard]] std::optional<QString> textOfFate(AlbumFate fate);
+
+/// Why a field was set, or why not; with the sources that could not be asked about it.
+[[nodiscard]] QString textOfField(const FieldReason &reason);

@@ -197,6 +197,10 @@ void Parser::addGather()
     CLI::App *gather =
         addSongCommand("gather", "Find on the web what songs lack, and write it", Command::Gather);
     gather->get_option("PATH")->required(false);
+    gather->footer(
+        "With --json each song's line says which albums there were (candidates), why one "
+        "was\nchosen (reason), and where each field comes from (sources) and why it was "
+        "set or not\n(reasons); --verbose tells the same to read.");
     addGatherSources(*gather);
     addWriteOptions(*gather);
     addGatherChoices(*gather);

@@ -48,6 +48,16 @@ QJsonObject candidateAsJson(const AlbumCandidate &candidate)
     };
 }
 
+QJsonObject reasonsAsJson(const ChoiceRecord &choices)
+{
+    QJsonObject reasons;
+    for (const AssetName &name : assetNames)
+        if (const auto reason = choices.fields.constFind(name.asset);
+            reason != choices.fields.cend())
+            reasons.insert(QLatin1String(name.key), textOfField(*reason));
+    return reasons;
+}
+
 QJsonArray candidatesAsJson(const ChoiceRecord &choices)
 {
     QJsonArray candidates;
@@ -72,12 +82,30 @@ QString candidateAsText(const AlbumCandidate &candidate)
              textOfFate(candidate.fate).value_or(QStringLiteral("chosen")));
 }
 
-QString choicesAsText(const ChoiceRecord &choices)
+/// In the order in which assets are listed.
+QString fieldsAsText(const SongOutcome &outcome)
 {
+    const QMap<Asset, FieldReason> &fields = outcome.choices.fields;
     QString text;
-    if (const auto reason = textOfReason(choices))
+    for (const auto &[asset, key] : assetNames) {
+        if (!fields.contains(asset))
+            continue;
+        const QString source =
+            outcome.changed.testFlag(asset) ? outcome.sources.value(asset) : QString();
+        text += QStringLiteral("\n    %1%2: %3")
+                    .arg(summaryOfAssets(asset),
+                         source.isEmpty() ? source : QStringLiteral(" (%1)").arg(source),
+                         textOfField(fields.value(asset)));
+    }
+    return text;
+}
+
+QString choicesAsText(const SongOutcome &outcome)
+{
+    QString text = fieldsAsText(outcome);
+    if (const auto reason = textOfReason(outcome.choices))
         text += QStringLiteral("\n  ") + *reason;
-    for (const AlbumCandidate &candidate : choices.candidates)
+    for (const AlbumCandidate &candidate : outcome.choices.candidates)
         text += candidateAsText(candidate);
     return text;
 }
@@ -114,6 +142,7 @@ QJsonObject outcomeAsJson(const SongOutcome &outcome)
         {u"error"_s, asJson(outcome.error)},
         {u"candidates"_s, candidatesAsJson(outcome.choices)},
         {u"reason"_s, asJson(textOfReason(outcome.choices))},
+        {u"reasons"_s, reasonsAsJson(outcome.choices)},
         {u"unasked"_s, unaskedClasses(outcome)},
     };
     if (outcome.isInstrumental)
@@ -137,7 +166,7 @@ QString outcomeAsText(const SongOutcome &outcome, Detail detail)
         text += QStringLiteral("\n  %1 albums found; --pick chooses one of them")
                     .arg(outcome.undecidedCandidates);
     if (detail == Detail::Verbose)
-        text += choicesAsText(outcome.choices);
+        text += choicesAsText(outcome);
     else if (needsReason(outcome))
         text += QStringLiteral("\n  ") + textOfReason(outcome.choices).value_or(QString());
     return text;

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "gathering/asset.h"
+
 #include <QList>
-#include <QString>
+#include <QMap>
+#include <QSize>
 
 #include <optional>
 
-// Why a song got the album that it got, or none: values for whoever tells the user.
+// Why a song got the album and the fields that it got, or none: values for whoever tells the user.
 
 /// What became of an album that a source found.
 enum class AlbumFate {
@@ -54,15 +57,53 @@ enum class ChoiceReason {
     EarliestYear,
     MostAgreement,
     HighestScore,
+    TakenByUser,
 };
 
-struct ChoiceRecord {
-    QList<SourceAnswer> answers; ///< in the order in which they came
-    QList<AlbumCandidate> candidates; ///< in the order in which they were looked at; not endless
+/// Which album was chosen by what rule, or why none was.
+struct AlbumVerdict {
     ChoiceReason reason = ChoiceReason::NotSearched;
     std::optional<QString> pickedAlbum; ///< the name of the one that `reason` is about
     int found = 0; ///< how many albums the reason is about
     int left = 0; ///< how many of them the filters left to choose from
 
     [[nodiscard]] bool isChosen() const { return reason >= ChoiceReason::OnlyAlbum; }
+};
+
+/// Why a field of the song was set or not.
+struct FieldReason {
+    enum class Kind {
+        ChosenAlbum, ///< set, as the album tells it that `album` is about
+        Lyrics, ///< set: they were found for artist and title
+        Lent, ///< set, by another song of the album
+        Sound, ///< set, as the song is known by its sound
+        Picture, ///< set: the picture fits
+        Kept, ///< the song has it, and it may not be overwritten
+        Instrumental, ///< there are no lyrics to be found
+        NotAsked, ///< no source in use may supply it
+        NotFound, ///< by the sources; those of `unanswered` gave no answer
+        NoAlbumChosen, ///< albums tell it, but none was chosen, as `album` says
+        NotOnAlbum, ///< the chosen album does not tell it, which `album` is about
+        AlbumUnknown, ///< the cover of an album that was looked for, too, and not found
+        AlbumReplaced, ///< pictures stay while the album itself is looked for
+        PictureNotFetched,
+        PictureUnreadable,
+        PictureTooSmall,
+        PictureNotSquare,
+    };
+    Kind kind = Kind::NotFound;
+    AlbumVerdict album{};
+    QStringList unanswered{}; ///< class names
+    QSize picture{}; ///< pixels, as far as it can be told
+    QSize original{}; ///< of a picture that was scaled down; else invalid
+
+    [[nodiscard]] bool isPictureRefused() const { return kind >= Kind::PictureNotFetched; }
+};
+
+/// The verdict is that of the first album that was chosen.
+struct ChoiceRecord : AlbumVerdict {
+    QList<SourceAnswer> answers; ///< in the order in which they came
+    QList<AlbumCandidate> candidates; ///< in the order in which they were looked at; not endless
+    Assets told; ///< what the albums found tell between them
+    QMap<Asset, FieldReason> fields; ///< of what was to be gathered, and what was set besides
 };

@@ -1,5 +1,7 @@
 #include "gathering/choicerecorder.h"
 
+#include "gathering/songfilling.h"
+
 #include <algorithm>
 
 namespace {
@@ -63,6 +65,7 @@ void ChoiceRecorder::begin(AlbumList &albums)
     for (AlbumInfo &album : albums) {
         if (carriesOnlyLyrics(album))
             continue;
+        mRecord.told |= assetsToldBy(album);
         album.setCandidateNumber(static_cast<int>(mRound.size()));
         mRound.push_back(candidateOf(album));
         mRoundAlbums << album;
@@ -89,17 +92,18 @@ void ChoiceRecorder::end(const AlbumList &left, AlbumPick method, const AlbumCho
             dropped(album, AlbumFate::NotPicked);
         dropped(*choice.album, isOnAlbum ? AlbumFate::Chosen : AlbumFate::SongNotOnAlbum);
     }
+    mLatest = {reasonOf(left.size(), mRound.size(), method, choice, isOnAlbum),
+               choice.album ? shortened(choice.album->name()) : std::nullopt,
+               static_cast<int>(mRound.size()), static_cast<int>(left.size())};
     if (!mRecord.isChosen()) // the first album that was chosen is the one to explain
-        explain(reasonOf(left.size(), mRound.size(), method, choice, isOnAlbum), left, choice);
+        static_cast<AlbumVerdict &>(mRecord) = mLatest;
     keepRound();
 }
 
-void ChoiceRecorder::explain(ChoiceReason reason, const AlbumList &left, const AlbumChoice &choice)
+void ChoiceRecorder::taken(const AlbumInfo &album)
 {
-    mRecord.reason = reason;
-    mRecord.pickedAlbum = choice.album ? shortened(choice.album->name()) : std::nullopt;
-    mRecord.found = static_cast<int>(mRound.size());
-    mRecord.left = static_cast<int>(left.size());
+    mLatest = {ChoiceReason::TakenByUser, shortened(album.name()), 1, 1};
+    static_cast<AlbumVerdict &>(mRecord) = mLatest;
 }
 
 /// A later search may find again what an earlier one found; it is told of once.

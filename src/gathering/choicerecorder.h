@@ -23,16 +23,21 @@ public:
     /// song's.
     void end(const AlbumList &left, AlbumPick method, const AlbumChoice &choice, bool isOnAlbum);
 
+    /// The user took that album, in place of all searches.
+    void taken(const AlbumInfo &album);
+
     [[nodiscard]] const ChoiceRecord &record() const { return mRecord; }
     /// The albums of its candidates, in the same order: what a candidate was merged with is in it.
     [[nodiscard]] const AlbumList &albums() const { return mAlbums; }
+    /// Of the last round, which the record tells of only until an album was chosen.
+    [[nodiscard]] const AlbumVerdict &latestVerdict() const { return mLatest; }
 
 private:
-    void explain(ChoiceReason reason, const AlbumList &left, const AlbumChoice &choice);
     void keepRound();
 
     std::vector<AlbumCandidate> mRound; ///< by number
     AlbumList mRoundAlbums; ///< by number
+    AlbumVerdict mLatest;
     ChoiceRecord mRecord;
     AlbumList mAlbums;
 };

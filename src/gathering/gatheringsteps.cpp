@@ -1,44 +1,27 @@
 #include "gathering/gatheringsteps.h"
 
 #include "base/nextturn.h"
-#include "gathering/fetchobstacle.h"
 #include "gathering/songfacts.h"
 #include "gathering/songfilling.h"
 #include "tags/songbytes.h"
 #include "tags/songlength.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
-
-namespace {
-
-/// How long tags of the library are read at a time: short enough that nobody feels it.
-constexpr std::chrono::milliseconds readingSlice{5};
-
-const QLatin1String fromLibrary("library");
-
-} // namespace
 
 GatheringSteps::GatheringSteps(QObject *owner, std::shared_ptr<SongFile> song,
                                GatherContext &context, Step notify)
     : mSong(std::move(song))
     , mQueue(context.queue)
-    , mLibrary(context.library)
     , mIdentifying(context.identifying)
     , mOwner(owner)
     , mNotify(std::move(notify))
     , mAllResources(context.definitions)
     , mSources(mAllResources.sourcelist())
     , mSearches(context.catalog, mAllResources, context.queue, context.outages, mIndicator)
+    , mArtworkFetch(mQueue, owner, mIndicator)
+    , mLending(context.library, owner, *mSong, mLedger, mReasons, [this] { return isStopped(); })
 {
-}
-
-GatheringSteps::~GatheringSteps()
-{
-    // The queue must not follow a bar that is gone.
-    if (!mArtURL.isEmpty())
-        mQueue.cancelURL(mArtURL, mOwner);
 }
 
 void GatheringSteps::setUpDesiredAssets()
@@ -71,6 +54,7 @@ void GatheringSteps::beginWith(const AlbumInfo &album)
 {
     mNextSource = mSources.size();
     mWantArtworkButNoAlbum = mLedger.isDesired(AssetArtwork) && !album.artURL();
+    mRecorder.taken(album);
     if (isStopped())
         return finishAndNotify();
     applyResourcesFromAlbum(album, [this, album] { serialFetchArt(album); });
@@ -82,8 +66,7 @@ void GatheringSteps::cancel()
     mSearches.cancel();
     if (mIdentification)
         mIdentification->cancel();
-    if (!mArtURL.isEmpty())
-        mQueue.cancelURL(mArtURL, mOwner);
+    mArtworkFetch.cancel();
 }
 
 // ---- what a song without names sounds like
@@ -106,60 +89,12 @@ void GatheringSteps::identified(const Step &then)
     if (!isStopped() && identity) {
         mIdentity.emplace().fill(tag(), *identity, mChoices.gather, mLedger);
         planArtwork();
+        noteSet(FieldReason::Kind::Sound);
     } else if (!isStopped()) {
         mErrorMessage = qtTrId("ErrorNotIdentified")
                             .arg(tag().title().value_or(QString()), mIdentification->problem());
     }
     then();
-}
-
-// ---- what other songs of the album lend
-
-void GatheringSteps::applyResourcesFromLibrary(const Step &then)
-{
-    if (isStopped() || !(mLedger.desired & lendableAssets))
-        return then();
-    if (!mLibrary.readTagsFor(readingSlice)) {
-        onNextTurn(mOwner, [this, then] { applyResourcesFromLibrary(then); });
-        return;
-    }
-    LendingOffers offers = mLibrary.offersTo(borrower());
-    applyOffers(offers);
-    mLenders = std::move(offers.pictures);
-    std::reverse(mLenders.begin(), mLenders.end());
-    tryNextLender(then);
-}
-
-Borrower GatheringSteps::borrower()
-{
-    const AudioInfoTag &song = tag();
-    return {mSong.get(),     song.album(),        song.artist(),   song.isPartOfCompilation(),
-            mLedger.desired, assetsPresent(song), mChoices.artwork};
-}
-
-void GatheringSteps::applyOffers(const LendingOffers &offers)
-{
-    if (offers.year)
-        fillYear(tag(), *offers.year, fromLibrary, mLedger);
-    if (offers.genres)
-        fillGenres(tag(), *offers.genres, fromLibrary, mLedger);
-}
-
-void GatheringSteps::tryNextLender(const Step &then)
-{
-    std::optional<ID3Image> picture;
-    while (!picture && !mLenders.empty()) {
-        picture = firstPictureOf(*mLenders.back());
-        mLenders.pop_back();
-    }
-    if (!picture)
-        return then();
-    const auto gotPicture = [this, then](const std::optional<AdjustedImage> &adjusted) {
-        if (isStopped() || (adjusted && fillArtwork(tag(), *adjusted, fromLibrary, mLedger)))
-            return then();
-        tryNextLender(then);
-    };
-    adjustImageInBackground(picture->data, mChoices.artwork, mOwner, gotPicture);
 }
 
 // ---- what web sources find
@@ -240,6 +175,7 @@ void GatheringSteps::finishParallelAlbums(const AlbumList &lyricsAlbums, const A
 {
     if (!isStopped() && !lyricsAlbums.isEmpty())
         fillLyrics(tag(), lyricsAlbums.first(), mLedger);
+    noteSet(FieldReason::Kind::Lyrics);
     const bool triesArt = !mWantArtworkButNoAlbum && mLedger.isDesired(AssetArtwork);
     mParallelAlbums = triesArt ? artAlbums : AlbumList();
     parallelNextArt();
@@ -333,12 +269,16 @@ bool GatheringSteps::isOnAlbum(const AlbumInfo &album)
 void GatheringSteps::applyResourcesFromAlbum(const AlbumInfo &album, const Step &then)
 {
     fillAlbumName(tag(), album, mLedger);
+    noteSet(FieldReason::Kind::ChosenAlbum, mRecorder.latestVerdict());
     if (!album.identifiers().isEmpty())
         mIdentifiers = album.identifiers();
     // The album is known better now, so that other songs may be of the same.
     applyResourcesFromLibrary([this, album, then] {
         if (!isStopped())
             fillFromAlbum(tag(), album, mChoices.allowSubstrings, mLedger);
+        const bool hasLyrics = carriesOnlyLyrics(album);
+        noteSet(hasLyrics ? FieldReason::Kind::Lyrics : FieldReason::Kind::ChosenAlbum,
+                mRecorder.latestVerdict());
         then();
     });
 }
@@ -346,21 +286,21 @@ void GatheringSteps::applyResourcesFromAlbum(const AlbumInfo &album, const Step 
 void GatheringSteps::fetchArt(const QUrl &url, const QString &source, const Step &applied,
                               const Step &refused)
 {
-    const auto gotPicture = [=, this](const std::optional<AdjustedImage> &adjusted) {
-        const bool fits =
-            !isStopped() && adjusted && fillArtwork(tag(), *adjusted, source, mLedger);
+    const auto gotArt = [=, this](const ArtworkFetch::Outcome &outcome) {
+        if (isStopped())
+            return refused();
+        if (outcome.isUnanswered)
+            mSearches.noteUnasked(source);
+        mReasons.notePicture(outcome.reason);
+        const bool fits = outcome.picture && fillArtwork(tag(), *outcome.picture, source, mLedger);
         fits ? applied() : refused();
     };
-    const auto gotArt = [=, this](const FetchResult &result) {
-        mArtURL.clear();
-        if (!isStopped() && isUnanswered(result))
-            mSearches.noteUnasked(source);
-        if (isStopped() || result.data.isEmpty())
-            return refused();
-        adjustImageInBackground(result.data, mChoices.artwork, mOwner, gotPicture);
-    };
-    mArtURL = url;
-    mQueue.addURLUsingIndicator(url, mOwner, gotArt, &mIndicator);
+    mArtworkFetch.start(url, mChoices.artwork, gotArt);
+}
+
+void GatheringSteps::noteSet(FieldReason::Kind kind, const AlbumVerdict &album)
+{
+    mReasons.noteSet(mLedger.changed, {.kind = kind, .album = album});
 }
 
 // ---- the end
@@ -383,6 +323,20 @@ void GatheringSteps::gatherArtworkOfKnownAlbum()
     mLedger.desired = AssetArtwork;
     mNextSource = 0;
     serialGatherDataOnline();
+}
+
+ChoiceRecord GatheringSteps::choices() const
+{
+    const AudioInfoTag *tag = mSong->infotag();
+    const FieldFacts facts{.gathered = mChoices.gather,
+                           .missing = missing(),
+                           .askedFor = mSearches.askedFor(),
+                           .unasked = unaskedSources(),
+                           .awaitsAlbum = mWantArtworkButNoAlbum,
+                           .hasPictures = tag && tag->numberOfImages() > 0};
+    ChoiceRecord choices = mRecorder.record();
+    choices.fields = mReasons.of(facts, mLedger, choices);
+    return choices;
 }
 
 void GatheringSteps::notify()

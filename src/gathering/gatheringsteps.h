@@ -1,11 +1,13 @@
 #pragma once
 
 #include "base/progress.h"
+#include "gathering/artworkfetch.h"
 #include "gathering/assetledger.h"
 #include "gathering/choicerecorder.h"
+#include "gathering/fieldreasons.h"
 #include "gathering/gathercontext.h"
 #include "gathering/identityfilling.h"
-#include "gathering/librarylending.h"
+#include "gathering/songlending.h"
 #include "gathering/sourcesearches.h"
 
 /// The user's choices for one song.
@@ -30,7 +32,6 @@ public:
                    Step notify);
     GatheringSteps(const GatheringSteps &) = delete;
     GatheringSteps &operator=(const GatheringSteps &) = delete;
-    ~GatheringSteps();
 
     void setUpDesiredAssets();
     /// `taken`: an album that the user took, in place of all searches; only artwork is looked for
@@ -39,8 +40,8 @@ public:
     void cancel();
     [[nodiscard]] bool wasStarted() const { return mStarted; }
     [[nodiscard]] Assets missing() const { return mLedger.desired | mSetAside; }
-    [[nodiscard]] const ChoiceRecord &choices() const { return mRecorder.record(); }
     [[nodiscard]] const AlbumList &albums() const { return mRecorder.albums(); }
+    [[nodiscard]] ChoiceRecord choices() const;
     [[nodiscard]] QList<UnaskedSource> unaskedSources() const
     {
         return mSearches.unaskedOf(mSources, missing());
@@ -63,10 +64,7 @@ private:
     void planArtwork();
     void identify(const Step &then);
     void identified(const Step &then);
-    void applyResourcesFromLibrary(const Step &then);
-    [[nodiscard]] Borrower borrower();
-    void applyOffers(const LendingOffers &offers);
-    void tryNextLender(const Step &then);
+    void applyResourcesFromLibrary(const Step &then) { mLending.lend(mChoices.artwork, then); }
 
     [[nodiscard]] SearchRequest searchRequest();
     [[nodiscard]] std::optional<qint64> songDuration();
@@ -86,6 +84,8 @@ private:
     void applyResourcesFromAlbum(const AlbumInfo &album, const Step &then);
     void fetchArt(const QUrl &url, const QString &source, const Step &applied, const Step &refused);
 
+    void noteSet(FieldReason::Kind kind, const AlbumVerdict &album = {});
+
     void finishAndNotify();
     [[nodiscard]] bool hasAlbumButNoPicture()
     {
@@ -95,7 +95,6 @@ private:
     void notify();
 
     HVHTTPQueue &mQueue;
-    LibraryLending &mLibrary;
     std::optional<IdentifyingMeans> &mIdentifying;
     QObject *mOwner;
     Step mNotify;
@@ -107,8 +106,9 @@ private:
     ChoiceRecorder mRecorder;
     qsizetype mNextSource = 0; ///< of mSources, in serial mode
     AlbumList mParallelAlbums; ///< what was found, later the artwork candidates
-    SongList mLenders; ///< of pictures that are still to be tried, the next one last
-    QUrl mArtURL; ///< being fetched; empty when none is
+    ArtworkFetch mArtworkFetch;
+    FieldReasons mReasons;
+    SongLending mLending;
     ReleaseIdentifiers mIdentifiers; ///< of the last album applied that has some
     Assets mSetAside; ///< desired, but not in the pass for artwork alone
     std::optional<qint64> mSongDuration; ///< milliseconds

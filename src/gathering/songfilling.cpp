@@ -11,6 +11,16 @@ namespace {
 constexpr qsizetype shortestYear = 4;
 constexpr qsizetype shortestGenre = 2;
 
+bool tellsYear(const AlbumInfo &album)
+{
+    return album.year() && album.year()->size() >= shortestYear;
+}
+
+bool tellsGenre(const AlbumInfo &album)
+{
+    return album.genre() && album.genre()->size() >= shortestGenre;
+}
+
 int numberOfTagsTrack(const AlbumInfo &album, const AudioInfoTag &tag, Substrings allowSubstrings)
 {
     const std::optional<QString> title = tag.title();
@@ -49,6 +59,19 @@ std::optional<QString> notOnAlbumProblem(const AlbumInfo &album, const AudioInfo
         .arg(tag.title().value_or(QString()), *album.name(), album.trackSummary());
 }
 
+Assets assetsToldBy(const AlbumInfo &album)
+{
+    Assets told;
+    told.setFlag(AssetAlbumName, album.name().has_value());
+    told.setFlag(AssetYear, tellsYear(album));
+    told.setFlag(AssetGenre, tellsGenre(album));
+    told.setFlag(AssetLyrics, !album.lyrics().isEmpty());
+    told.setFlag(AssetArtwork, album.artURLString().has_value());
+    if (album.numberOfTracks() > 0)
+        told |= Assets(AssetTrack) | AssetSongTitle;
+    return told;
+}
+
 void fillAlbumName(AudioInfoTag &tag, const AlbumInfo &album, AssetLedger &ledger)
 {
     if (!ledger.isDesired(AssetAlbumName) || !album.name())
@@ -71,10 +94,10 @@ void fillFromAlbum(AudioInfoTag &tag, const AlbumInfo &album, Substrings allowSu
 {
     const int trackOfTitle = numberOfTagsTrack(album, tag, allowSubstrings);
     const QString &source = album.sourceInterfaceName();
-    if (album.year() && album.year()->size() >= shortestYear)
+    if (tellsYear(album))
         fillYear(tag, *album.year(), source, ledger);
     fillLyrics(tag, album, ledger);
-    if (album.genre() && album.genre()->size() >= shortestGenre)
+    if (tellsGenre(album))
         fillGenres(tag, *album.genre(), source, ledger);
     if (album.numberOfTracks() > 0)
         fillTrackAndTitle(tag, album, trackOfTitle, ledger);

@@ -17,6 +17,9 @@
 [[nodiscard]] std::optional<QString> notOnAlbumProblem(const AlbumInfo &album,
                                                        const AudioInfoTag &tag);
 
+/// What an album could fill in.
+[[nodiscard]] Assets assetsToldBy(const AlbumInfo &album);
+
 /// Sets the album name. With an album of another name the pictures go, where artwork may be
 /// overwritten, and new ones are desired.
 void fillAlbumName(AudioInfoTag &tag, const AlbumInfo &album, AssetLedger &ledger);

@@ -131,7 +131,7 @@ int SongInfoTask::undecidedCandidates() const
     return d->missing() ? d->mUndecidedCandidates : 0;
 }
 
-const ChoiceRecord &SongInfoTask::choices() const
+ChoiceRecord SongInfoTask::choices() const
 {
     return d->choices();
 }

@@ -63,8 +63,9 @@ public:
     [[nodiscard]] bool isInstrumental() const;
     /// How many albums were left to choose from when none was chosen; 0 otherwise.
     [[nodiscard]] int undecidedCandidates() const;
-    /// What the sources answered, and why the album was chosen or none.
-    [[nodiscard]] const ChoiceRecord &choices() const;
+    /// What the sources answered, why the album was chosen or none, and why each field was set or
+    /// not; once the task has ended.
+    [[nodiscard]] ChoiceRecord choices() const;
     /// The albums of its candidates, in the same order.
     [[nodiscard]] const AlbumList &candidateAlbums() const;
     /// Those that gave no answer about what is still missing.

@@ -77,6 +77,7 @@ bool SourceSearches::start(const QString &className, const SearchRequest &reques
     std::unique_ptr<WebDBInterface> made = madeSource(className, request);
     if (!made)
         return false;
+    mAskedFor |= mCatalog.find(className)->resourcesPossiblyAvailable;
     if (mOutages.isLeftAlone(className)) {
         noteUnasked(className);
         return false;

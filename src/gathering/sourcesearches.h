@@ -55,6 +55,8 @@ public:
     void cancel();
     [[nodiscard]] bool anyRunning() const { return !mRunning.empty(); }
 
+    /// What the sources that were to be asked so far may supply.
+    [[nodiscard]] Assets askedFor() const { return mAskedFor; }
     /// Something of that source could not be fetched, such as a picture that it told of.
     void noteUnasked(const QString &className) { mUnasked.insert(className); }
     /// Those of the sources that were left alone or gave no answer, as far as they may supply some
@@ -71,6 +73,7 @@ private:
     HVHTTPQueue &mQueue;
     SourceOutages &mOutages;
     Progress &mProgress;
+    Assets mAskedFor;
     QSet<QString> mUnasked; ///< class names
     std::vector<std::unique_ptr<WebDBInterface>> mSources;
     std::vector<WebDBInterface *> mRunning;
