@@ -8,9 +8,11 @@ void SourceOutages::unanswered(const QString &className)
     outage.since = mClock.now();
     if (++outage.inRow > mostUnanswered)
         outage.pause *= 2;
-    if (outage.inRow >= mostUnanswered)
-        qCWarning(logGathering).noquote()
-            << className << "gives no answer, left alone for" << outage.pause.count() << "minutes";
+    if (outage.inRow < mostUnanswered)
+        return;
+    mMarked.insert(className);
+    qCWarning(logGathering).noquote()
+        << className << "gives no answer, left alone for" << outage.pause.count() << "minutes";
 }
 
 bool SourceOutages::isLeftAlone(const QString &className) const
@@ -20,4 +22,10 @@ bool SourceOutages::isLeftAlone(const QString &className) const
         return false;
     const auto passed = mClock.now() - outage->since;
     return passed >= Clock::Time::duration::zero() && passed < outage->pause;
+}
+
+void SourceOutages::clear()
+{
+    mOutages.clear();
+    mMarked.clear();
 }

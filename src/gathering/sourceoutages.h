@@ -4,6 +4,7 @@
 #include "gathering/asset.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 /// A source that could not be asked about a song.
@@ -14,8 +15,9 @@ struct UnaskedSource {
     bool operator==(const UnaskedSource &) const = default;
 };
 
-/// The sources of a run that give no answer. One that gave none several times in a row is left
-/// alone, so that the others get on; now and then one song asks it again.
+/// The sources of a run that give no answer. One that gave none several times in a row is marked
+/// for the run and left alone, so that the others get on. The mark is checked now and then: one
+/// song asks the source again, and an answer puts it back into use.
 class SourceOutages {
 public:
     /// Searches without an answer in a row after which a source is left alone.
@@ -31,8 +33,10 @@ public:
     void answered(const QString &className) { mOutages.remove(className); }
     void unanswered(const QString &className);
     [[nodiscard]] bool isLeftAlone(const QString &className) const;
+    /// Those that were marked in this run, whether or not they came back.
+    [[nodiscard]] const QSet<QString> &marked() const { return mMarked; }
     /// A new run asks all of them.
-    void clear() { mOutages.clear(); }
+    void clear();
 
 private:
     struct Outage {
@@ -43,4 +47,5 @@ private:
 
     const Clock &mClock;
     QHash<QString, Outage> mOutages;
+    QSet<QString> mMarked;
 };
