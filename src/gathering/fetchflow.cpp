@@ -74,10 +74,13 @@ void FetchFlow::sendAtOnce(const QUrl &url, OwedResult owed, FetchMethod method,
     begin(fetch);
 }
 
-void FetchFlow::setManners(const QString &host, const HostManners &manners)
+void FetchFlow::setManners(const QString &host, const QString &asker, const HostManners &manners)
 {
-    mManners.insert(host, manners);
-    mPace.setMinInterval(host, manners.minInterval);
+    HostMannersTold &told = mMannersTold[host];
+    told.set(asker, manners);
+    const HostManners together = told.together();
+    mManners.insert(host, together);
+    mPace.setMinInterval(host, together.minInterval);
 }
 
 void FetchFlow::startWaiting()

@@ -33,7 +33,7 @@ public:
 
     void setAgent(const QString &agent) { mAgentID = agent; }
     [[nodiscard]] QString agent() const { return mAgentID; }
-    void setManners(const QString &host, const HostManners &manners);
+    void setManners(const QString &host, const QString &asker, const HostManners &manners);
     void setMaximumHTMLLength(qint64 bytes) { mMaxHTMLLength = bytes; }
     void setMaxConnections(int connections) { mMaxConnections = connections; }
     [[nodiscard]] int running() const { return mRunning; }
@@ -73,7 +73,8 @@ private:
     HttpCache mCache;
     FailedHosts mFailedHosts;
     HostPace mPace;
-    QHash<QString, HostManners> mManners; ///< by host, in lower case
+    QHash<QString, HostMannersTold> mMannersTold; ///< by host, in lower case
+    QHash<QString, HostManners> mManners; ///< what comes of it
     FloodWatch mFloodWatch;
     FetchLine mLine;
     FetchTable mTable;

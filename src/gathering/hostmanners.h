@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QMap>
 #include <QString>
 
+#include <algorithm>
 #include <chrono>
 
 /// How a host wants to be asked. What is unset is as for every host.
@@ -13,4 +15,25 @@ struct HostManners {
     QString userAgent{}; ///< in place of the queue's own
 
     [[nodiscard]] bool operator==(const HostManners &) const = default;
+};
+
+/// What those who ask one host, by their names, were told of it: the most careful of each counts.
+class HostMannersTold {
+public:
+    void set(const QString &asker, const HostManners &manners) { mByAsker[asker] = manners; }
+
+    [[nodiscard]] HostManners together() const
+    {
+        HostManners all;
+        for (const HostManners &manners : mByAsker) {
+            all.minInterval = std::max(all.minInterval, manners.minInterval);
+            all.patience = std::max(all.patience, manners.patience);
+            if (all.userAgent.isEmpty())
+                all.userAgent = manners.userAgent;
+        }
+        return all;
+    }
+
+private:
+    QMap<QString, HostManners> mByAsker;
 };

@@ -43,9 +43,9 @@ int HVHTTPQueue::currentNumberOfConnections() const
     return mFlow->running();
 }
 
-void HVHTTPQueue::setManners(const QString &host, const HostManners &manners)
+void HVHTTPQueue::setManners(const QString &host, const HostManners &manners, const QString &asker)
 {
-    mFlow->setManners(host.toLower(), manners);
+    mFlow->setManners(host.toLower(), asker, manners);
 }
 
 void HVHTTPQueue::setCacheDiskCapacity(qint64 bytes)

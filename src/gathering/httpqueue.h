@@ -34,8 +34,9 @@ public:
     void setMaximumHTMLLength(qint64 bytes); ///< 0: no limit
     void setSimultaneousConnections(int connections);
     [[nodiscard]] int currentNumberOfConnections() const;
-    /// For all requests to `host` from now on, whoever makes them.
-    void setManners(const QString &host, const HostManners &manners);
+    /// For all requests to `host` from now on, whoever makes them. Of what several askers set the
+    /// longest times count.
+    void setManners(const QString &host, const HostManners &manners, const QString &asker = {});
     void setCacheDiskCapacity(qint64 bytes);
 
     void addURL(const QUrl &url, QObject *owner, FetchCallback returnMethod,

@@ -71,7 +71,7 @@ void WebDBInterface::keepManners()
         return;
     const QStringList hosts = mResources.hosts();
     for (const QString &host : hosts)
-        mQueue.setManners(host, manners);
+        mQueue.setManners(host, manners, className());
 }
 
 void WebDBInterface::cancelSearch()
