@@ -4,9 +4,8 @@
 #include "app/usersources.h"
 #include "cli/chosendefinitions.h"
 #include "cli/chosenoptions.h"
-#include "cli/gatherrun.h"
+#include "cli/gathersummary.h"
 #include "cli/interrupt.h"
-#include "cli/outcomereport.h"
 #include "cli/retrysongs.h"
 #include "cli/sourceloading.h"
 
@@ -73,45 +72,12 @@ SongOutcome failedOutcome(const QString &path, const QString &reason, const Read
     return outcome;
 }
 
-QJsonObject summaryAsJson(const GatherRun::Summary &summary)
-{
-    QJsonObject json{{u"processed"_s, summary.processed},
-                     {u"modified"_s, summary.modified},
-                     {u"failed"_s, summary.failed},
-                     {u"cancelled"_s, summary.cancelled}};
-    QJsonObject unasked;
-    for (auto source = summary.unasked.begin(); source != summary.unasked.end(); ++source)
-        unasked.insert(source.key(), source.value());
-    if (!unasked.isEmpty())
-        json.insert(u"unasked"_s, unasked);
-    return json;
-}
-
-QString summaryAsText(const GatherRun::Summary &summary, WriteSongs write)
-{
-    QString text = QStringLiteral("%1 songs processed, %2 modified, %3 failed%4")
-                       .arg(summary.processed)
-                       .arg(summary.modified)
-                       .arg(summary.failed)
-                       .arg(summary.cancelled ? QStringLiteral(", cancelled") : QString());
-    const QString hint = write == WriteSongs::Yes
-        ? QStringLiteral("; tagwright gather --retry takes them up again")
-        : QString();
-    for (auto source = summary.unasked.begin(); source != summary.unasked.end(); ++source)
-        text +=
-            QStringLiteral("\n%1 could not be asked about %2 %3%4")
-                .arg(source.key())
-                .arg(source.value())
-                .arg(source.value() == 1 ? QStringLiteral("song") : QStringLiteral("songs"), hint);
-    return text;
-}
-
-void tellSummary(const GatherRun::Summary &summary, WriteSongs write, Report &report)
+void tellSummary(const GatherRun::Summary &summary, const SummaryManner &manner, Report &report)
 {
     if (report.format() == ReportFormat::JsonLines)
         report.object({{u"summary"_s, summaryAsJson(summary)}});
     else
-        report.text(summaryAsText(summary, write));
+        report.text(summaryAsText(summary, manner));
     if (summary.cancelled)
         report.setFailed();
 }
@@ -133,7 +99,9 @@ int runGather(const Arguments &arguments, Report &report)
     const WriteSongs write = arguments.dryRun ? WriteSongs::No : WriteSongs::Yes;
     const GatheringOptions options = gatheringOptionsOf(arguments, engine.prefs);
     const Detail detail = arguments.verbose ? Detail::Verbose : Detail::Calm;
-    RetrySongs retries(options.gather, write, report);
+    // Who is to be known by the sound is asked about the artist, too.
+    const Assets wanted = options.gather | (options.identify ? AssetArtist : Assets());
+    RetrySongs retries(wanted, write, report);
     const auto tell = [&report, &retries, detail](const SongOutcome &outcome) {
         tellOutcome(outcome, detail, report);
         retries.note(outcome);
@@ -153,7 +121,7 @@ int runGather(const Arguments &arguments, Report &report)
                       .run(options, writeOptionsOf(arguments, engine.prefs), write, tell);
     summary.processed += refused;
     summary.failed += refused;
-    tellSummary(summary, write, report);
+    tellSummary(summary, {write, detail}, report);
     retries.save();
     return report.finish();
 }

@@ -31,6 +31,8 @@ GatherRun::Summary GatherRun::run(const GatheringOptions &options, const WriteOp
     mWorkList.beginGathering(mSongs, options, writeOptions, write);
     loop.exec();
     mProgress.clear();
+    mSummary.leftAlone = mContext.outages.marked().values();
+    mSummary.leftAlone.sort();
     return mSummary;
 }
 
@@ -40,7 +42,7 @@ void GatherRun::songFinished(const SongOutcome &outcome, const TellOutcome &tell
     mSummary.modified += outcome.changed && !outcome.failed ? 1 : 0;
     mSummary.failed += outcome.failed ? 1 : 0;
     for (const UnaskedSource &source : outcome.unasked)
-        ++mSummary.unasked[source.className];
+        mSummary.unasked[source.className] << outcome.song->path();
     mProgress.clear();
     tell(outcome);
 }

@@ -22,7 +22,9 @@ public:
         int modified = 0;
         int failed = 0;
         bool cancelled = false;
-        QMap<QString, int> unasked{}; ///< songs by source that could not be asked about them
+        QMap<QString, QStringList>
+            unasked{}; ///< paths by source that could not be asked about them
+        QStringList leftAlone{}; ///< sources that were marked as giving no answer
     };
     using TellOutcome = std::function<void(const SongOutcome &)>;
 
