@@ -479,6 +479,10 @@ The selected songs have different artwork</translation>
         <source>The answer is longer than %1 MB</source>
         <translation>The answer is longer than %1 MB</translation>
     </message>
+    <message id="ErrorServiceLeftAlone">
+        <source>the service gave no answer to the songs before, and is left alone for now</source>
+        <translation>the service gave no answer to the songs before, and is left alone for now</translation>
+    </message>
     <message id="ErrorServiceNotReached">
         <source>the service cannot be reached</source>
         <translation>the service cannot be reached</translation>

@@ -214,7 +214,8 @@ void WorkList::processSong(const std::shared_ptr<SongFile> &song)
         return mNextStep.start();
     }
     makeTask(song);
-    if (mCurrentInfoTask->desiredAssetFlags() & mAllSourceAssetsAvailable)
+    if ((mCurrentInfoTask->desiredAssetFlags() & mAllSourceAssetsAvailable)
+        || mCurrentInfoTask->mayBeIdentified())
         startTask();
     else
         mNextStep.start(); // nothing can be found: finished, unchanged

@@ -135,7 +135,7 @@ AcoustIDAnswer readAcoustIDAnswer(const QByteArray &json, double minScore, const
                 .isKeyRefused = error["code"_L1] == invalidKey};
     }
     if (answer["status"_L1] != "ok"_L1 || !answer["results"_L1].isArray())
-        return {.problem = qtTrId("ErrorStrangeAnswer")};
+        return {.problem = qtTrId("ErrorStrangeAnswer"), .isStrange = true};
     for (const QJsonObject &result : resultsByScore(answer["results"_L1].toArray(), minScore))
         if (const auto song = bestIn(result["recordings"_L1].toArray(), known))
             return {.song = song};

@@ -71,10 +71,20 @@ void GatheringSteps::cancel()
 
 // ---- what a song without names sounds like
 
+bool GatheringSteps::mayBeIdentified()
+{
+    return !isStopped() && mChoices.identify && mIdentifying && lacksIdentity(tag())
+        && (mLedger.desired || identityWouldStay(tag(), mChoices.gather));
+}
+
 void GatheringSteps::identify(const Step &then)
 {
-    if (isStopped() || !mChoices.identify || !mIdentifying || !lacksIdentity(tag()))
+    if (!mayBeIdentified())
         return then();
+    if (!mSearches.mayAsk(AcoustIDLookup::name)) {
+        notIdentified(qtTrId("ErrorServiceLeftAlone"));
+        return then();
+    }
     auto definition = mAllResources.definitionOf(AcoustIDLookup::name).value_or(SiteDefinition());
     mIdentification =
         std::make_unique<SongIdentification>(*mIdentifying, std::move(definition), mQueue);
@@ -85,16 +95,25 @@ void GatheringSteps::identify(const Step &then)
 
 void GatheringSteps::identified(const Step &then)
 {
-    const auto &identity = mIdentification->song();
-    if (!isStopped() && identity) {
+    if (isStopped())
+        return then();
+    if (mIdentification->wasUnanswered())
+        mSearches.noteUnanswered(AcoustIDLookup::name);
+    else if (mIdentification->wasAsked())
+        mSearches.noteAnswered(AcoustIDLookup::name);
+    if (const auto &identity = mIdentification->song()) {
         mIdentity.emplace().fill(tag(), *identity, mChoices.gather, mLedger);
         planArtwork();
         noteSet(FieldReason::Kind::Sound);
-    } else if (!isStopped()) {
-        mErrorMessage = qtTrId("ErrorNotIdentified")
-                            .arg(tag().title().value_or(QString()), mIdentification->problem());
+    } else {
+        notIdentified(mIdentification->problem());
     }
     then();
+}
+
+void GatheringSteps::notIdentified(const QString &problem)
+{
+    mErrorMessage = qtTrId("ErrorNotIdentified").arg(tag().title().value_or(QString()), problem);
 }
 
 // ---- what web sources find
@@ -323,6 +342,15 @@ void GatheringSteps::gatherArtworkOfKnownAlbum()
     mLedger.desired = AssetArtwork;
     mNextSource = 0;
     serialGatherDataOnline();
+}
+
+QList<UnaskedSource> GatheringSteps::unaskedSources() const
+{
+    QList<UnaskedSource> unasked = mSearches.unaskedOf(mSources, missing());
+    const Assets names = missing() & (Assets(AssetSongTitle) | AssetAlbumName);
+    if (mSearches.isUnasked(AcoustIDLookup::name))
+        unasked.prepend({AcoustIDLookup::name, names | AssetArtist});
+    return unasked;
 }
 
 ChoiceRecord GatheringSteps::choices() const

@@ -42,10 +42,10 @@ public:
     [[nodiscard]] Assets missing() const { return mLedger.desired | mSetAside; }
     [[nodiscard]] const AlbumList &albums() const { return mRecorder.albums(); }
     [[nodiscard]] ChoiceRecord choices() const;
-    [[nodiscard]] QList<UnaskedSource> unaskedSources() const
-    {
-        return mSearches.unaskedOf(mSources, missing());
-    }
+    /// With the service that knows songs by their sound, where the song has no names for that.
+    [[nodiscard]] QList<UnaskedSource> unaskedSources() const;
+    /// Whether the song is to be known by its sound, and something comes of it.
+    [[nodiscard]] bool mayBeIdentified();
 
     std::shared_ptr<SongFile> mSong;
     GatherChoices mChoices;
@@ -64,6 +64,7 @@ private:
     void planArtwork();
     void identify(const Step &then);
     void identified(const Step &then);
+    void notIdentified(const QString &problem);
     void applyResourcesFromLibrary(const Step &then) { mLending.lend(mChoices.artwork, then); }
 
     [[nodiscard]] SearchRequest searchRequest();

@@ -45,6 +45,11 @@ bool lacksIdentity(const AudioInfoTag &tag)
     return !hasArtistsName(tag) || !hasSongsName(tag);
 }
 
+bool identityWouldStay(const AudioInfoTag &tag, Assets gather)
+{
+    return !tag.artist() || (tag.hasTitleOfPathname() && gather.testFlag(AssetSongTitle));
+}
+
 KnownOfSong knownOfSong(const AudioInfoTag &tag)
 {
     KnownOfSong known;

@@ -7,6 +7,9 @@
 /// "Track 01".
 [[nodiscard]] bool lacksIdentity(const AudioInfoTag &tag);
 
+/// Whether names that are found would stay in the tag, whatever else is desired of the song.
+[[nodiscard]] bool identityWouldStay(const AudioInfoTag &tag, Assets gather);
+
 /// What the tag itself says, without such a title.
 [[nodiscard]] KnownOfSong knownOfSong(const AudioInfoTag &tag);
 

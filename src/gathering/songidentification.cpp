@@ -74,6 +74,11 @@ void SongIdentification::gotAnswer()
     end(isUnknown ? qtTrId("ErrorSoundUnknown") : answer.problem);
 }
 
+bool SongIdentification::wasUnanswered() const
+{
+    return mLookup && (mLookup->wasUnanswered() || mLookup->answer().isStrange);
+}
+
 void SongIdentification::end(const QString &problem)
 {
     mProblem = problem;

@@ -29,6 +29,10 @@ public:
     [[nodiscard]] const std::optional<SongIdentity> &song() const { return mSong; }
     /// Why the song was not identified, for the user.
     [[nodiscard]] const QString &problem() const { return mProblem; }
+    /// Whether the service was asked and gave no answer.
+    [[nodiscard]] bool wasUnanswered() const;
+    /// Whether it was asked at all.
+    [[nodiscard]] bool wasAsked() const { return mLookup != nullptr; }
 
 Q_SIGNALS:
     void finished();

@@ -101,6 +101,11 @@ Assets SongInfoTask::desiredAssetFlags() const
     return d->missing();
 }
 
+bool SongInfoTask::mayBeIdentified() const
+{
+    return d->mayBeIdentified();
+}
+
 bool SongInfoTask::wasStarted() const
 {
     return d->wasStarted();

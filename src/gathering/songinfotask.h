@@ -53,6 +53,9 @@ public:
     [[nodiscard]] Assets changedAssetFlags() const;
     /// What is still missing.
     [[nodiscard]] Assets desiredAssetFlags() const;
+    /// Whether the song is to be known by its sound, which may give it names even where nothing
+    /// else is missing.
+    [[nodiscard]] bool mayBeIdentified() const;
     [[nodiscard]] bool wasStarted() const;
     [[nodiscard]] bool wasCancelled() const;
     /// Why nothing was applied, for the user.

@@ -78,10 +78,8 @@ bool SourceSearches::start(const QString &className, const SearchRequest &reques
     if (!made)
         return false;
     mAskedFor |= mCatalog.find(className)->resourcesPossiblyAvailable;
-    if (mOutages.isLeftAlone(className)) {
-        noteUnasked(className);
+    if (!mayAsk(className))
         return false;
-    }
     WebDBInterface *source = mSources.emplace_back(std::move(made)).get();
     configure(*source, request);
     source->setProgessIndicator(&mProgress);
@@ -102,12 +100,24 @@ void SourceSearches::noteAnswer(const WebDBInterface &source)
 {
     if (source.wasCancelled())
         return;
-    if (source.wasUnanswered() && source.albums().isEmpty()) {
-        noteUnasked(source.className());
-        mOutages.unanswered(source.className());
-    } else if (source.totalSearches() > 0) {
-        mOutages.answered(source.className());
-    }
+    if (source.wasUnanswered() && source.albums().isEmpty())
+        noteUnanswered(source.className());
+    else if (source.totalSearches() > 0)
+        noteAnswered(source.className());
+}
+
+void SourceSearches::noteUnanswered(const QString &className)
+{
+    noteUnasked(className);
+    mOutages.unanswered(className);
+}
+
+bool SourceSearches::mayAsk(const QString &className)
+{
+    if (!mOutages.isLeftAlone(className))
+        return true;
+    noteUnasked(className);
+    return false;
 }
 
 QList<UnaskedSource> SourceSearches::unaskedOf(const QStringList &sources, Assets missing) const

@@ -57,8 +57,16 @@ public:
 
     /// What the sources that were to be asked so far may supply.
     [[nodiscard]] Assets askedFor() const { return mAskedFor; }
+    /// False when it is left alone, which is noted.
+    [[nodiscard]] bool mayAsk(const QString &className);
+    void noteAnswered(const QString &className) { mOutages.answered(className); }
+    void noteUnanswered(const QString &className);
     /// Something of that source could not be fetched, such as a picture that it told of.
     void noteUnasked(const QString &className) { mUnasked.insert(className); }
+    [[nodiscard]] bool isUnasked(const QString &className) const
+    {
+        return mUnasked.contains(className);
+    }
     /// Those of the sources that were left alone or gave no answer, as far as they may supply some
     /// of what is missing.
     [[nodiscard]] QList<UnaskedSource> unaskedOf(const QStringList &sources, Assets missing) const;

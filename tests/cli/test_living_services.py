@@ -132,6 +132,7 @@ class LivingServices(unittest.TestCase):
         for field, source in told["sources"].items():
             self.assertIn(source, [s for s in sources if field in WANTED[s]] + ["library"], field)
         self.assertEqual((told["written"], told["error"]), (True, None))
+        self.assertEqual(set(told["reasons"]), {*OF_ALBUM, "SongTitle", "Lyrics", "Artwork"})
         self.assertEqual("instrumental" in told, song.key == INSTRUMENTAL and LYRICS in sources)
         chosen = next(each for each in told["candidates"] if each["dropped"] is None)
         self.assertEqual((chosen["source"], chosen["album"]),

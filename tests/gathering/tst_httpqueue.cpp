@@ -479,7 +479,9 @@ private Q_SLOTS:
     void aHostsPaceIsKept()
     {
         World world;
-        world.queue.setManners(u"127.0.0.1"_s, {.minInterval = 20ms});
+        world.queue.setManners(u"127.0.0.1"_s, {.minInterval = 20ms}, u"A"_s);
+        world.queue.setManners(u"127.0.0.1"_s, {.patience = 9s},
+                               u"B"_s); // names no pace of its own
         world.add({u"/1"_s, u"/2"_s, u"/3"_s});
         QVERIFY(world.post(u"/form"_s, "x"));
         for (int answered = 1; answered <= 4; ++answered) {

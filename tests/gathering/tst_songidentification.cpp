@@ -235,6 +235,8 @@ private Q_SLOTS:
             u"Nila Oster|Track 07|Salt & Iron"_s);
         row("an artist of its own stays", u"artist=Unknown Artist"_s, names, all,
             u"Unknown Artist|Harbour Lights|Salt & Iron"_s);
+        row("nothing but the artist is lacking", u"title=Harbour Lights"_s, {}, {},
+            u"Nila Oster|Harbour Lights|-"_s);
         row("a song of another title", u"title=Tidewater"_s, AssetYear, u"-|Tidewater|-"_s,
             u"-|Tidewater|-"_s);
         row("one that has its names is not asked for", u"artist=Jon;title=Harbour"_s, AssetYear,
@@ -247,6 +249,7 @@ private Q_SLOTS:
         QFETCH(Assets, want);
         World world;
         world.makeTask(soundOf(tag), want);
+        QCOMPARE(world.task->mayBeIdentified(), !tag.contains(u"artist=Jon"_s));
         world.run();
         QTEST(world.asked, "asked");
         QTEST(world.names(), "names");
@@ -291,6 +294,20 @@ private Q_SLOTS:
             QVERIFY(world.task->errorMessage()->endsWith(u"invalid API key"_s));
         }
         QCOMPARE(world.server.requests().size(), 1);
+    }
+
+    void aServiceWithoutAnswersIsLeftAlone()
+    {
+        World world;
+        world.server.serve(u"/lookup"_s, {.body = "<html>Sorry</html>"});
+        for (int songs = 0; songs < SourceOutages::mostUnanswered + 2; ++songs) {
+            world.makeTask(soundOf({}), Assets(AssetYear) | AssetSongTitle);
+            world.run();
+            QCOMPARE(world.task->unaskedSources(),
+                     (QList<UnaskedSource>{{AcoustIDLookup::name, AssetArtist}}));
+        }
+        QCOMPARE(world.server.requests().size(), SourceOutages::mostUnanswered);
+        QCOMPARE(world.context.outages.marked(), QSet<QString>{AcoustIDLookup::name});
     }
 
     void endsWhenCancelled_data()

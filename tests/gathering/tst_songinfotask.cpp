@@ -71,6 +71,8 @@ const Assets everything = Assets(AssetArtwork) | AssetAlbumName | AssetYear | As
     | AssetTrack | AssetGenre | AssetLyrics;
 const QStringList nightTracks{u"Dusk"_qs, u"Dawn"_qs};
 
+using Reasons = QMap<Asset, FieldReason::Kind>;
+
 /// One song, the sources that know of it, and a task between them.
 struct World {
     World() { server.serve(u"/page"_qs, {}); }
@@ -146,6 +148,15 @@ struct World {
         return texts.join(u' ');
     }
 
+    Reasons reasons() const
+    {
+        Reasons kinds;
+        const QMap<Asset, FieldReason> fields = task->choices().fields;
+        for (auto field = fields.cbegin(); field != fields.cend(); ++field)
+            kinds[field.key()] = field->kind;
+        return kinds;
+    }
+
     AudioInfoTag &tag() { return *song->infotag(); }
 
     QTemporaryDir folder;
@@ -202,6 +213,15 @@ private Q_SLOTS:
         QCOMPARE(world.changes(),
                  u"Artwork=Discs Album=Discs Year=Discs Track=Discs Lyrics=Words"_qs);
         QCOMPARE(task.desiredAssetFlags(), Assets(AssetGenre));
+        using enum FieldReason::Kind;
+        QCOMPARE(world.reasons(),
+                 (Reasons{{AssetArtwork, Picture},
+                          {AssetAlbumName, ChosenAlbum},
+                          {AssetYear, ChosenAlbum},
+                          {AssetSongTitle, Kept},
+                          {AssetTrack, ChosenAlbum},
+                          {AssetGenre, NotFound},
+                          {AssetLyrics, Lyrics}}));
         QCOMPARE(*world.tag().track(), u"2/2"_qs);
         QCOMPARE(*world.tag().lyrics(), u"la la"_qs);
         QCOMPARE(*world.tag().images().first().storedMimeFormat, u"image/png"_qs);
@@ -274,7 +294,12 @@ private Q_SLOTS:
         SongInfoTask &task = world.taskFor({.title = title}, Assets(AssetYear) | AssetGenre);
         task.setAlbumSelectionMethod(method);
         QVERIFY(world.run());
-        const ChoiceRecord &record = task.choices();
+        const ChoiceRecord record = task.choices();
+        const auto ofYear =
+            record.isChosen() ? FieldReason::Kind::ChosenAlbum : FieldReason::Kind::NoAlbumChosen;
+        QCOMPARE(record.fields[AssetYear].kind, ofYear);
+        QCOMPARE(record.fields[AssetYear].album.reason, record.reason);
+        QCOMPARE(record.fields[AssetGenre].unanswered, QStringList{u"Dead"_qs});
         QTEST(record.reason, "reason");
         QStringList candidates;
         for (const AlbumCandidate &candidate : record.candidates)
@@ -343,6 +368,33 @@ private Q_SLOTS:
         QCOMPARE(fetched.join(u' '), (parallel ? u"/gone /small /good"_qs : u"/small /good"_qs));
     }
 
+    void saysWhyAPictureWasRefused_data()
+    {
+        using enum FieldReason::Kind;
+        const Table<QByteArray, FieldReason::Kind, QSize> row("picture", "reason", "size");
+        row("too small", plainPicture(99, 99), PictureTooSmall, {99, 99});
+        row("far from square", plainPicture(400, 200), PictureNotSquare, {400, 200});
+        row("no picture", "<html>", PictureUnreadable, {});
+        row("cut short", plainPicture(200, 200).first(100), PictureUnreadable, {200, 200});
+        row("nothing", {}, PictureNotFetched, {});
+    }
+    void saysWhyAPictureWasRefused()
+    {
+        QFETCH(QByteArray, picture);
+        World world;
+        world.adds(u"Discs"_qs, AssetArtwork,
+                   {albumOf(u"Night"_qs, {}, {}, world.art(u"/art"_qs, picture))});
+        SongInfoTask &task =
+            world.taskFor({.title = u"Dawn"_qs, .album = u"Night"_qs}, AssetArtwork);
+        task.setMinimumAcceptableImageSize(100);
+        task.setIgnoreNonSquareArt(true);
+        QVERIFY(world.run());
+        const FieldReason reason = task.choices().fields[AssetArtwork];
+        QTEST(reason.kind, "reason");
+        QFETCH(QSize, size);
+        QCOMPARE(reason.picture.isEmpty() ? QSize() : reason.picture, size);
+    }
+
     void lyricsAreNotLostBesideAlbums()
     {
         World world;
@@ -383,6 +435,9 @@ private Q_SLOTS:
         QVERIFY(world.run());
         QTEST(world.changes(), "changes");
         QCOMPARE(*world.tag().year(), u"2001"_qs);
+        const FieldReason reason = task.choices().fields[AssetArtwork];
+        QCOMPARE(reason.kind, FieldReason::Kind::Lent);
+        QCOMPARE(reason.picture, QSize(200, 200));
         const ID3Image lent = world.tag().images().first();
         QCOMPARE(*lent.storedMimeFormat, u"image/jpeg"_qs);
         QCOMPARE(imageWidth(lent.data), 200);

@@ -105,6 +105,7 @@ private Q_SLOTS:
             search();
         QCOMPARE(mServer->requests().size(), SourceOutages::mostUnanswered);
         QVERIFY(!mUnasked.isEmpty());
+        QCOMPARE(mOutages.marked(), QSet<QString>{u"PageSource"_s});
         for (const auto &[passed, requests] :
              {std::pair(299s, 3), {2s, 4}, {301s, 4}, {299s, 5}, {1199s, 5}, {2s, 6}}) {
             mClock.advance(passed);

@@ -210,14 +210,16 @@ private Q_SLOTS:
 
     void answersInJson_data()
     {
-        const Table<int, QByteArray, bool, int> row("status", "body", "isUsable", "requests");
-        row("however short", 200, "[]", true, 1);
-        row("no error", 200, R"({"error":null})", true, 1);
-        row("an error in spite of the status", 200, R"({"error":{"code":4}})", false, 2);
-        row("another type", 200, "<html>", false, 2);
-        row("cut in the middle", 200, R"({"a":[1,)", false, 2);
-        row("nested without end", 200, QByteArray(100'000, '['), false, 2);
-        row("no such thing", 404, "{}", false, 2);
+        const Table<int, QByteArray, bool, int, bool> row("status", "body", "isUsable", "requests",
+                                                          "isAnswered");
+        row("however short", 200, "[]", true, 1, true);
+        row("no error", 200, R"({"error":null})", true, 1, true);
+        row("an error in spite of the status", 200, R"({"error":{"code":4}})", false, 2, false);
+        row("an error that means no data", 200, R"({"error":{"code":800}})", false, 2, true);
+        row("another type", 200, "<html>", false, 2, false);
+        row("cut in the middle", 200, R"({"a":[1,)", false, 2, false);
+        row("nested without end", 200, QByteArray(100'000, '['), false, 2, false);
+        row("no such thing", 404, "{}", false, 2, true);
     }
     void answersInJson()
     {
@@ -230,6 +232,7 @@ private Q_SLOTS:
             SampleSource source(*mQueue, fetching({path}));
             complete(source);
             QTEST(source.jsonPage(source.got.value(0)).has_value(), "isUsable");
+            QTEST(!source.wasUnanswered(), "isAnswered");
         }
         QTEST(int(mServer->requests().size() - before), "requests");
     }

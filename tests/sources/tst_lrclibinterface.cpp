@@ -9,6 +9,7 @@
 #include <QJsonObject>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using Song = SearchedSong;
 using Answers = QList<HttpAnswer>;
 
@@ -120,8 +121,11 @@ private Q_SLOTS:
         table("refused for a while", {}, {},
               {{.status = 429, .headers = {"Retry-After: 0"}}, json(record())}, {}, words,
               {exact, exact});
-        table("redirects", {}, {}, {{.status = 307, .headers = {"Location: /moved"}}}, {}, words,
-              {exact, u"moved"_s});
+        exactly("refused without a time", {.status = 429}, {}, one);
+        exactly("40 seconds without an answer", {.delay = 40s}, {}, one, {},
+                {{u"patience"_s, 0.2}});
+        table("three redirects", {}, {}, {{.status = 307, .headers = {"Location: /r1"}}}, {}, words,
+              {exact, u"r1"_s, u"r2"_s, u"moved"_s});
 
         searched("the nearest length",
                  {saying(u"far"_s, {{u"duration"_s, 260.0}}),
@@ -161,6 +165,8 @@ private Q_SLOTS:
             u"LRCLIBInterface"_s, {{u"recordURL"_s, u"get"_s}, {u"searchURL"_s, u"search"_s}});
         definition[u"minInterval"_s] = 0;
         definition.insert(changes);
+        scene.server.serve(u"/r1"_s, {.status = 301, .headers = {"Location: /r2"}});
+        scene.server.serve(u"/r2"_s, {.status = 302, .headers = {"Location: /moved"}});
         scene.server.serve(u"/moved"_s, json(record()));
         scene.server.serve(u'/' + search, searched.value(0));
         if (!paths.isEmpty())
