@@ -219,6 +219,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Nothing chosen: the song is not on %1</source>
         <translation>Nichts gewählt: Der Song ist nicht auf %1</translation>
     </message>
+    <message id="ChoiceTakenByUser">
+        <source>Chosen: %1, which you took</source>
+        <translation>Gewählt: %1, von Ihnen genommen</translation>
+    </message>
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
         <translation>%1 (ohne Antwort von %2)</translation>
@@ -475,6 +479,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>The answer is longer than %1 MB</source>
         <translation>Die Antwort ist länger als %1 MB</translation>
     </message>
+    <message id="ErrorServiceLeftAlone">
+        <source>the service gave no answer to the songs before, and is left alone for now</source>
+        <translation>der Dienst hat bei den Songs davor nicht geantwortet und wird vorerst nicht gefragt</translation>
+    </message>
     <message id="ErrorServiceNotReached">
         <source>the service cannot be reached</source>
         <translation>der Dienst ist nicht erreichbar</translation>
@@ -531,9 +539,81 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</source>
         <translation>Das ist zu viel auf einmal. Kopieren Sie höchstens 1000 Songs, mit Bildern von höchstens 128 MB.</translation>
     </message>
+    <message id="FieldAlbumReplaced">
+        <source>Not replaced: the song has a picture, and its album was looked for, too</source>
+        <translation>Nicht ersetzt: Der Song hat ein Bild, und auch sein Album wurde gesucht</translation>
+    </message>
+    <message id="FieldAlbumUnknown">
+        <source>Not looked for: the album is not known</source>
+        <translation>Nicht gesucht: Das Album ist nicht bekannt</translation>
+    </message>
     <message id="FieldAndValue">
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message id="FieldInstrumental">
+        <source>The song is an instrumental</source>
+        <translation>Der Song ist ein Instrumentalstück</translation>
+    </message>
+    <message id="FieldKept">
+        <source>Not overwritten: the song has it</source>
+        <translation>Nicht überschrieben: Der Song hat es schon</translation>
+    </message>
+    <message id="FieldLent">
+        <source>Lent by another song of the album</source>
+        <translation>Von einem anderen Song des Albums geliehen</translation>
+    </message>
+    <message id="FieldLentPicture">
+        <source>Lent by another song of the album: %1</source>
+        <translation>Von einem anderen Song des Albums geliehen: %1</translation>
+    </message>
+    <message id="FieldLyrics">
+        <source>Found for this artist and title</source>
+        <translation>Zu Interpret und Titel gefunden</translation>
+    </message>
+    <message id="FieldNotAsked">
+        <source>No source in use could be asked about it</source>
+        <translation>Keine der verwendeten Quellen konnte danach gefragt werden</translation>
+    </message>
+    <message id="FieldNotFound">
+        <source>No source has it</source>
+        <translation>Keine Quelle hat es</translation>
+    </message>
+    <message id="FieldNotOnAlbum">
+        <source>The chosen album, %1, does not tell it</source>
+        <translation>Das gewählte Album, %1, gibt es nicht an</translation>
+    </message>
+    <message id="FieldPicture">
+        <source>A picture that fits: %1</source>
+        <translation>Ein passendes Bild: %1</translation>
+    </message>
+    <message id="FieldPictureNotFetched">
+        <source>The picture could not be fetched</source>
+        <translation>Das Bild konnte nicht geholt werden</translation>
+    </message>
+    <message id="FieldPictureNotSquare">
+        <source>The picture is not square: %1</source>
+        <translation>Das Bild ist nicht quadratisch: %1</translation>
+    </message>
+    <message id="FieldPictureScaled">
+        <source>A picture that fits: %1, scaled down from %2</source>
+        <translation>Ein passendes Bild: %1, verkleinert von %2</translation>
+    </message>
+    <message id="FieldPictureSize">
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 Pixel</translation>
+    </message>
+    <message id="FieldPictureTooSmall">
+        <source>The picture is too small: %1</source>
+        <translation>Das Bild ist zu klein: %1</translation>
+    </message>
+    <message id="FieldPictureUnreadable">
+        <source>What was fetched is no picture that can be read</source>
+        <translation>Was geholt wurde, ist kein lesbares Bild</translation>
+    </message>
+    <message id="FieldSound">
+        <source>Known by the sound of the song</source>
+        <translation>Am Klang des Songs erkannt</translation>
     </message>
     <message id="FindNext">
         <source>Find next</source>

@@ -219,6 +219,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Nothing chosen: the song is not on %1</source>
         <translation>Rien n’est choisi : le morceau n’est pas sur %1</translation>
     </message>
+    <message id="ChoiceTakenByUser">
+        <source>Chosen: %1, which you took</source>
+        <translation>Choisi : %1, que vous avez retenu</translation>
+    </message>
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
         <translation>%1 (sans réponse de %2)</translation>
@@ -475,6 +479,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>The answer is longer than %1 MB</source>
         <translation>La réponse dépasse %1 Mo</translation>
     </message>
+    <message id="ErrorServiceLeftAlone">
+        <source>the service gave no answer to the songs before, and is left alone for now</source>
+        <translation>le service n’a pas répondu pour les morceaux précédents et n’est plus interrogé pour l’instant</translation>
+    </message>
     <message id="ErrorServiceNotReached">
         <source>the service cannot be reached</source>
         <translation>le service ne peut pas être joint</translation>
@@ -531,9 +539,81 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>This is too much to copy at once. Copy at most 1,000 songs, with pictures of at most 128 MB.</source>
         <translation>C’est trop à copier en une fois. Copiez au plus 1 000 morceaux, avec au plus 128 Mo d’images.</translation>
     </message>
+    <message id="FieldAlbumReplaced">
+        <source>Not replaced: the song has a picture, and its album was looked for, too</source>
+        <translation>Pas remplacé : le morceau a une image, et son album était cherché aussi</translation>
+    </message>
+    <message id="FieldAlbumUnknown">
+        <source>Not looked for: the album is not known</source>
+        <translation>Pas cherché : l’album n’est pas connu</translation>
+    </message>
     <message id="FieldAndValue">
         <source>%1: %2</source>
         <translation>%1 : %2</translation>
+    </message>
+    <message id="FieldInstrumental">
+        <source>The song is an instrumental</source>
+        <translation>Le morceau est un instrumental</translation>
+    </message>
+    <message id="FieldKept">
+        <source>Not overwritten: the song has it</source>
+        <translation>Pas remplacé : le morceau l’a déjà</translation>
+    </message>
+    <message id="FieldLent">
+        <source>Lent by another song of the album</source>
+        <translation>Emprunté à un autre morceau de l’album</translation>
+    </message>
+    <message id="FieldLentPicture">
+        <source>Lent by another song of the album: %1</source>
+        <translation>Emprunté à un autre morceau de l’album : %1</translation>
+    </message>
+    <message id="FieldLyrics">
+        <source>Found for this artist and title</source>
+        <translation>Trouvé pour cet artiste et ce titre</translation>
+    </message>
+    <message id="FieldNotAsked">
+        <source>No source in use could be asked about it</source>
+        <translation>Aucune source utilisée n’a pu être interrogée</translation>
+    </message>
+    <message id="FieldNotFound">
+        <source>No source has it</source>
+        <translation>Aucune source ne l’a</translation>
+    </message>
+    <message id="FieldNotOnAlbum">
+        <source>The chosen album, %1, does not tell it</source>
+        <translation>L’album choisi, %1, ne l’indique pas</translation>
+    </message>
+    <message id="FieldPicture">
+        <source>A picture that fits: %1</source>
+        <translation>Une image qui convient : %1</translation>
+    </message>
+    <message id="FieldPictureNotFetched">
+        <source>The picture could not be fetched</source>
+        <translation>L’image n’a pas pu être téléchargée</translation>
+    </message>
+    <message id="FieldPictureNotSquare">
+        <source>The picture is not square: %1</source>
+        <translation>L’image n’est pas carrée : %1</translation>
+    </message>
+    <message id="FieldPictureScaled">
+        <source>A picture that fits: %1, scaled down from %2</source>
+        <translation>Une image qui convient : %1, réduite de %2</translation>
+    </message>
+    <message id="FieldPictureSize">
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 pixels</translation>
+    </message>
+    <message id="FieldPictureTooSmall">
+        <source>The picture is too small: %1</source>
+        <translation>L’image est trop petite : %1</translation>
+    </message>
+    <message id="FieldPictureUnreadable">
+        <source>What was fetched is no picture that can be read</source>
+        <translation>Ce qui a été téléchargé n’est pas une image lisible</translation>
+    </message>
+    <message id="FieldSound">
+        <source>Known by the sound of the song</source>
+        <translation>Reconnu à l’écoute du morceau</translation>
     </message>
     <message id="FindNext">
         <source>Find next</source>
