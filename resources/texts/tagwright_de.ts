@@ -576,8 +576,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Keine der verwendeten Quellen konnte danach gefragt werden</translation>
     </message>
     <message id="FieldNotFound">
-        <source>No source has it</source>
-        <translation>Keine Quelle hat es</translation>
+        <source>Not found in any source</source>
+        <translation>In keiner Quelle gefunden</translation>
     </message>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>

@@ -576,8 +576,8 @@ The selected songs have different artwork</translation>
         <translation>No source in use could be asked about it</translation>
     </message>
     <message id="FieldNotFound">
-        <source>No source has it</source>
-        <translation>No source has it</translation>
+        <source>Not found in any source</source>
+        <translation>Not found in any source</translation>
     </message>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>

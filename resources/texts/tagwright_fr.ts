@@ -576,8 +576,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Aucune source utilisée n’a pu être interrogée</translation>
     </message>
     <message id="FieldNotFound">
-        <source>No source has it</source>
-        <translation>Aucune source ne l’a</translation>
+        <source>Not found in any source</source>
+        <translation>Trouvé dans aucune source</translation>
     </message>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>
