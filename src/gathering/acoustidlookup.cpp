@@ -1,5 +1,7 @@
 #include "gathering/acoustidlookup.h"
 
+#include "gathering/fetchobstacle.h"
+
 #include <QCoreApplication>
 
 #include <utility>
@@ -35,4 +37,7 @@ void AcoustIDLookup::gotAnswer(const FetchResult &result)
             result.error ? result.error->localizedDescription : qtTrId("ErrorServiceNotReached");
     else
         mAnswer = readAcoustIDAnswer(result.data, minScore, mQuestion.song);
+    const auto obstacle = mAnswer.isStrange ? obstacleOf(result) : std::nullopt;
+    if (obstacle) // tells more than that the answer is none of the service
+        mAnswer.problem = obstacle->reason;
 }
