@@ -15,6 +15,10 @@
         <source>Has lyrics</source>
         <translation>Has lyrics</translation>
     </message>
+    <message id="ActivityIdle">
+        <source>Nothing is being fetched</source>
+        <translation>Nothing is being fetched</translation>
+    </message>
     <message id="ActivityPending">
         <source>Waits to be gathered</source>
         <translation>Waits to be gathered</translation>
@@ -23,9 +27,25 @@
         <source>Is being gathered</source>
         <translation>Is being gathered</translation>
     </message>
+    <message id="ActivityStatus">
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message id="ActivityTitle">
+        <source>Activity</source>
+        <translation>Activity</translation>
+    </message>
+    <message id="ActivityURL">
+        <source>Address</source>
+        <translation>Address</translation>
+    </message>
     <message id="AlbumName">
         <source>Album</source>
         <translation>Album</translation>
+    </message>
+    <message id="All">
+        <source>All</source>
+        <translation>All</translation>
     </message>
     <message id="Artist">
         <source>Artist</source>
@@ -302,6 +322,30 @@ The selected songs have different artwork</translation>
     <message id="ConfirmChangeProceed">
         <source>Change</source>
         <translation>Change</translation>
+    </message>
+    <message id="DropWindowCancel">
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="DropWindowClose">
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+    <message id="DropWindowDone">
+        <source>Done</source>
+        <translation>Done</translation>
+    </message>
+    <message id="DropWindowNoSongs">
+        <source>There are no songs at %1</source>
+        <translation>There are no songs at %1</translation>
+    </message>
+    <message id="DropWindowProblems">
+        <source>Done, with problems: %1</source>
+        <translation>Done, with problems: %1</translation>
+    </message>
+    <message id="DropWindowProgress">
+        <source>Songs looked at</source>
+        <translation>Songs looked at</translation>
     </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>
@@ -923,6 +967,10 @@ The selected songs have different artwork</translation>
         <source>No tag can be read from</source>
         <translation>No tag can be read from</translation>
     </message>
+    <message id="NoLimit">
+        <source>No limit</source>
+        <translation>No limit</translation>
+    </message>
     <message id="NumberRemaining">
         <source>%1 (%2 remaining)</source>
         <translation>%1 (%2 remaining)</translation>
@@ -1002,6 +1050,10 @@ The selected songs have different artwork</translation>
     <message id="OptionsTitle">
         <source>Gathering options</source>
         <translation>Gathering options</translation>
+    </message>
+    <message id="OverwriteThresholdHigherThanMinimum">
+        <source>Artwork may be replaced by a smaller one: what is accepted may be narrower than what is replaced.</source>
+        <translation>Artwork may be replaced by a smaller one: what is accepted may be narrower than what is replaced.</translation>
     </message>
     <message id="OverwriteTitleCancel">
         <source>Cancel</source>
@@ -1126,6 +1178,94 @@ The selected songs have different artwork</translation>
     <message id="PlaylistNotFoundTitle">
         <source>The playlist was not found</source>
         <translation>The playlist was not found</translation>
+    </message>
+    <message id="PreferencesAcoustIDHint">
+        <source>With a key of yours for the AcoustID service, songs without names can be known by their sound.</source>
+        <translation>With a key of yours for the AcoustID service, songs without names can be known by their sound.</translation>
+    </message>
+    <message id="PreferencesAcoustIDKey">
+        <source>AcoustID &amp;key:</source>
+        <translation>AcoustID &amp;key:</translation>
+    </message>
+    <message id="PreferencesArtwork">
+        <source>Artwork</source>
+        <translation>Artwork</translation>
+    </message>
+    <message id="PreferencesCache">
+        <source>Page &amp;cache (MB):</source>
+        <translation>Page &amp;cache (MB):</translation>
+    </message>
+    <message id="PreferencesCacheHint">
+        <source>Pages are kept for a while, so that the songs of an album are looked up once.</source>
+        <translation>Pages are kept for a while, so that the songs of an album are looked up once.</translation>
+    </message>
+    <message id="PreferencesDialect">
+        <source>How ID3 tags are read and written</source>
+        <translation>How ID3 tags are read and written</translation>
+    </message>
+    <message id="PreferencesDialectClassic">
+        <source>As earlier versions did</source>
+        <translation>As earlier versions did</translation>
+    </message>
+    <message id="PreferencesDialectHint">
+        <source>The standard way keeps everything that a file holds and is read by every player.</source>
+        <translation>The standard way keeps everything that a file holds and is read by every player.</translation>
+    </message>
+    <message id="PreferencesDialectStandard">
+        <source>As the standard says</source>
+        <translation>As the standard says</translation>
+    </message>
+    <message id="PreferencesFiles">
+        <source>Files</source>
+        <translation>Files</translation>
+    </message>
+    <message id="PreferencesIgnoreNonSquare">
+        <source>Ignore artwork that is far from &amp;square</source>
+        <translation>Ignore artwork that is far from &amp;square</translation>
+    </message>
+    <message id="PreferencesKeepRefreshed">
+        <source>&amp;Let the music library read songs again once they were written</source>
+        <translation>&amp;Let the music library read songs again once they were written</translation>
+    </message>
+    <message id="PreferencesMaxSize">
+        <source>&amp;Largest size kept:</source>
+        <translation>&amp;Largest size kept:</translation>
+    </message>
+    <message id="PreferencesMinSize">
+        <source>&amp;Smallest width accepted:</source>
+        <translation>&amp;Smallest width accepted:</translation>
+    </message>
+    <message id="PreferencesOverwriteSize">
+        <source>&amp;Replace artwork narrower than:</source>
+        <translation>&amp;Replace artwork narrower than:</translation>
+    </message>
+    <message id="PreferencesSources">
+        <source>Sources</source>
+        <translation>Sources</translation>
+    </message>
+    <message id="PreferencesSyncedLyrics">
+        <source>&amp;Prefer lyrics with the times of their lines</source>
+        <translation>&amp;Prefer lyrics with the times of their lines</translation>
+    </message>
+    <message id="PreferencesTitle">
+        <source>Preferences</source>
+        <translation>Preferences</translation>
+    </message>
+    <message id="PreferencesUseDefaults">
+        <source>Use Defaults</source>
+        <translation>Use Defaults</translation>
+    </message>
+    <message id="PreferencesV24Accurate">
+        <source>As the standard says (sync-safe)</source>
+        <translation>As the standard says (sync-safe)</translation>
+    </message>
+    <message id="PreferencesV24Plain">
+        <source>As older players expect (plain)</source>
+        <translation>As older players expect (plain)</translation>
+    </message>
+    <message id="PreferencesV24Sizes">
+        <source>Sizes in ID3v2.4 tags</source>
+        <translation>Sizes in ID3v2.4 tags</translation>
     </message>
     <message id="ProblemExtendedHeader">
         <source>The extended header is larger than the tag.</source>
@@ -1523,6 +1663,34 @@ The selected songs have different artwork</translation>
         <source>Track</source>
         <translation>Track</translation>
     </message>
+    <message id="WelcomeBegin">
+        <source>Begin with a folder of songs, or watch a demo on sample songs first.</source>
+        <translation>Begin with a folder of songs, or watch a demo on sample songs first.</translation>
+    </message>
+    <message id="WelcomeDemo">
+        <source>Show the Demo</source>
+        <translation>Show the Demo</translation>
+    </message>
+    <message id="WelcomeFolder">
+        <source>Choose a Folder…</source>
+        <translation>Choose a Folder…</translation>
+    </message>
+    <message id="WelcomeLater">
+        <source>Not Now</source>
+        <translation>Not Now</translation>
+    </message>
+    <message id="WelcomeSafety">
+        <source>Your files stay where they are and keep their names. Only what you ask for is written into them, and a song is never left half written.</source>
+        <translation>Your files stay where they are and keep their names. Only what you ask for is written into them, and a song is never left half written.</translation>
+    </message>
+    <message id="WelcomeTitle">
+        <source>Welcome to Tagwright</source>
+        <translation>Welcome to Tagwright</translation>
+    </message>
+    <message id="WelcomeWhat">
+        <source>Tagwright looks at the tags of your songs, finds on the web what they lack (album, title, genre, year, track number, artwork and lyrics) and writes it into the files.</source>
+        <translation>Tagwright looks at the tags of your songs, finds on the web what they lack (album, title, genre, year, track number, artwork and lyrics) and writes it into the files.</translation>
+    </message>
     <message id="WindowTitleDirectory">
         <source>%1 – Tagwright</source>
         <translation>%1 – Tagwright</translation>
@@ -1534,6 +1702,10 @@ The selected songs have different artwork</translation>
     <message id="WindowTitlePlaylist">
         <source>%1 – Tagwright</source>
         <translation>%1 – Tagwright</translation>
+    </message>
+    <message id="XPixels">
+        <source>%1 pixels</source>
+        <translation>%1 pixels</translation>
     </message>
     <message id="Year">
         <source>Year</source>
@@ -1551,9 +1723,21 @@ The selected songs have different artwork</translation>
         <source>The music player is not running</source>
         <translation>The music player is not running</translation>
     </message>
+    <message id="newVersionCancel">
+        <source>Not Now</source>
+        <translation>Not Now</translation>
+    </message>
+    <message id="newVersionDownload">
+        <source>Download</source>
+        <translation>Download</translation>
+    </message>
     <message id="newVersionMessage">
         <source>Tagwright &lt;version&gt; is there.</source>
         <translation>Tagwright &lt;version&gt; is there.</translation>
+    </message>
+    <message id="newVersionTitle">
+        <source>A newer version is available</source>
+        <translation>A newer version is available</translation>
     </message>
 </context>
 </TS>

@@ -49,12 +49,17 @@ void Engine::setUpQueue()
 {
     queue.setAgentString(QStringLiteral("Tagwright/" TAGWRIGHT_VERSION " (like Safari/Gecko)"));
     queue.setMaximumHTMLLength(maximumHTMLLength);
+    adoptCacheSize();
+    QObject::connect(&queue, &HVHTTPQueue::importantLog, &log,
+                     [this](const QString &line) { log.addLog(line, LogColor::Error); });
+}
+
+void Engine::adoptCacheSize()
+{
     // Unset reads as 0, which would do without a disk cache; the queue's own size stands then.
     const QSettings &settings = prefs.settings();
     if (preferences::cacheSizeMB.isSet(settings)) {
         const int megabytes = preferences::cacheSizeMB.value(settings);
         queue.setCacheDiskCapacity(std::clamp(megabytes, 0, maximumCacheSizeMB) * bytesInMB);
     }
-    QObject::connect(&queue, &HVHTTPQueue::importantLog, &log,
-                     [this](const QString &line) { log.addLog(line, LogColor::Error); });
 }

@@ -32,6 +32,8 @@ public:
     /// Sets the fetch queue up and installs the tables. Called once, when it is settled which
     /// definitions are in use.
     void start(Definitions which);
+    /// As large as the settings say, from now on.
+    void adoptCacheSize();
 
     PrefsController prefs;
     SiteDefinitionStore definitions;

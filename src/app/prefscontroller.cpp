@@ -39,6 +39,8 @@ constexpr Setting<bool> drawerClosed{"drawerClosed", false};
 
 constexpr QLatin1String dialectKey("id3Dialect");
 constexpr QLatin1String standardDialect("standard");
+constexpr QLatin1String classicDialect("classic");
+constexpr QLatin1String acoustIDKeyKey("acoustIDKey");
 
 AlbumPick albumPickOf(int stored)
 {
@@ -119,8 +121,17 @@ void PrefsController::setGatheringOptions(const GatheringOptions &options)
 
 ID3Dialect PrefsController::id3Dialect() const
 {
-    return mSettings.value(dialectKey).toString() == standardDialect ? ID3Dialect::standard()
-                                                                     : ID3Dialect::classic();
+    return usesStandardDialect() ? ID3Dialect::standard() : ID3Dialect::classic();
+}
+
+bool PrefsController::usesStandardDialect() const
+{
+    return mSettings.value(dialectKey).toString() == standardDialect;
+}
+
+void PrefsController::setUsesStandardDialect(bool usesStandard)
+{
+    mSettings.setValue(dialectKey, usesStandard ? standardDialect : classicDialect);
 }
 
 ReadOptions PrefsController::readOptions() const
@@ -143,8 +154,13 @@ WriteOptions PrefsController::writeOptions() const
 QString PrefsController::acoustIDKey() const
 {
     return qEnvironmentVariable("TAGWRIGHT_ACOUSTID_KEY",
-                                mSettings.value(QStringLiteral("acoustIDKey")).toString())
+                                mSettings.value(acoustIDKeyKey).toString())
         .trimmed();
+}
+
+void PrefsController::setAcoustIDKey(const QString &key)
+{
+    mSettings.setValue(acoustIDKeyKey, key.trimmed());
 }
 
 MovedFolders PrefsController::movedFolders() const

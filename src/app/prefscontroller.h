@@ -76,12 +76,15 @@ public:
 
     /// "id3Dialect": "standard", or anything else for classic.
     [[nodiscard]] ID3Dialect id3Dialect() const;
+    [[nodiscard]] bool usesStandardDialect() const;
+    void setUsesStandardDialect(bool usesStandard);
     [[nodiscard]] ReadOptions readOptions() const;
     [[nodiscard]] WriteOptions writeOptions() const;
 
     /// The key with which the user asks the AcoustID service: TAGWRIGHT_ACOUSTID_KEY of the
     /// environment, else "acoustIDKey". Empty without one.
     [[nodiscard]] QString acoustIDKey() const;
+    void setAcoustIDKey(const QString &key);
 
     /// "movedFolders": pairs of "from" and "to", numbered from 1 on without a gap.
     [[nodiscard]] MovedFolders movedFolders() const;

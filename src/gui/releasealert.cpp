@@ -1,0 +1,24 @@
+#include "gui/releasealert.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QUrl>
+
+void showReleaseAlert(const ReleaseAnnouncement &release, QWidget *parent)
+{
+    auto *alert = new QMessageBox(QMessageBox::Information, qtTrId("newVersionTitle"),
+                                  qtTrId("newVersionTitle"), QMessageBox::NoButton, parent);
+    alert->setObjectName(QStringLiteral("releaseAlert"));
+    alert->setTextFormat(Qt::PlainText); // the notes come from the web
+    alert->setInformativeText(release.message);
+    alert->setAttribute(Qt::WA_DeleteOnClose);
+    QPushButton *download = alert->addButton(qtTrId("newVersionDownload"), QMessageBox::AcceptRole);
+    alert->addButton(qtTrId("newVersionCancel"), QMessageBox::RejectRole);
+    QObject::connect(download, &QPushButton::clicked, alert, [url = release.downloadLocation] {
+        QDesktopServices::openUrl(QUrl(url));
+        QCoreApplication::quit();
+    });
+    alert->open();
+}
