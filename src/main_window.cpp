@@ -5,11 +5,54 @@
 #include "base/log.h"
 #include "base/texts.h"
 #include "cli/commandline.h"
+#include "demo/samplesites.h"
+#include "demo/samplesongs.h"
 #include "gui/icons.h"
-#include "gui/mainwindow.h"
+#include "gui/session.h"
 
 #include <QApplication>
-#include <QTimer>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace {
+
+int runWindow(const QStringList &paths)
+{
+    if (SingleInstance::handOver(paths))
+        return ExitStatus::done;
+    recoverInterruptedWrites();
+    Engine engine;
+    engine.start(Engine::Definitions::Live);
+    Session session(engine);
+    session.listen();
+    session.openPaths(paths);
+    return QApplication::exec();
+}
+
+/// Sample songs and sites, and settings of their own: nothing of the user's is touched.
+int runDemo()
+{
+    const QTemporaryDir folder;
+    const QString songs = folder.filePath(QStringLiteral("Demo"));
+    QString error =
+        folder.isValid() && QDir().mkpath(songs) ? makeSampleSongs(songs) : folder.errorString();
+    SampleSites sites;
+    if (error.isEmpty() && !sites.listen())
+        error = QStringLiteral("no port of this machine can be listened on");
+    if (!error.isEmpty()) {
+        std::fprintf(stderr, "tagwright: demo: %s\n", qUtf8Printable(error));
+        return ExitStatus::someFailed;
+    }
+    Engine engine(Engine::Pages::InMemory, folder.filePath(QStringLiteral("settings")));
+    engine.definitions.useDefinitions(sites.definitions(engine.definitions.liveResources()));
+    engine.start(Engine::Definitions::Fixed);
+    Session session(engine);
+    session.openMainWindow(songs);
+    return QApplication::exec();
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -17,18 +60,9 @@ int main(int argc, char **argv)
     const QApplication app(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("Tagwright"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tagwright"));
-    QApplication::setWindowIcon(icon(QStringLiteral("tagwright")));
+    QGuiApplication::setWindowIcon(icon(QStringLiteral("tagwright")));
     installDiagnostics(arguments.verbose ? Diagnostics::ToStandardErrorToo
                                          : Diagnostics::ToLogFile);
     installTexts(TextLanguage::OfTheSystem);
-    recoverInterruptedWrites();
-
-    Engine engine;
-    engine.start(Engine::Definitions::Live);
-    MainController controller(engine);
-    MainWindow window(controller);
-    window.show();
-    // The window comes first, its songs afterwards.
-    QTimer::singleShot(0, &controller, &MainController::rescan);
-    return QApplication::exec();
+    return arguments.command == Command::Demo ? runDemo() : runWindow(arguments.paths);
 }

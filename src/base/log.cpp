@@ -19,6 +19,7 @@ Q_LOGGING_CATEGORY(logSources, "tagwright.sources", QtInfoMsg)
 Q_LOGGING_CATEGORY(logApp, "tagwright.app")
 Q_LOGGING_CATEGORY(logDemo, "tagwright.demo")
 Q_LOGGING_CATEGORY(logCli, "tagwright.cli")
+Q_LOGGING_CATEGORY(logGui, "tagwright.gui")
 
 namespace {
 /// Two files of this size at most: enough for a night's run, too little to fill a disk.

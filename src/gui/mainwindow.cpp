@@ -1,17 +1,21 @@
 #include "gui/mainwindow.h"
 
+#include "gui/activitywindow.h"
 #include "gui/artworkwell.h"
 #include "gui/editingcommands.h"
 #include "gui/editingprogress.h"
+#include "gui/preferencespanel.h"
 #include "gui/songtable.h"
 #include "gui/sourcepopup.h"
+#include "gui/welcomesheet.h"
 
-#include <QApplication>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProcess>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -88,6 +92,9 @@ void MainWindow::connectCommands()
     on(Stop, [this] { mController.stopGathering(); });
     on(Find, [this] { mSearchField->setFocus(Qt::ShortcutFocusReason); });
     on(SelectAll, [this] { mSongTable->selectAll(); });
+    on(Preferences, &MainWindow::showPreferences);
+    on(Activity, &MainWindow::showActivity);
+    on(Welcome, &MainWindow::showWelcome);
     on(About, [this] {
         QMessageBox::about(this, qtTrId("AboutTitle"),
                            qtTrId("AboutText").arg(QStringLiteral(TAGWRIGHT_VERSION)));
@@ -136,6 +143,34 @@ void MainWindow::openFolder()
     if (!folder.isEmpty())
         mController.setSongLibraryFolder(folder);
     mSourcePopUp->selectAppropriateSource();
+}
+
+void MainWindow::showPreferences()
+{
+    if (!mPreferences)
+        mPreferences = new PreferencesPanel(mController.engine(), this);
+    mPreferences->orderFrontPreferencesPanel();
+}
+
+void MainWindow::showActivity()
+{
+    if (!mActivity)
+        mActivity = new ActivityWindow(mController.engine().queue, this);
+    mActivity->show();
+    mActivity->raise();
+    mActivity->activateWindow();
+}
+
+/// The demo is a program of its own, which touches nothing of the user's.
+void MainWindow::showWelcome()
+{
+    auto *sheet = new WelcomeSheet(this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    connect(sheet, &WelcomeSheet::folderWanted, this, &MainWindow::openFolder);
+    connect(sheet, &WelcomeSheet::demoWanted, this, [] {
+        QProcess::startDetached(QCoreApplication::applicationFilePath(), {QStringLiteral("demo")});
+    });
+    sheet->open();
 }
 
 void MainWindow::showPlaylistNotFound(const QString &name)

@@ -5,6 +5,8 @@
 
 #include <QMainWindow>
 
+class ActivityWindow;
+class PreferencesPanel;
 class QLineEdit;
 class QSplitter;
 class SongTable;
@@ -18,6 +20,12 @@ public:
     /// The controller must outlive the window.
     explicit MainWindow(MainController &controller);
 
+    void showWelcome();
+
+Q_SIGNALS:
+    /// Songs and folders, to be filled in by themselves.
+    void filesDropped(const QStringList &paths);
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 
@@ -30,6 +38,8 @@ private:
     void validateInterface();
     void showTitle();
     void openFolder();
+    void showPreferences();
+    void showActivity();
     void showPlaylistNotFound(const QString &name);
 
     MainController &mController;
@@ -37,4 +47,6 @@ private:
     SourcePopUp *mSourcePopUp = nullptr;
     QLineEdit *mSearchField = nullptr;
     SongTable *mSongTable = nullptr;
+    PreferencesPanel *mPreferences = nullptr; ///< null until it is opened
+    ActivityWindow *mActivity = nullptr; ///< null until it is opened
 };

@@ -1,6 +1,7 @@
 #include "gui/sourcepopup.h"
 
 #include "base/background.h"
+#include "gui/icons.h"
 
 #include <QFileInfo>
 #include <QStandardItemModel>
@@ -30,7 +31,7 @@ SourcePopUp::SourcePopUp(MainController &controller, QWidget *parent)
     setToolTip(qtTrId("SourceMenuTitle"));
     setMinimumContentsLength(minimumLetters);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    addItem(qtTrId("SourceMenuFolder"));
+    addItem(icon(QStringLiteral("Menu-Directory")), qtTrId("SourceMenuFolder"));
     insertSeparator(1);
     connect(this, &QComboBox::activated, this, &SourcePopUp::sourceChanged);
     connect(&controller, &MainController::sourceChanged, this,
@@ -54,7 +55,7 @@ void SourcePopUp::show(const QList<SourceMenuEntry> &entries)
             insertSeparator(count());
             continue;
         }
-        addItem(entry.title);
+        addItem(icon(entry.image), entry.title);
         setItemData(count() - 1, static_cast<int>(entry.kind), kindRole);
         if (entry.kind == SourceMenuEntry::Kind::Hint)
             qobject_cast<QStandardItemModel *>(model())->item(count() - 1)->setEnabled(false);

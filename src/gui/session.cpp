@@ -1,0 +1,79 @@
+#include "gui/session.h"
+
+#include "base/log.h"
+#include "gui/releasealert.h"
+#include "gui/welcomesheet.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+Session::Session(Engine &engine)
+    : mEngine(engine)
+{
+    connect(&engine.update, &DefinitionsUpdate::releaseAnnounced, this, &Session::announce);
+    connect(&mInstance, &SingleInstance::startedAgain, this, &Session::openPaths);
+}
+
+/// Where nobody can be listened to, each start runs by itself.
+void Session::listen()
+{
+    if (!mInstance.listen())
+        qCWarning(logGui, "later starts cannot hand over what they are to open");
+}
+
+MainWindow &Session::mainWindow()
+{
+    if (!mMainWindow) {
+        mController = std::make_unique<MainController>(mEngine);
+        mMainWindow = std::make_unique<MainWindow>(*mController);
+        connect(mMainWindow.get(), &MainWindow::filesDropped, this, &Session::openPaths);
+    }
+    return *mMainWindow;
+}
+
+void Session::showInFront(MainWindow &window)
+{
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+/// The window comes first, its songs afterwards.
+void Session::openMainWindow()
+{
+    const bool isFirst = !mMainWindow;
+    MainWindow &window = mainWindow();
+    showInFront(window);
+    if (!isFirst)
+        return;
+    if (WelcomeSheet::isNeeded(mEngine.prefs.settings()))
+        QTimer::singleShot(0, &window, &MainWindow::showWelcome);
+    else
+        QTimer::singleShot(0, mController.get(), &MainController::rescan);
+}
+
+void Session::openMainWindow(const QString &folder)
+{
+    showInFront(mainWindow());
+    QTimer::singleShot(0, mController.get(),
+                       [this, folder] { mController->setSongLibraryFolder(folder); });
+}
+
+void Session::openPaths(const QStringList &paths)
+{
+    if (paths.isEmpty())
+        return openMainWindow();
+    if (!mDropWindow) {
+        mDropWindow = std::make_unique<DropWindow>(mEngine);
+        connect(mDropWindow.get(), &DropWindow::dismissed, this, [this] {
+            if (!mMainWindow || !mMainWindow->isVisible())
+                QCoreApplication::quit();
+        });
+    }
+    mDropWindow->open(paths);
+}
+
+void Session::announce(const ReleaseAnnouncement &release)
+{
+    showReleaseAlert(release, mMainWindow.get());
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "gui/dropwindow.h"
+#include "gui/mainwindow.h"
+#include "gui/singleinstance.h"
+
+#include <memory>
+
+/// The program from its start to its end: which window it opens, and what later starts hand to it.
+class Session : public QObject {
+    Q_OBJECT
+
+public:
+    /// The engine must be started and outlive the session.
+    explicit Session(Engine &engine);
+
+    /// Takes what later starts of the program hand over.
+    void listen();
+    /// The main window with the songs of the chosen source.
+    void openMainWindow();
+    /// The same with the songs of a folder, for this time.
+    void openMainWindow(const QString &folder);
+    /// The small window, which fills in what the songs lack. Without paths, the main window.
+    void openPaths(const QStringList &paths);
+
+private:
+    [[nodiscard]] MainWindow &mainWindow();
+    void showInFront(MainWindow &window);
+    void welcome(MainWindow &window);
+    void announce(const ReleaseAnnouncement &release);
+
+    Engine &mEngine;
+    SingleInstance mInstance;
+    std::unique_ptr<MainController> mController; ///< with the main window
+    std::unique_ptr<MainWindow> mMainWindow; ///< null until it is opened
+    std::unique_ptr<DropWindow> mDropWindow; ///< null until something is dropped
+};
