@@ -8,7 +8,6 @@
 class ActivityWindow;
 class PreferencesPanel;
 class QLineEdit;
-class QSplitter;
 class SongTable;
 class SourcePopUp;
 
