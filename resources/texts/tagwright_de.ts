@@ -944,8 +944,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Suchen nach</translation>
     </message>
     <message id="OptionsIdentify">
-        <source>Know songs without names by their sound</source>
-        <translation>Songs ohne Namen am Klang erkennen</translation>
+        <source>Know songs by their sound</source>
+        <translation>Songs am Klang erkennen</translation>
     </message>
     <message id="OptionsOverwrite">
         <source>Replace</source>
@@ -1127,6 +1127,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>The playlist was not found</source>
         <translation>Die Wiedergabeliste wurde nicht gefunden</translation>
     </message>
+    <message id="PreparingToGather">
+        <source>Preparing to gather …</source>
+        <translation>Die Suche wird vorbereitet …</translation>
+    </message>
     <message id="ProblemExtendedHeader">
         <source>The extended header is larger than the tag.</source>
         <translation>Der erweiterte Kopf ist größer als das Tag.</translation>
@@ -1258,6 +1262,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="ReviewAlbumChosenBefore">
         <source>was chosen</source>
         <translation>war gewählt</translation>
+    </message>
+    <message id="ReviewAlbumForArtwork">
+        <source>its artwork was taken</source>
+        <translation>das Cover stammt von hier</translation>
     </message>
     <message id="ReviewAlbumTaken">
         <source>taken by you</source>
@@ -1472,8 +1480,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Dieser Name unterscheidet sich in einem Buchstaben.</translation>
     </message>
     <message id="ToolTipIdentify">
-        <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
-        <translation>Sendet einen Fingerabdruck des Klangs an den Dienst AcoustID, sonst nichts vom Song.</translation>
+        <source>For songs without artist or title. Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
+        <translation>Für Songs ohne Interpret oder Titel. Sendet einen Fingerabdruck des Klangs an den Dienst AcoustID, sonst nichts vom Song.</translation>
     </message>
     <message id="ToolTipIdentifyNoKey">
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>

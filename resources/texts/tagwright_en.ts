@@ -992,8 +992,8 @@ The selected songs have different artwork</translation>
         <translation>Look for</translation>
     </message>
     <message id="OptionsIdentify">
-        <source>Know songs without names by their sound</source>
-        <translation>Know songs without names by their sound</translation>
+        <source>Know songs by their sound</source>
+        <translation>Know songs by their sound</translation>
     </message>
     <message id="OptionsOverwrite">
         <source>Replace</source>
@@ -1267,6 +1267,10 @@ The selected songs have different artwork</translation>
         <source>Sizes in ID3v2.4 tags</source>
         <translation>Sizes in ID3v2.4 tags</translation>
     </message>
+    <message id="PreparingToGather">
+        <source>Preparing to gather …</source>
+        <translation>Preparing to gather …</translation>
+    </message>
     <message id="ProblemExtendedHeader">
         <source>The extended header is larger than the tag.</source>
         <translation>The extended header is larger than the tag.</translation>
@@ -1398,6 +1402,10 @@ The selected songs have different artwork</translation>
     <message id="ReviewAlbumChosenBefore">
         <source>was chosen</source>
         <translation>was chosen</translation>
+    </message>
+    <message id="ReviewAlbumForArtwork">
+        <source>its artwork was taken</source>
+        <translation>its artwork was taken</translation>
     </message>
     <message id="ReviewAlbumTaken">
         <source>taken by you</source>
@@ -1612,8 +1620,8 @@ The selected songs have different artwork</translation>
         <translation>This name differs by one letter.</translation>
     </message>
     <message id="ToolTipIdentify">
-        <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
-        <translation>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</translation>
+        <source>For songs without artist or title. Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
+        <translation>For songs without artist or title. Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</translation>
     </message>
     <message id="ToolTipIdentifyNoKey">
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>

@@ -944,8 +944,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Rechercher</translation>
     </message>
     <message id="OptionsIdentify">
-        <source>Know songs without names by their sound</source>
-        <translation>Reconnaître au son les morceaux sans nom</translation>
+        <source>Know songs by their sound</source>
+        <translation>Reconnaître les morceaux au son</translation>
     </message>
     <message id="OptionsOverwrite">
         <source>Replace</source>
@@ -1127,6 +1127,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>The playlist was not found</source>
         <translation>La liste de lecture est introuvable</translation>
     </message>
+    <message id="PreparingToGather">
+        <source>Preparing to gather …</source>
+        <translation>Préparation de la recherche…</translation>
+    </message>
     <message id="ProblemExtendedHeader">
         <source>The extended header is larger than the tag.</source>
         <translation>L’en-tête étendu est plus grand que l’étiquette.</translation>
@@ -1258,6 +1262,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="ReviewAlbumChosenBefore">
         <source>was chosen</source>
         <translation>était choisi</translation>
+    </message>
+    <message id="ReviewAlbumForArtwork">
+        <source>its artwork was taken</source>
+        <translation>sa pochette a été prise</translation>
     </message>
     <message id="ReviewAlbumTaken">
         <source>taken by you</source>
@@ -1472,8 +1480,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Ce nom diffère d’une lettre.</translation>
     </message>
     <message id="ToolTipIdentify">
-        <source>Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
-        <translation>Envoie une empreinte sonore au service AcoustID, et rien d’autre du morceau.</translation>
+        <source>For songs without artist or title. Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
+        <translation>Pour les morceaux sans artiste ou sans titre. Envoie une empreinte sonore au service AcoustID, et rien d’autre du morceau.</translation>
     </message>
     <message id="ToolTipIdentifyNoKey">
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>

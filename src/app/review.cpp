@@ -5,12 +5,13 @@
 #include <algorithm>
 #include <utility>
 
-Review::Review(GatherContext &context, SongWriting &writing, TagEditing &editing)
+Review::Review(GatherContext &context, SongWriting &writing, const TagEditing &editing,
+               EditHistory &history)
     : mContext(context)
     , mWriting(writing)
-    , mEditing(editing)
+    , mHistory(history)
 {
-    connect(&mEditing, &TagEditing::songChanged, this, &Review::adoptFileOf);
+    connect(&editing, &TagEditing::songChanged, this, &Review::adoptFileOf);
 }
 
 Review::~Review() = default;
@@ -196,7 +197,7 @@ void Review::write(const QList<int> &rows, const WriteOptions &options)
     edit.newValues = [this](SongFile &file, const AudioInfoTag &tag) {
         return valuesToWrite(file, tag);
     };
-    mEditing.change(edit, options,
+    mHistory.change(edit, options,
                     [this, ids](const TagEditResult &result) { tellWritten(ids, result); });
 }
 
@@ -228,8 +229,6 @@ void Review::tellWritten(const QList<quint64> &ids, const TagEditResult &result)
         });
     }
     makeRoom();
-    if (!result.changed.empty())
-        Q_EMIT written(result);
 }
 
 /// Our own writing comes by here, and what the user edited elsewhere.

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/edithistory.h"
 #include "app/picturepool.h"
 #include "app/reviewedsong.h"
-#include "app/tagedit.h"
 
 #include <deque>
 #include <map>
@@ -21,7 +21,8 @@ public:
     static constexpr qint64 mostBytes = 128 * 1024 * 1024;
 
     /// All must outlive the review.
-    Review(GatherContext &context, SongWriting &writing, TagEditing &editing);
+    Review(GatherContext &context, SongWriting &writing, const TagEditing &editing,
+           EditHistory &history);
     ~Review() override;
     void setMostBytes(qint64 bytes) { mMostBytes = bytes; }
 
@@ -57,8 +58,6 @@ Q_SIGNALS:
     void fullChanged(bool isFull);
     /// It was busy and is not any more, or the other way round.
     void songTouched(const std::shared_ptr<SongFile> &song);
-    /// Songs were written; the result can be reverted.
-    void written(const TagEditResult &result);
 
 private:
     [[nodiscard]] int rowOf(quint64 id) const;
@@ -77,7 +76,7 @@ private:
 
     GatherContext &mContext;
     SongWriting &mWriting;
-    TagEditing &mEditing;
+    EditHistory &mHistory;
     std::deque<ReviewedSong> mSongs; ///< in the order of their ids
     QHash<const SongFile *, quint64> mIDs;
     std::map<quint64, std::unique_ptr<SongInfoTask>> mTasks; ///< of songs that take another album

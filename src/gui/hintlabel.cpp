@@ -1,6 +1,7 @@
 #include "gui/hintlabel.h"
 
 #include <QAbstractButton>
+#include <QEvent>
 #include <QStyle>
 
 HintLabel::HintLabel(const QString &text, QWidget *parent)
@@ -21,4 +22,12 @@ void HintLabel::indentBelow(const QAbstractButton &button)
     setContentsMargins(style->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth)
                            + style->pixelMetric(QStyle::PM_RadioButtonLabelSpacing),
                        0, 0, 0);
+}
+
+/// The calm colour of enabled texts would stand out among disabled ones.
+void HintLabel::changeEvent(QEvent *event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange)
+        setForegroundRole(isEnabled() ? QPalette::PlaceholderText : QPalette::WindowText);
 }

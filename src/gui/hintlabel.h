@@ -13,4 +13,7 @@ public:
 
     /// Begins where the text of a check box or radio button begins.
     void indentBelow(const QAbstractButton &button);
+
+protected:
+    void changeEvent(QEvent *event) override;
 };

@@ -14,8 +14,8 @@ MainController::MainController(Engine &engine)
     , mContext(runContext(engine, mLibrary))
     , mWorkList(mContext, engine.itunes, engine.log)
     , mEditing(engine.itunes, &engine.infoCache, engine.log)
-    , mReview(mContext, mWorkList.writing(), mEditing)
     , mHistory(mEditing)
+    , mReview(mContext, mWorkList.writing(), mEditing, mHistory)
 {
     mWorkList.setInfoCache(&engine.infoCache);
     mWorkList.setKeepsChanges(true);

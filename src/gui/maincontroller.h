@@ -84,8 +84,8 @@ private:
     GatherContext mContext;
     WorkList mWorkList;
     TagEditing mEditing;
-    Review mReview;
     EditHistory mHistory;
+    Review mReview;
     SongList mEdited; ///< of which is told on the next turn, since they come by the hundred
     QTimer mTellsEdited;
     SongList mSelectedSongs;

@@ -4,6 +4,10 @@
 #include "gui/artworkwell.h"
 #include "gui/editingcommands.h"
 #include "gui/editingprogress.h"
+#include "gui/gatheringparts.h"
+#include "gui/gatheringstatus.h"
+#include "gui/logview.h"
+#include "gui/optionsdrawer.h"
 #include "gui/preferencespanel.h"
 #include "gui/songtable.h"
 #include "gui/sourcepopup.h"
@@ -22,10 +26,15 @@
 namespace {
 constexpr QSize firstSize(1120, 720); // pixels
 constexpr int searchFieldWidth = 220; // pixels
+constexpr int margin = 6; // pixels
+/// Of the height that the songs and the log share.
+constexpr int partOfSongs = 4;
+constexpr int partOfLog = 1;
 } // namespace
 
 MainWindow::MainWindow(MainController &controller)
     : mController(controller)
+    , mGathering(new GatheringParts(controller, mCommands, *this))
 {
     setObjectName(QStringLiteral("mainWindow"));
     resize(firstSize);
@@ -74,7 +83,17 @@ void MainWindow::setUpParts()
     songs->addWidget(well);
     songs->setStretchFactor(0, 1);
     songs->setStretchFactor(1, 0);
-    column->addWidget(rows, 1);
+    rows->addWidget(&mGathering->log());
+    rows->setStretchFactor(0, partOfSongs);
+    rows->setStretchFactor(1, partOfLog);
+    rows->setChildrenCollapsible(false);
+    auto *besideDrawer = new QHBoxLayout;
+    besideDrawer->setSpacing(0);
+    besideDrawer->addWidget(rows, 1);
+    besideDrawer->addWidget(&mGathering->drawer());
+    column->addLayout(besideDrawer, 1);
+    mGathering->status().setContentsMargins(margin, margin, margin, margin);
+    column->addWidget(&mGathering->status());
     setCentralWidget(content);
     new EditingCommands(mController, mCommands, *well, *this);
 }
@@ -88,8 +107,6 @@ void MainWindow::connectCommands()
     on(OpenFolder, &MainWindow::openFolder);
     on(Rescan, [this] { mController.rescan(); });
     on(Quit, &MainWindow::close);
-    on(Begin, [this] { mController.beginGathering(); });
-    on(Stop, [this] { mController.stopGathering(); });
     on(Find, [this] { mSearchField->setFocus(Qt::ShortcutFocusReason); });
     on(SelectAll, [this] { mSongTable->selectAll(); });
     on(Preferences, &MainWindow::showPreferences);

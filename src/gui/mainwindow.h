@@ -7,6 +7,7 @@
 
 class ActivityWindow;
 class PreferencesPanel;
+class GatheringParts;
 class QLineEdit;
 class SongTable;
 class SourcePopUp;
@@ -43,6 +44,7 @@ private:
 
     MainController &mController;
     Commands mCommands{this};
+    GatheringParts *mGathering;
     SourcePopUp *mSourcePopUp = nullptr;
     QLineEdit *mSearchField = nullptr;
     SongTable *mSongTable = nullptr;

@@ -7,6 +7,8 @@
 
 #include <QFont>
 
+#include <algorithm>
+
 namespace {
 
 /// More covers are not fetched: nobody compares them, and each is a request.
@@ -16,15 +18,22 @@ bool isTaken(const ReviewedSong &song, int candidate)
 {
     if (song.taken)
         return *song.taken == candidate;
-    return song.choices.candidates.at(candidate).fate == AlbumFate::Chosen;
+    const auto &candidates = song.choices.candidates;
+    const auto isChosen = [](const AlbumCandidate &each) { return each.fate == AlbumFate::Chosen; };
+    const auto chosen = std::find_if(candidates.begin(), candidates.end(), isChosen);
+    return chosen - candidates.begin() == candidate;
 }
 
 QString fateText(const ReviewedSong &song, int candidate)
 {
     if (isTaken(song, candidate))
         return song.taken ? qtTrId("ReviewAlbumTaken") : qtTrId("ReviewAlbumChosen");
-    const auto fate = textOfFate(song.choices.candidates.at(candidate).fate);
-    return fate.value_or(qtTrId("ReviewAlbumChosenBefore"));
+    const AlbumCandidate &album = song.choices.candidates.at(candidate);
+    if (const auto fate = textOfFate(album.fate))
+        return *fate;
+    // Sources are asked once more for the artwork of a chosen album alone.
+    return song.sources.value(AssetArtwork) == album.source ? qtTrId("ReviewAlbumForArtwork")
+                                                            : qtTrId("ReviewAlbumChosenBefore");
 }
 
 QString trackTitles(const AlbumInfo &album)

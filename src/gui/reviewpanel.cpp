@@ -19,10 +19,10 @@
 namespace {
 constexpr int betweenGroups = 12; // pixels
 constexpr int withinGroup = 6; // pixels
-constexpr QSize firstSize(1000, 640); // pixels
+constexpr QSize firstSize(1120, 680); // pixels
 constexpr int thumbnailSide = 48; // pixels
 constexpr int rowSpacing = 8; // pixels
-constexpr int stateWidth = 110; // pixels
+constexpr int changesWidth = 120; // pixels
 
 enum Page { Empty, Songs };
 } // namespace
@@ -46,6 +46,7 @@ ReviewPanel::ReviewPanel(Review &review, HVHTTPQueue &queue, PrefsController &pr
     mPages->addWidget(empty);
     auto *content = new QWidget;
     auto *column = new QVBoxLayout(content);
+    column->setContentsMargins(betweenGroups, betweenGroups, betweenGroups, betweenGroups);
     column->setSpacing(betweenGroups);
     auto *halves = new QSplitter(Qt::Horizontal);
     auto *details = new QSplitter(Qt::Vertical);
@@ -92,8 +93,8 @@ QWidget *ReviewPanel::makeSongs()
     mSongs->setSelectionMode(QTableView::ExtendedSelection);
     QHeaderView *header = mSongs->horizontalHeader();
     header->setSectionResizeMode(ReviewSongsModel::Song, QHeaderView::Stretch);
-    header->setSectionResizeMode(ReviewSongsModel::Changes, QHeaderView::Stretch);
-    header->resizeSection(ReviewSongsModel::State, stateWidth);
+    header->resizeSection(ReviewSongsModel::Changes, changesWidth);
+    header->setSectionResizeMode(ReviewSongsModel::State, QHeaderView::ResizeToContents);
     connect(mSongs->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &ReviewPanel::showSong);
     connect(mSongs->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -134,6 +135,7 @@ QWidget *ReviewPanel::makeCandidates()
     mCandidates =
         makeTable(QStringLiteral("reviewCandidates"), qtTrId("ReviewCandidates"), mCandidatesModel);
     mCandidates->setSelectionMode(QTableView::SingleSelection);
+    mCandidates->setWordWrap(true); // rows have room for it
     mCandidates->verticalHeader()->setDefaultSectionSize(thumbnailSide + rowSpacing);
     QHeaderView *header = mCandidates->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::ResizeToContents);

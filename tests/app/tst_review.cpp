@@ -40,7 +40,8 @@ private Q_SLOTS:
         mWorkList = std::make_unique<WorkList>(*mContext, mItunes, mLog);
         mWorkList->setKeepsChanges(true);
         mEditing = std::make_unique<TagEditing>(mItunes, nullptr, mLog);
-        mReview = std::make_unique<Review>(*mContext, mWorkList->writing(), *mEditing);
+        mHistory = std::make_unique<EditHistory>(*mEditing);
+        mReview = std::make_unique<Review>(*mContext, mWorkList->writing(), *mEditing, *mHistory);
         connect(mWorkList.get(), &WorkList::songFinished, mReview.get(), &Review::add);
     }
 
@@ -59,6 +60,11 @@ private Q_SLOTS:
         mReview->accept(0, AssetAlbumName, false);
         write();
         QCOMPARE(fields(*song), u"Neon Rain||1987"_s);
+
+        mHistory->undo(standard);
+        QTRY_COMPARE(mReview->at(0).accepted, Assets(AssetAlbumName));
+        QCOMPARE(mReview->at(0).written, Assets(AssetAlbumName));
+        QCOMPARE(fields(*song), u"Neon Rain|Paper Moons|"_s);
     }
 
     void songThatWasWrittenIsGivenBack()
@@ -200,6 +206,7 @@ private:
     UserLog mLog;
     std::unique_ptr<WorkList> mWorkList;
     std::unique_ptr<TagEditing> mEditing;
+    std::unique_ptr<EditHistory> mHistory;
     std::unique_ptr<Review> mReview;
 };
 
