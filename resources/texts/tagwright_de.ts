@@ -1275,6 +1275,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Albums that were found</source>
         <translation>Gefundene Alben</translation>
     </message>
+    <message id="ReviewClear">
+        <source>&amp;Clear Decided</source>
+        <translation>&amp;Entschiedene entfernen</translation>
+    </message>
     <message id="ReviewColumnChanges">
         <source>Changes</source>
         <translation>Änderungen</translation>
@@ -1510,6 +1514,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="ToolTipReview">
         <source>Nothing is written before you have seen it. The songs wait in the review.</source>
         <translation>Nichts wird geschrieben, bevor Sie es gesehen haben. Die Songs warten in der Durchsicht.</translation>
+    </message>
+    <message id="ToolTipReviewClear">
+        <source>Removes the songs from this list about which nothing is to be decided any more.</source>
+        <translation>Entfernt Songs aus dieser Liste, über die nichts mehr zu entscheiden ist.</translation>
     </message>
     <message id="ToolTipReviewSkip">
         <source>Leaves the selected songs as they are.</source>

@@ -1415,6 +1415,10 @@ The selected songs have different artwork</translation>
         <source>Albums that were found</source>
         <translation>Albums that were found</translation>
     </message>
+    <message id="ReviewClear">
+        <source>&amp;Clear Decided</source>
+        <translation>&amp;Clear Decided</translation>
+    </message>
     <message id="ReviewColumnChanges">
         <source>Changes</source>
         <translation>Changes</translation>
@@ -1650,6 +1654,10 @@ The selected songs have different artwork</translation>
     <message id="ToolTipReview">
         <source>Nothing is written before you have seen it. The songs wait in the review.</source>
         <translation>Nothing is written before you have seen it. The songs wait in the review.</translation>
+    </message>
+    <message id="ToolTipReviewClear">
+        <source>Removes the songs from this list about which nothing is to be decided any more.</source>
+        <translation>Removes the songs from this list about which nothing is to be decided any more.</translation>
     </message>
     <message id="ToolTipReviewSkip">
         <source>Leaves the selected songs as they are.</source>

@@ -1275,6 +1275,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Albums that were found</source>
         <translation>Albums trouvés</translation>
     </message>
+    <message id="ReviewClear">
+        <source>&amp;Clear Decided</source>
+        <translation>Retirer les &amp;décidés</translation>
+    </message>
     <message id="ReviewColumnChanges">
         <source>Changes</source>
         <translation>Modifications</translation>
@@ -1510,6 +1514,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="ToolTipReview">
         <source>Nothing is written before you have seen it. The songs wait in the review.</source>
         <translation>Rien n’est écrit avant que vous ne l’ayez vu. Les morceaux attendent dans la vérification.</translation>
+    </message>
+    <message id="ToolTipReviewClear">
+        <source>Removes the songs from this list about which nothing is to be decided any more.</source>
+        <translation>Retire de cette liste les morceaux pour lesquels plus rien n’est à décider.</translation>
     </message>
     <message id="ToolTipReviewSkip">
         <source>Leaves the selected songs as they are.</source>

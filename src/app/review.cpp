@@ -114,10 +114,10 @@ void Review::skip(const QList<int> &rows)
     makeRoom();
 }
 
-void Review::clear()
+void Review::clearDecided()
 {
     for (int row = count() - 1; row >= 0; --row)
-        if (!at(row).isBusy())
+        if (at(row).isDecided())
             remove(row);
     makeRoom();
 }

@@ -47,8 +47,8 @@ public:
     /// get their old values back. Each file is compared with what it held when it was gathered.
     void write(const QList<int> &rows, const WriteOptions &options);
     void skip(const QList<int> &rows);
-    /// Forgets all but the songs that are being written or changed.
-    void clear();
+    /// Forgets the songs about which nothing is to be decided any more.
+    void clearDecided();
 
 Q_SIGNALS:
     void songAdded(int row);

@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedLayout>
 #include <QTableView>
@@ -64,6 +65,8 @@ ReviewPanel::ReviewPanel(Review &review, HVHTTPQueue &queue, PrefsController &pr
     connect(&review, &Review::songAdded, this, &ReviewPanel::songAdded);
     connect(&review, &Review::songChanged, this, &ReviewPanel::songChanged);
     connect(&review, &Review::songRemoved, this, &ReviewPanel::showSong);
+    new QShortcut(QKeySequence::Cancel, this, this, &QWidget::close);
+    new QShortcut(QKeySequence::Close, this, this, &QWidget::close);
     showSong();
     songAdded();
 }
@@ -157,10 +160,13 @@ QWidget *ReviewPanel::makeButtons()
     auto *row = new QHBoxLayout(part);
     row->setContentsMargins(0, 0, 0, 0);
     mToWrite = new QLabel;
+    mToWrite->setIndent(betweenGroups);
     mToWrite->setObjectName(QStringLiteral("reviewToWrite"));
     mSkip = makeButton("ReviewSkip", "ToolTipReviewSkip", &ReviewPanel::skip);
     mWrite = makeButton("ReviewWrite", "ToolTipReviewWrite", &ReviewPanel::write);
     mWriteAll = makeButton("ReviewWriteAll", "ToolTipReviewWriteAll", &ReviewPanel::writeAll);
+    mClear = makeButton("ReviewClear", "ToolTipReviewClear", &ReviewPanel::clearDecided);
+    row->addWidget(mClear);
     row->addWidget(mToWrite, 1);
     row->addWidget(mSkip);
     row->addWidget(mWrite);
@@ -245,6 +251,7 @@ void ReviewPanel::validate()
     mWrite->setEnabled(
         any([](const auto &song) { return !song.isBusy() && song.hasToBeWritten(); }));
     mWriteAll->setEnabled(toWrite > 0);
+    mClear->setEnabled(mReview.count() > toWrite);
     const int row = currentRow();
     mTake->setEnabled(row >= 0 && row < mReview.count() && !mReview.at(row).isBusy()
                       && mCandidates->currentIndex().isValid());
@@ -271,6 +278,11 @@ void ReviewPanel::skip()
 {
     mReview.skip(selectedRows());
     goToNextOpen();
+}
+
+void ReviewPanel::clearDecided()
+{
+    mReview.clearDecided();
 }
 
 void ReviewPanel::takeAlbum()

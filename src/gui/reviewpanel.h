@@ -44,6 +44,7 @@ private:
     void write();
     void writeAll();
     void skip();
+    void clearDecided();
     void takeAlbum();
     void goToNextOpen();
 
@@ -63,5 +64,6 @@ private:
     QPushButton *mSkip = nullptr;
     QPushButton *mWrite = nullptr;
     QPushButton *mWriteAll = nullptr;
+    QPushButton *mClear = nullptr;
     quint64 mShownSong = 0; ///< its id
 };
