@@ -1299,6 +1299,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Before</source>
         <translation>Vorher</translation>
     </message>
+    <message id="ReviewColumnReason">
+        <source>Why</source>
+        <translation>Grund</translation>
+    </message>
     <message id="ReviewColumnSong">
         <source>Song</source>
         <translation>Song</translation>

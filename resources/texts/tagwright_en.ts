@@ -1439,6 +1439,10 @@ The selected songs have different artwork</translation>
         <source>Before</source>
         <translation>Before</translation>
     </message>
+    <message id="ReviewColumnReason">
+        <source>Why</source>
+        <translation>Why</translation>
+    </message>
     <message id="ReviewColumnSong">
         <source>Song</source>
         <translation>Song</translation>

@@ -1299,6 +1299,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Before</source>
         <translation>Avant</translation>
     </message>
+    <message id="ReviewColumnReason">
+        <source>Why</source>
+        <translation>Raison</translation>
+    </message>
     <message id="ReviewColumnSong">
         <source>Song</source>
         <translation>Morceau</translation>

@@ -68,6 +68,12 @@ void adoptAlbum(ReviewedSong &song, const SongInfoTask &task)
     for (const AssetName &name : assetNames)
         if (kept.testFlag(name.asset) && !sources.contains(name.asset))
             sources[name.asset] = song.sources.value(name.asset);
+    QMap<Asset, FieldReason> reasons = task.choices().fields;
+    for (auto reason = song.choices.fields.cbegin(); reason != song.choices.fields.cend(); ++reason)
+        if (kept.testFlag(reason.key()))
+            reasons[reason.key()] = reason.value();
+    static_cast<AlbumVerdict &>(song.choices) = task.choices();
+    song.choices.fields = reasons;
     song.sources = sources;
     song.change.after = valuesOf(*song.song->infotag());
     song.changes = differences(song.change.before, song.change.after);

@@ -1,5 +1,6 @@
 #include "gui/reviewfieldsmodel.h"
 
+#include "app/choicetexts.h"
 #include "app/review.h"
 #include "gui/reviewtexts.h"
 #include "gui/thumbnails.h"
@@ -22,6 +23,12 @@ const SongValues &valuesAt(const ReviewedSong &song, int column)
 bool isValueColumn(int column)
 {
     return column == ReviewFieldsModel::Old || column == ReviewFieldsModel::New;
+}
+
+QString reasonOf(const ReviewedSong &song, Asset asset)
+{
+    const auto reason = song.choices.fields.constFind(asset);
+    return reason == song.choices.fields.constEnd() ? QString() : textOfField(*reason);
 }
 
 /// Lyrics have many lines; a row shows the beginning.
@@ -84,10 +91,12 @@ QVariant ReviewFieldsModel::data(const QModelIndex &index, int role) const
         return song.accepted.testFlag(asset) ? Qt::Checked : Qt::Unchecked;
     if (role == Qt::ToolTipRole && isValueColumn(column) && asset != AssetArtwork)
         return valuesAt(song, column).texts.value(asset);
+    if (role == Qt::ToolTipRole && column == Reason)
+        return reasonOf(song, asset);
     if (role == Qt::DecorationRole && isValueColumn(column) && asset == AssetArtwork
         && !valuesAt(song, column).pictures.isEmpty())
         return mThumbnails.of(valuesAt(song, column).pictures.first().data).image;
-    if (role == Qt::ForegroundRole && (!changes || column == Source))
+    if (role == Qt::ForegroundRole && (!changes || column >= Source))
         return QGuiApplication::palette().brush(QPalette::PlaceholderText);
     return {};
 }
@@ -96,6 +105,8 @@ QVariant ReviewFieldsModel::textAt(const ReviewedSong &song, Asset asset, int co
 {
     if (column == Field)
         return summaryOfAssets(asset);
+    if (column == Reason)
+        return reasonOf(song, asset);
     if (column == Source)
         return song.changes.testFlag(asset) ? sourceTitle(song.sources.value(asset)) : QString();
     const SongValues &values = valuesAt(song, column);
@@ -145,7 +156,9 @@ QVariant ReviewFieldsModel::headerData(int section, Qt::Orientation orientation,
         return qtTrId("ReviewColumnOld");
     case New:
         return qtTrId("ReviewColumnNew");
-    default:
+    case Source:
         return qtTrId("ReviewColumnSource");
+    default:
+        return qtTrId("ReviewColumnReason");
     }
 }

@@ -13,7 +13,7 @@ class ReviewFieldsModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    enum Column { Field, Old, New, Source, ColumnCount };
+    enum Column { Field, Old, New, Source, Reason, ColumnCount };
 
     /// Both must outlive the model.
     ReviewFieldsModel(Review &review, Thumbnails &thumbnails, QObject *parent = nullptr);

@@ -124,6 +124,7 @@ QWidget *ReviewPanel::makeFields()
     header->setSectionResizeMode(ReviewFieldsModel::Old, QHeaderView::Stretch);
     header->setSectionResizeMode(ReviewFieldsModel::New, QHeaderView::Stretch);
     header->setSectionResizeMode(ReviewFieldsModel::Source, QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(ReviewFieldsModel::Reason, QHeaderView::Stretch);
     column->addWidget(mReason);
     column->addWidget(mFields, 1);
     return part;
