@@ -1,9 +1,6 @@
 #include "support/songs.h"
 
-#include "support/tempfiles.h"
-
 #include <QBuffer>
-#include <QImage>
 
 std::shared_ptr<SongFile> writtenSong(const QString &path, const SongFields &fields)
 {
@@ -30,9 +27,14 @@ QByteArray plainPicture(int width, int height, const char *format, Qt::GlobalCol
 {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(color);
+    return encoded(image, format);
+}
+
+QByteArray encoded(const QImage &image, const char *format, int quality)
+{
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
+    image.save(&buffer, format, quality);
     return bytes;
 }

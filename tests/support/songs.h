@@ -1,6 +1,9 @@
 #pragma once
 
 #include "songs/songfile.h"
+#include "support/tempfiles.h"
+
+#include <QImage>
 
 #include <unistd.h>
 
@@ -20,6 +23,7 @@ struct SongFields {
 /// the test.
 std::shared_ptr<SongFile> writtenSong(const QString &path, const SongFields &fields);
 
+QByteArray encoded(const QImage &image, const char *format, int quality = -1);
 /// An encoded picture of one colour.
 QByteArray plainPicture(int width, int height, const char *format = "PNG",
                         Qt::GlobalColor color = Qt::blue);

@@ -4,9 +4,6 @@
 #include "support/tempfiles.h"
 #include "support/tracedprocess.h"
 
-#include <QStringList>
-#include <QTemporaryDir>
-
 #include <vector>
 
 /// Bytes without a pattern that shows, the same for each seed.

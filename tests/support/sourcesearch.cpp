@@ -33,13 +33,24 @@ QStringList shown(const AlbumList &albums)
     return texts;
 }
 
+QStringList namesOf(const AlbumList &albums)
+{
+    QStringList names;
+    for (const AlbumInfo &album : albums)
+        names << album.name().value_or(QString());
+    return names;
+}
+
 QVariantMap SampleSiteScene::definition(const QString &className,
-                                        const QMap<QString, QString> &addresses) const
+                                        const QMap<QString, QString> &addresses,
+                                        const QVariantMap &changes) const
 {
     QVariantMap values = builtInDefinition(className);
     values[QStringLiteral("simulConns")] = 1;
     for (const auto &[key, below] : addresses.asKeyValueRange())
         values[key] = QString(server.url(QStringLiteral("/")).toString() + below);
+    values.insert(changes);
+    values.removeIf([](const auto &entry) { return !entry.value().isValid(); });
     return values;
 }
 

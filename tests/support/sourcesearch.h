@@ -25,6 +25,7 @@ struct SearchedSong {
 /// "artist|name|year|genre|track,track|picture's address"; what is absent is "-".
 [[nodiscard]] QString shown(const AlbumInfo &album);
 [[nodiscard]] QStringList shown(const AlbumList &albums);
+[[nodiscard]] QStringList namesOf(const AlbumList &albums);
 
 /// A server with a site's pages, and the queue that fetches them.
 class SampleSiteScene {
@@ -34,9 +35,10 @@ public:
 
     /// The built-in definition with addresses of the server put in: for each key what stands
     /// below the server's own address. One fetch at a time, so that albums come in the order of
-    /// the rows.
+    /// the rows. `changes`: other values, invalid ones for keys that are missing.
     [[nodiscard]] QVariantMap definition(const QString &className,
-                                         const QMap<QString, QString> &addresses) const;
+                                         const QMap<QString, QString> &addresses,
+                                         const QVariantMap &changes = {}) const;
 
     /// The same with this server in place of the hosts, asked without a pause.
     [[nodiscard]] QVariantMap definitionAtHome(const QString &className,

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include <QDir>
+#include <QTemporaryDir>
 
 /// Writes a file of exactly these bytes, replacing what is there. A failure ends the test.
 void writeFile(const QString &path, const QByteArray &bytes);
