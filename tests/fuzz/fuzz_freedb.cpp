@@ -1,7 +1,8 @@
+#include "reader.h"
+
 #include "sources/freedbrecord.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+void read(const QByteArray &bytes)
 {
-    static_cast<void>(albumWithFreeDBData(QByteArrayView(data, static_cast<qsizetype>(size))));
-    return 0;
+    static_cast<void>(albumWithFreeDBData(bytes));
 }

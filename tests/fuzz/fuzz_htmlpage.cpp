@@ -1,11 +1,13 @@
+#include "reader.h"
+
 #include "text/characterreferences.h"
 #include "text/htmlpage.h"
 #include "text/stringextensions.h"
 
 /// The first five lines are the markers, the rest is the page.
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+void read(const QByteArray &bytes)
 {
-    const QString text = QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size));
+    const QString text = QString::fromUtf8(bytes);
     QVariantMap resources;
     for (int i = 0;
          const char *key : {"listBegin", "listEnd", "entryBegin", "textBegin", "textEnd"})
@@ -13,5 +15,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     (void)HVUtility::parsedContentsOfHTML(text.section(u'\n', 5), resources);
     const QString visible = HVStringExtensions::stringWithoutHTMLTags(text);
     (void)HVStringExtensions::stringByReplacingAmpersandCodes(visible);
-    return 0;
 }

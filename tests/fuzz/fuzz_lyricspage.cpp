@@ -1,9 +1,10 @@
+#include "reader.h"
+
 #include "sources/lyricspage.h"
 
 /// The first two lines are the markers, the rest is the page.
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+void read(const QByteArray &bytes)
 {
-    const QByteArrayView bytes(reinterpret_cast<const char *>(data), qsizetype(size));
     const QString text = LyricsPage::decoded(bytes, {});
     const QString begin = text.section(u'\n', 0, 0);
     const QString markup = text.section(u'\n', 2);
@@ -11,5 +12,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     (void)LyricsPage::lyricsAndSongsLyrics(markup, begin, text.section(u'\n', 1, 1));
     (void)LyricsPage::leosLyrics(markup, begin);
     (void)LyricsPage::askLyrics(markup);
-    return 0;
 }

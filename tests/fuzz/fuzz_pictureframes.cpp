@@ -1,13 +1,13 @@
+#include "reader.h"
+
 #include "tags/id3image.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+void read(const QByteArray &body)
 {
-    const QByteArrayView body(data, static_cast<qsizetype>(size));
     for (const ID3Dialect dialect : {ID3Dialect::classic(), ID3Dialect::standard()}) {
         if (const auto image = ID3Image::imageWithID3v23Frame(body, dialect))
             static_cast<void>(image->dataForID3v23Frame(FrameSizes::Accurate, true, dialect));
         if (const auto image = ID3Image::imageWithID3v22Frame(body, dialect))
             static_cast<void>(image->dataForID3v22Frame(dialect));
     }
-    return 0;
 }

@@ -1,12 +1,11 @@
 // Reads every file below the folders named as arguments with a fuzz target: the kept inputs as a
 // test, without libFuzzer.
-#include <QByteArray>
+#include "reader.h"
+
 #include <QDirIterator>
 #include <QFile>
 
 #include <cstdio>
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
 int main(int argc, char **argv)
 {
@@ -15,11 +14,8 @@ int main(int argc, char **argv)
         QDirIterator files(QString::fromLocal8Bit(argv[i]), QDir::Files);
         while (files.hasNext()) {
             QFile file(files.next());
-            if (!file.open(QIODevice::ReadOnly))
-                return 1;
-            const QByteArray bytes = file.readAll();
-            LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(bytes.constData()),
-                                   static_cast<size_t>(bytes.size()));
+            verify(file.open(QIODevice::ReadOnly));
+            read(file.readAll());
             ++inputs;
         }
     }
