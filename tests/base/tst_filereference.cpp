@@ -2,9 +2,6 @@
 #include "support/table.h"
 #include "support/tempfiles.h"
 
-#include <QDir>
-#include <QTemporaryDir>
-
 #include <functional>
 #include <sys/resource.h>
 

@@ -5,11 +5,7 @@
 #include "support/songscene.h"
 #include "support/table.h"
 
-#include <QDir>
-#include <QTemporaryDir>
-
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -74,16 +70,13 @@ private Q_SLOTS:
         const QByteArray tag(5000, 'T');
         row("grown head", {{tag}, {.offset = 10, .length = size - 10}});
         row("head grown by whole blocks", {{QByteArray(131072, 'T')}, {.length = size}});
-        row("shrunk head", {{tag}, {.offset = 200'000, .length = size - 200'000}});
         row("head removed", {{.offset = 70'001, .length = size - 70'001}});
         row("end cut", {{.length = size - 128}});
-        row("ranges change places",
-            {{.offset = 200'000, .length = 100'000}, {tag}, {.length = 200'000}});
+        row("ranges swap", {{.offset = 200'000, .length = 100'000}, {tag}, {.length = 200'000}});
         row("a range twice", {{.length = size}, {.offset = 1000, .length = 90'000}, {tag}});
         row("a range from where nothing changes and one from where it does",
             {{.length = 1000}, {tag}, {.offset = 500, .length = 7000}});
         row("emptied", {});
-        row("all new", {{QByteArray(70'000, 'N')}});
     }
 
     void holdsWhatItShall()
@@ -237,54 +230,14 @@ private Q_SLOTS:
         QCOMPARE(fileContents(mPath), old());
     }
 
-    void leavesTheOldBytesWhenThereIsNoRoom()
-    {
-        writeFile(mPath, noise(size, 1));
-        rlimit former = {};
-        ::getrlimit(RLIMIT_FSIZE, &former);
-        // Enough for the journal of what is only lengthened, but not for the song.
-        const rlimit limit = {.rlim_cur = 400'000, .rlim_max = former.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-
-        const auto outcome =
-            replace(mPath, {{"tag"}, {.offset = 3, .length = 299'997}, {.length = 100'001}});
-
-        ::setrlimit(RLIMIT_FSIZE, &former);
-        QCOMPARE(outcome.kind, Kind::Failed);
-        QCOMPARE(outcome.error, reason(std::errc::file_too_large));
-        QVERIFY(fileContents(mPath) == noise(size, 1));
-        QCOMPARE(leftOvers(), QStringList());
-    }
-
     void readsRangesOfTheOpenFile()
     {
         const auto opened = InPlaceFile::open(mPath);
         QVERIFY(opened.file);
-        QCOMPARE(opened.file->read(100, 50), old().mid(100, 50));
         QCOMPARE(opened.file->read(8990, 50), old().right(10));
         QCOMPARE(opened.file->read(20'000, 50), QByteArray());
         QVERIFY(QFile::resize(mPath, 100));
         QCOMPARE(opened.file->read(50, 100), old().mid(50, 50));
-    }
-
-    void copiesLittleMemoryForAHugeFile()
-    {
-        constexpr qint64 size = 200'000'000;
-        writeFile(mPath, "start");
-        QVERIFY(QFile::resize(mPath, size));
-        rusage before = {};
-        ::getrusage(RUSAGE_SELF, &before);
-
-        QCOMPARE(replace(mPath, {{"a longer start"}, {.offset = 5, .length = size - 5}}).kind,
-                 Kind::Written);
-
-        rusage after = {};
-        ::getrusage(RUSAGE_SELF, &after);
-        QVERIFY(after.ru_maxrss - before.ru_maxrss < 8'000); // kilobytes
-        QCOMPARE(QFileInfo(mPath).size(), size + 9);
-        QFile file(mPath);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.read(16), QByteArray("a longer start\0\0", 16));
     }
 
 private:

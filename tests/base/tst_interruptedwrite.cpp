@@ -1,10 +1,12 @@
 #include "base/descriptor.h"
+#include "base/folders.h"
 #include "base/texts.h"
 #include "base/writejournal.h"
 #include "support/songscene.h"
 #include "support/table.h"
 
-#include <QFile>
+#include <QMap>
+#include <QRandomGenerator>
 #include <QRegularExpression>
 
 #include <cerrno>
@@ -59,6 +61,73 @@ int recover()
     return 0;
 }
 
+constexpr qsizetype sectorSize = 512;
+
+/// Any sectors of the synced and of the written bytes, and either size.
+QByteArray mixed(const QByteArray &synced, const QByteArray &written, QRandomGenerator &random)
+{
+    QByteArray bytes(std::max(synced.size(), written.size()), '\0');
+    for (qsizetype offset = 0; offset < bytes.size(); offset += sectorSize) {
+        const QByteArray sector = (random.bounded(2) ? synced : written).mid(offset, sectorSize);
+        std::copy(sector.begin(), sector.end(), bytes.begin() + offset);
+    }
+    bytes.truncate(random.bounded(2) ? synced.size() : written.size());
+    return bytes;
+}
+
+/// Watches what a writing process has synced, up to the moment when the power fails.
+class Disk {
+public:
+    explicit Disk(const Scene &scene)
+        : mSong(scene.path())
+    {
+        mSynced[mSong] = oldBytes();
+    }
+
+    void watch(const TracedCall &call)
+    {
+        if (call.number != SYS_fsync && call.number != SYS_fdatasync)
+            return;
+        const QString path = QFile::symLinkTarget(u"/proc/%1/fd/%2"_s.arg(call.pid).arg(call.fd));
+        if (QFileInfo(path).isDir())
+            mIsNameSynced = path == folder();
+        else
+            mSynced[path] = fileContents(path);
+    }
+
+    void failPower()
+    {
+        for (const QString &path : leftOvers())
+            if (!mSynced.contains(path))
+                mSynced[path] = {};
+        for (auto it = mSynced.cbegin(); it != mSynced.cend(); ++it)
+            if (QFile::exists(it.key()))
+                mWritten[it.key()] = fileContents(it.key());
+    }
+
+    /// What may be found when the power is back.
+    void start(quint32 seed) const
+    {
+        QRandomGenerator random(seed);
+        for (auto it = mSynced.cbegin(); it != mSynced.cend(); ++it) {
+            const bool mayBeMissing =
+                it.key() != mSong && (!mWritten.contains(it.key()) || !mIsNameSynced);
+            if (mayBeMissing && random.bounded(2))
+                QFile::remove(it.key());
+            else
+                writeFile(it.key(),
+                          mixed(it.value(), mWritten.value(it.key(), it.value()), random));
+        }
+    }
+
+private:
+    static QString folder() { return stateFolder() + u"/journal"_s; }
+
+    QString mSong;
+    QMap<QString, QByteArray> mSynced;
+    QMap<QString, QByteArray> mWritten;
+    bool mIsNameSynced = false;
+};
 /// Kills writes of the song until one leaves it neither old nor new.
 void leaveAMix(const Scene &scene, const Shape &shape = grown)
 {
@@ -124,6 +193,44 @@ private Q_SLOTS:
             QVERIFY2(run.wasKilled || disturbance.kind == Kind::FailFromThere || !wasMixed, what);
             QVERIFY2(leftOvers().isEmpty(), what);
         });
+    }
+
+    /// The power fails after each call of a writing process: the disk holds what was synced, and of
+    /// all that was written since any sectors, in any order. Names come with the sync of their
+    /// folder.
+    void powerFailureLeavesOldOrNew_data()
+    {
+        const Table<std::optional<Shape>> row("shape"); // none: three small writes
+        for (const Shape &shape : shapes())
+            row(shape.name, shape);
+        row("many writes with a kept journal", {});
+    }
+    void powerFailureLeavesOldOrNew()
+    {
+        QFETCH(std::optional<Shape>, shape);
+        const auto isWhole = [&](const Scene &scene) {
+            return shape ? scene.isOld() || scene.isNew(*shape) : isAsAfterAWrite(scene);
+        };
+        const Quiet quiet;
+        int restored = 0;
+        TracedRun run;
+        for (int at = 0; at <= run.calls; ++at) {
+            const Scene scene;
+            Disk disk(scene);
+            const Disturbance killed{.kind = Kind::KillAfter, .at = at};
+            const auto watch = [&](const TracedCall &call) { disk.watch(call); };
+            run = shape ? write(scene, *shape, killed, watch) : writeThrice(scene, killed, watch);
+            disk.failPower();
+            for (quint32 seed = 0; seed < 16; ++seed) {
+                disk.start(seed);
+                restored += isWhole(scene) ? 0 : 1;
+                recoverInterruptedWrites();
+                const auto what = u"call %1, seed %2"_s.arg(at).arg(seed).toLatin1();
+                QVERIFY2(isWhole(scene), what.constData());
+                QCOMPARE(leftOvers(), QStringList());
+            }
+        }
+        QVERIFY(restored > 3);
     }
 
     /// What the kept file tells of a write that is over must not count against later ones.
