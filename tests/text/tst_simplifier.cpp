@@ -54,22 +54,17 @@ private Q_SLOTS:
 
         const Simplifiers none;
         row("minor words, case, blanks", none, u"The  Song OF a Lantern"_s, u"songlantern"_s);
-        row("an accented letter is no minor word", none, u"là à b"_s, u"laab"_s);
         row("nothing left: trimmed, without minor words", none, u"The ?! "_s, u"?!"_s);
-        row("only minor words", none, u"The And"_s, u""_s);
         row("nothing of it in ASCII", none, u"日本"_s, u""_s);
 
         const Simplifiers words{{u" pt "_s, u" part "_s}, {u"&"_s, u" and "_s}, {u"LIVE"_s, u""_s}};
         row("padding matches at both ends", words, u"Pt one PT"_s, u"partonepart"_s);
-        row("no whole word", words, u"Ptarmigan"_s, u"ptarmigan"_s);
-        row("replacements are no minor words", words, u"You & Me"_s, u"youandme"_s);
         row("all of it replaced by nothing", words, u"Live"_s, u"Live"_s);
 
         const Simplifiers chain{{u"abc"_s, u"xy"_s}, {u"xy"_s, u"z"_s}, {u"z"_s, u"abc"_s}};
         row("shorter keys see what longer ones put in", chain, u"abc"_s, u"abc"_s);
-        row("longer keys do not", chain, u"1z2"_s, u"1abc2"_s);
-        row("first key first among equals", Simplifiers{{u"ab"_s, u"1"_s}, {u"bc"_s, u"2"_s}},
-            u"abc"_s, u"1c"_s);
+        row("the first key first", Simplifiers{{u"ab"_s, u"1"_s}, {u"bc"_s, u"2"_s}}, u"abc"_s,
+            u"1c"_s);
     }
 
     void simplifyString()
