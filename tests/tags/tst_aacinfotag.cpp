@@ -10,8 +10,6 @@
 #include "tags/genretable.h"
 #include "tags/songbytes.h"
 
-#include <QTemporaryDir>
-
 #include <cerrno>
 #include <functional>
 
@@ -73,9 +71,6 @@ QByteArray withoutTimes(QByteArray file)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Change)
-Q_DECLARE_METATYPE(Layout)
-
 class tst_AACInfoTag : public QObject {
     Q_OBJECT
 
@@ -94,7 +89,6 @@ private Q_SLOTS:
             text("\251nam", "Tür") + text("\251ART", "B") + text("\251alb", "C")
                 + text("\251day", "2007-05-01") + text("\251gen", "Folk") + text("\251lyr", "la"),
             u"Tür|B|C|2007|-|Folk|la|-|no"_s);
-        row("short year", text("\251day", "207"), u"-|-|-|-|-|-|-|-|no"_s);
         row("numbers",
             item("trkn", 0, "\0\0\0\3\0\x0C\0\0"_ba) + wholeNumber("tmpo", "\0\x60"_ba)
                 + wholeNumber("cpil", "\1") + item("gnre", 0, "\0\2"_ba),
@@ -235,7 +229,7 @@ private Q_SLOTS:
         });
         row("user data before the tracks",
             [=](const QByteArray &items) { return brand + movie(grown(items), one) + sound; });
-        row("user data ends in zero bytes", [=](const QByteArray &items) {
+        row("zeros end user data", [=](const QByteArray &items) {
             const QByteArray user = grown(items);
             return brand + movie(one, atom("udta", user.sliced(8) + number(0))) + sound;
         });
@@ -251,6 +245,10 @@ private Q_SLOTS:
         });
         row("room before the list alone", [=](const QByteArray &items) {
             return brand + atom("free", QByteArray(90, '\0')) + movie(one, grown(items)) + sound;
+        });
+        row("metadata of another kind", [=](const QByteArray &items) {
+            const QByteArray foreign = atom("meta", number(0) + atom("hdlr", "12345678null"));
+            return brand + movie(one, grown(items)) + foreign + sound;
         });
         row("the file ends in the middle of the sound", [=](const QByteArray &items) {
             return brand + movie(one, grown(items)) + number(900) + sound.sliced(4);
@@ -287,8 +285,7 @@ private Q_SLOTS:
             "adjustChunkOffsets failed sanity check (20 > 16)", tables);
         row("a damaged table behind a sound one", file(one + table("co64", number(1 << 30))),
             "adjustChunkOffsets failed sanity check (8589934604 > 16)", tables);
-        row("places that 32 bits cannot hold",
-            file(table("stco", number(1) + QByteArray(4, '\xFF'))), {}, tables);
+        row("places too large", file(table("stco", number(1) + QByteArray(4, '\xFF'))), {}, tables);
         row("still images", file(one, atom("iloc") + sound), {}, tables);
         row("an index that the sound moves away from", atom("sidx") + file(one), {}, tables);
         row("metadata of another kind",
@@ -318,8 +315,7 @@ private Q_SLOTS:
         row("no user data", brand + movie(one) + sound);
         row("other user data", brand + movie(one, atom("udta", text("name", "x"))) + sound);
         row("no list", brand + movie(one, atom("udta", atom("meta", number(0)))) + sound);
-        row("room behind the movie",
-            brand + movie(one) + atom("free", QByteArray(4000, '\0')) + sound);
+        row("room behind it", brand + movie(one) + atom("free", QByteArray(4000, '\0')) + sound);
     }
 
     void filesWithoutAListAreGivenOne()
@@ -333,20 +329,6 @@ private Q_SLOTS:
         const QByteArray meta = userData(text("\251nam", "New")).sliced(8 + 12);
         QVERIFY2(written.contains(meta), written.toHex(' ').constData());
         QCOMPARE(written.size() == file.size(), file.contains(QByteArray(4000, '\0')));
-    }
-
-    void oneGrownAndAnotherShrunkByTheSame()
-    {
-        const QByteArray items = text("\251nam", "Old") + text("\251ART", "Very long name");
-        const QByteArray file =
-            withPlaces(brand + movie(one, userData(items) + atom("free", "tiny")) + sound);
-        QCOMPARE(changed(file,
-                         [](AudioInfoTag &tag) {
-                             tag.setTitle(u"Old and longer"_s);
-                             tag.setArtist(u"Ver"_s);
-                         }),
-                 Kind::Written);
-        QCOMPARE(chunksPointedTo(fileContents(mPath)), QStringList{u"12"_s});
     }
 
     void strayTagsAreRemovedByAWriteOnly()
@@ -390,40 +372,29 @@ private Q_SLOTS:
         QCOMPARE(tag->modifySongFileAtPath(mFolder.path(), {}).kind, Kind::Failed);
     }
 
-    void disturbedWritesLeaveTheOldOrTheNew_data()
-    {
-        using Disturb = Disturbance::Kind;
-        const Table<QByteArray, QByteArray, Disturb> row("room", "roomLeft", "kind");
-        const QByteArray less = atom("free", QByteArray(29, '\0'));
-        row("absorbed, killed", space, less, Disturb::KillHalfway);
-        row("absorbed, disk full", space, less, Disturb::FailFromThere);
-        row("sound moved, killed", {}, {}, Disturb::KillHalfway);
-        row("sound moved, disk full", {}, {}, Disturb::FailFromThere);
-    }
-
     void disturbedWritesLeaveTheOldOrTheNew()
     {
-        QFETCH(QByteArray, room);
-        QFETCH(QByteArray, roomLeft);
-        QFETCH(Disturbance::Kind, kind);
-        const QByteArray before = songWith(text("\251nam", "Old"), room);
-        const QByteArray after = songWith(text("\251nam", "New and longer"), roomLeft);
         if (!canTrace())
             QSKIP("processes cannot be traced here");
-        TracedRun run;
-        int at = 0;
-        for (; at <= run.calls; ++at) {
-            const auto tag = tagOf(before);
-            tag->setTitle(u"New and longer"_s);
-            run = runTraced(
-                [&] { return tag->modifySongFileAtPath(mPath, {}).kind == Kind::Written ? 0 : 1; },
-                {.kind = kind, .at = at, .error = ENOSPC});
-            recoverInterruptedWrites();
-            const QByteArray now = fileContents(mPath);
-            QVERIFY2(now == before || withoutTimes(now) == after,
-                     QByteArray::number(at).constData());
+        for (const auto disturb :
+             {Disturbance::Kind::KillHalfway, Disturbance::Kind::FailFromThere}) {
+            for (const auto &[room, roomLeft] :
+                 {std::pair(space, atom("free", QByteArray(29, '\0'))), {}}) {
+                const QByteArray before = songWith(text("\251nam", "Old"), room);
+                const QByteArray after = songWith(text("\251nam", "New and longer"), roomLeft);
+                TracedRun run;
+                for (int at = 0; at <= run.calls; ++at) {
+                    const auto tag = tagOf(before);
+                    tag->setTitle(u"New and longer"_s);
+                    run = runTraced([&] { return int(tag->modifySongFileAtPath(mPath, {}).kind); },
+                                    {.kind = disturb, .at = at, .error = ENOSPC});
+                    recoverInterruptedWrites();
+                    const QByteArray now = withoutTimes(fileContents(mPath));
+                    QVERIFY2(now == before || now == after, QByteArray::number(at).constData());
+                }
+                QVERIFY(run.calls > 3 && withoutTimes(fileContents(mPath)) == after);
+            }
         }
-        QVERIFY(at > 3 && run.status == 0 && withoutTimes(fileContents(mPath)) == after);
     }
 
     void timesCountFrom1904()

@@ -69,23 +69,19 @@ private Q_SLOTS:
         row("a chunk table", movie(track(placeTable("stco", "1"))),
             u"moov(mvhd trak(tkhd mdia(mdhd minf(stbl(stco)))))"_s);
         row("meta without version", atom("meta", handler + list), u"meta(hdlr ilst(©nam(data)))"_s);
-        row("meta with version 1", atom("meta", number(0x01000007) + list),
-            u"meta(ilst(©nam(data)))"_s);
+        row("meta version 1", atom("meta", number(0x01000007) + list), u"meta(ilst(©nam(data)))"_s);
         row("empty metas", atom("meta") + atom("meta", number(0)), u"meta() meta()"_s);
         row("four zero bytes at the end", atom("udta", title + number(0)), u"udta(©nam)"_s);
         row("zero atoms in a list", atom("ilst", number(0) + number(0) + title + number(0)),
             u"ilst(\0\0\0\0 ©nam(data))"_s);
         row("text named like an item", atom("udta", quickTimeText), u"udta(©nam)"_s);
-        row("items of other names", atom("ilst", item("----", 1, "x") + title),
-            u"ilst(---- ©nam(data))"_s);
+        row("other items", atom("ilst", item("----", 1, "x") + title), u"ilst(---- ©nam(data))"_s);
         row("64-bit sizes", wideAtom("moov", wideAtom("free", "abc") + atom("udta")),
             u"moov(free udta())"_s);
         row("size 0 at the end", atom("free") + number(0) + "mdat" + "sound", u"free mdat"_s);
-        row("size 0 in a container", atom("udta", number(0) + "free" + "1234567890"),
-            u"udta(free)"_s);
+        row("size 0 in an atom", atom("udta", number(0) + "free" + "1234567890"), u"udta(free)"_s);
         row("bytes behind the last atom", atom("free") + "1234567", u"free"_s);
-        row("a leaf that the file ends in", atom("free") + number(900) + "mdat" + "sound",
-            u"free mdat"_s);
+        row("a leaf cut by the end", atom("free") + number(900) + "mdat" + "sound", u"free mdat"_s);
         row("the same of 64 bits", number(1) + "mdat" + number(9) + number(9) + "sound", u"mdat"_s);
         row("deepest nesting", nested(Atom::maxNesting - 1), {});
     }
@@ -110,11 +106,9 @@ private Q_SLOTS:
         row("64 bits without room", number(1) + "moov", badSize);
         row("64 bits that are too few", number(1) + "moov" + number(0) + number(15), badSize);
         row("a container beyond the file", number(100) + "moov" + atom("udta"), badSize);
-        row("a leaf beyond its container", atom("udta", number(100) + "free" + "abc") + title,
-            badSize);
+        row("leaf beyond container", atom("udta", number(100) + "free" + "abc") + title, badSize);
         row("text of an item that is no atom", atom("ilst", quickTimeText), badSize);
-        row("an endless size of 64 bits", atom("moov", number(1) + "free" + QByteArray(8, '\xFF')),
-            badSize);
+        row("endless 64 bits", atom("moov", number(1) + "free" + QByteArray(8, '\xFF')), badSize);
         row("too deep nesting", nested(Atom::maxNesting), u"atoms nested too deeply"_s);
         row("too many atoms", atom("free").repeated(Atom::maxAtoms + 1), u"too many atoms"_s);
     }
@@ -143,14 +137,13 @@ private Q_SLOTS:
         };
         const auto space = [](int size) { return atom("free", QByteArray(size, '\0')); };
         row("grown", file("Old", space(8)), "Longer", file("Longer", space(5)));
-        row("grown by all but one byte", file("Old", space(8)), "0123456789",
+        row("grown by all but 1", file("Old", space(8)), "0123456789",
             file("0123456789", space(1)));
-        row("grown by all of it", file("Old", space(7)), "0123456789",
-            file("0123456789", space(7)));
+        row("grown by all", file("Old", space(7)), "0123456789", file("0123456789", space(7)));
         row("shrunk into an empty one", file("Longer", space(0)), "Old", file("Old", space(3)));
         row("a larger one further on", file("Old", space(3) + space(4)), "Longer",
             file("Longer", space(3) + space(1)));
-        row("behind the container", file("Old", {}) + space(4), "Longer",
+        row("behind container", file("Old", {}) + space(4), "Longer",
             file("Longer", {}) + space(1));
         row("new bytes are zero", file("Longer", atom("free", "junk")), "Old",
             file("Old", atom("free", "junk\0\0\0"_ba)));
@@ -200,20 +193,12 @@ private Q_SLOTS:
         const auto leaf = Atom::atomWithName(atomName("data"));
         leaf->setData(QByteArray(8, '\1'));
         QVERIFY(!leaf->stringValue());
-        QCOMPARE(leaf->hash(), 28U);
-        QVERIFY(leaf->shortDescription().endsWith(u"'data': 8 bytes (28 hash)>"));
         leaf->setStringValue(u"Süd"_s);
         QCOMPARE(leaf->data(),
                  "\0\0\0\1\0\0\0\0S\xC3\xBC"
                  "d"_ba);
         leaf->setData("12345678\xFF"_ba);
         QVERIFY(!leaf->stringValue());
-        const auto parent = Atom::atomWithName(atomName("udta"));
-        parent->becomeContainer();
-        parent->addChild(Atom::atomWithName(atomName("free")));
-        const QStringList lines = parent->description().split(u'\n');
-        QVERIFY(lines.at(0).endsWith(u"'udta': contains 1 item>"));
-        QVERIFY(lines.at(1).startsWith(u"    <Atom 0x"));
     }
 };
 

@@ -3,8 +3,6 @@
 #include "support/tempfiles.h"
 #include "tags/filetype.h"
 
-#include <QTemporaryDir>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -33,29 +31,26 @@ private Q_SLOTS:
         const Table<QByteArray, SongDataType> row("bytes", "type");
         const QByteArray filler(8192, 'x');
         row("MPEG frames", mpegFrames(50), MPEGAudio);
-        row("MPEG frames with another sample rate index are none",
-            mpegFrames(50).replace('\x90', "\x9C"), Unknown);
+        row("frames of another sample rate index", mpegFrames(50).replace('\x90', "\x9C"), Unknown);
         row("frames of bitrate 15 are none", mpegFrames(50).replace('\x90', "\xF0"), Unknown);
         row("too few frames", mpegFrames(20) + filler, Unknown);
         row("frames too far apart", (mpegFrames(1) + QByteArray(600, 'x')).repeated(400), Unknown);
-        row("frames after filler, at last near enough", QByteArray(20'000, 'x') + mpegFrames(400),
+        row("frames after filler, near at last", QByteArray(20'000, 'x') + mpegFrames(400),
             MPEGAudio);
         row("frames after an ID3v2 tag", id3v2(3, 30'000) + mpegFrames(400), MPEGAudio);
-        row("frames after a tag of 380 kB never come near enough",
-            id3v2(3, 380'000) + mpegFrames(2000), Unknown);
+        row("frames after a tag of 380 kB are too far", id3v2(3, 380'000) + mpegFrames(2000),
+            Unknown);
         row("a tag longer than the file is scanned",
             id3v2(3, 20).replace(7, 1, "\x7F") + mpegFrames(50), MPEGAudio);
         row("a tag of size 6 is scanned", id3v2(3, 6) + mpegFrames(50), MPEGAudio);
         row("4096 bytes", mp4(4096), Unknown);
         row("5000 bytes of MP4", mp4(5000), MP4);
-        row("the words in several blocks", "moov" + filler + "udta" + filler + "mdia" + filler,
-            MP4);
+        row("words in several blocks", "moov" + filler + "udta" + filler + "mdia" + filler, MP4);
         row("a word over the end of a block",
             QByteArray(4094, 'x') + mp4(5000).replace("udta", "xxxx") + filler, Unknown);
         row("a word at the last place that is looked at",
             "moovudta" + QByteArray(4091 - 8, 'x') + "mdia" + filler, MP4);
-        row("a word one place further", "moovudta" + QByteArray(4092 - 8, 'x') + "mdia" + filler,
-            Unknown);
+        row("a word further on", "moovudta" + QByteArray(4092 - 8, 'x') + "mdia" + filler, Unknown);
         row("the words with nine frames", mp4(12) + mpegFrames(9) + filler, MP4);
         row("the words with ten frames", mp4(12) + mpegFrames(10) + filler, Unknown);
         row("MP4 after 499,999 bytes", QByteArray(503'808, 'x') + mp4(9000), Unknown);

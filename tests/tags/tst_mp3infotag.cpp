@@ -4,8 +4,6 @@
 #include "tags/genretable.h"
 #include "tags/tagfactory.h"
 
-#include <QTemporaryDir>
-
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -40,57 +38,6 @@ class tst_MP3InfoTag : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { GenreTable::install({u"Blues"_s, u"Rock"_s}); }
-
-    void everyFieldComesBack_data()
-    {
-        const Table<bool, QByteArray, QByteArray, QString> row("standard", "front", "end",
-                                                               "version");
-        for (const bool standard : {false, true}) {
-            row("2.2", standard, tag22, {}, u"2.2.0"_s);
-            row("2.4", standard, tag24, {}, u"2.4.0"_s);
-            row("1.1", standard, {}, id3v1, u"2.3.0"_s);
-            row("2.3 and 1.1", standard, tag23, id3v1, u"2.3.0"_s);
-            row("none", standard, {}, {}, u"2.3.0"_s);
-        }
-    }
-
-    void everyFieldComesBack()
-    {
-        QFETCH(bool, standard);
-        QFETCH(QByteArray, front);
-        QFETCH(QByteArray, end);
-        QFETCH(QString, version);
-        const QString path = fileWith(front + audio + end);
-        const auto tag = tagAt(path, standard);
-        tag->setTitle(u"Süd"_s);
-        tag->setArtist(u"Ωμέγα"_s);
-        tag->setAlbum(u"夜"_s);
-        tag->setYear(u"2007"_s);
-        tag->setTrack(u"3/12"_s);
-        tag->setGenres(u"Rock/Sea Song"_s);
-        tag->setBPM(u"96"_s);
-        tag->setLyrics(u"λα\nla la"_s);
-        tag->setIsPartOfCompilation(true);
-        tag->addImage(ID3Image::imageWithData(QByteArray(200'000, 'p'), u"image/png"_s));
-        QCOMPARE(tag->modifySongFileAtPath(path, optionsOf(standard)).error, QString());
-        QVERIFY(!tag->tagHasBeenModified());
-        QCOMPARE(tag->writeVersion(), version);
-
-        const auto again = tagAt(path, standard);
-        QCOMPARE(again->readVersion(), version);
-        const auto textsOf = [](const AudioInfoTag &of) {
-            return QList{of.title(), of.artist(), of.album(), of.year(),
-                         of.track(), of.genres(), of.bpm(),   of.lyrics()};
-        };
-        QCOMPARE(textsOf(*again), textsOf(*tag));
-        QVERIFY(again->isPartOfCompilation() && !again->encounteredProblemDecoding());
-        QCOMPARE(again->images().value(0).data, tag->images().value(0).data);
-
-        const QByteArray written = fileContents(path);
-        QCOMPARE(written.mid(again->id3v2Range().length, audio.size()), audio);
-        QCOMPARE(again->id3v1Range().length, end.size());
-        QCOMPARE(written.size(), again->id3v2Range().length + audio.size() + end.size());
-    }
 
     void settersOfEachVersion()
     {

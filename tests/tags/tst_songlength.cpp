@@ -1,12 +1,11 @@
+#include "support/cases.h"
 #include "support/id3bytes.h"
 #include "support/mp4bytes.h"
-#include "support/table.h"
 #include "support/tempfiles.h"
 #include "tags/songbytes.h"
 #include "tags/songlength.h"
 
 #include <QProcess>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -66,19 +65,8 @@ private Q_SLOTS:
     void isThatOfFFprobe_data()
     {
         const Table<QString, QString, int> row("file", "options", "tagSize");
-        row("constant", u"a.mp3"_s, u"-ac 2 -ar 44100 -b:a 128k -write_xing 0"_s, 0);
-        row("constant with a count", u"a.mp3"_s, u"-ac 2 -ar 44100 -b:a 320k"_s, 0);
-        row("variable", u"a.mp3"_s, u"-ac 2 -ar 48000 -q:a 4"_s, 0);
-        row("mono", u"a.mp3"_s, u"-ac 1 -ar 32000 -q:a 7"_s, 0);
-        row("MPEG-2", u"a.mp3"_s, u"-ac 2 -ar 22050 -q:a 5"_s, 0);
-        row("MPEG-2 mono, constant", u"a.mp3"_s, u"-ac 1 -ar 16000 -b:a 24k -write_xing 0"_s, 0);
-        row("MPEG-2.5", u"a.mp3"_s, u"-ac 2 -ar 8000 -q:a 5"_s, 0);
-        row("MPEG-2.5 mono, constant", u"a.mp3"_s, u"-ac 1 -ar 11025 -b:a 8k -write_xing 0"_s, 0);
-        row("layer II", u"a.mp2"_s, u"-ac 2 -ar 44100 -b:a 192k"_s, 0);
+        addCases(row, "songlengths");
         row("behind a tag of 3 MB", u"a.mp3"_s, u"-ac 2 -q:a 3"_s, 3'000'000);
-        row("constant, with ID3v1", u"a.mp3"_s, u"-b:a 64k -write_xing 0 -write_id3v1 1"_s, 2000);
-        row("M4A, moov last", u"a.m4a"_s, u"-c:a aac -ar 44100"_s, 0);
-        row("M4A, moov first", u"a.m4a"_s, u"-c:a aac -ar 8000 -movflags +faststart"_s, 0);
     }
 
     void isThatOfFFprobe()
