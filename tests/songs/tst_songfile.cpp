@@ -3,11 +3,8 @@
 #include "songs/songfile.h"
 #include "support/songs.h"
 #include "support/table.h"
-#include "support/tempfiles.h"
 
 #include <QDateTime>
-#include <QFile>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 using Outcome = InPlaceFile::Outcome;
@@ -80,27 +77,6 @@ private Q_SLOTS:
         }
         QVERIFY(!SongFile::songWithPath(mFolder->path()));
         QVERIFY(!SongFile::songWithPath(path(u"missing"_s)));
-    }
-
-    void statusByWritability()
-    {
-        QVERIFY(QFile::setPermissions(mPath, QFile::ReadOwner | QFile::ReadOther));
-        const auto locked = withoutRights([&] { return SongFile::songWithPath(mPath); });
-        QCOMPARE(locked->activityStatus(), SongStatus::Locked);
-        QVERIFY(!locked->canWriteToOriginalPath());
-        mSong->setActivityStatus(SongStatus::Problem);
-        QVERIFY(!mSong->canWriteToOriginalPath());
-        mSong->setDefaultActivityStatus();
-        QVERIFY(mSong->canWriteToOriginalPath());
-    }
-
-    void laterSongOfAPathIsFound()
-    {
-        const auto later = SongFile::songWithPath(mPath);
-        const SongList songs{mSong, later, SongFile::songWithPath(mPath)};
-        songs[2]->setPath(mPath.toUpper());
-        QCOMPARE(songWithPathInArray(mPath, songs), later);
-        QVERIFY(!songWithPathInArray({}, songs));
     }
 
     void tagIsKeptUnlessLazyAndKnowsThePlaylist()
@@ -228,7 +204,7 @@ private Q_SLOTS:
         row("the path by ID is taken", u"new.mp3"_s, {}, {}, u"new.mp3"_s);
         row("no answer, nothing moved", {}, {}, {}, u"song.mp3"_s);
         row("no answer, the file is followed", {}, {}, u"moves"_s, u"moved.mp3"_s);
-        row("the path by title, where there is still a file", {}, u"new.mp3"_s, u"moves"_s,
+        row("the path by title, where a file is left", {}, u"new.mp3"_s, u"moves"_s,
             u"moved.mp3"_s);
         row("the path by title, where the file is gone", {}, u"new.mp3"_s, u"goes"_s, u"new.mp3"_s);
     }

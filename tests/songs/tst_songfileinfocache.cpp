@@ -4,12 +4,9 @@
 #include "base/gzip.h"
 #include "songs/cachedinfotag.h"
 #include "support/songs.h"
-#include "support/tempfiles.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QImage>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <fcntl.h>
@@ -53,16 +50,6 @@ private Q_SLOTS:
         mSong->infotag()->setLyrics(u"la la ключ\n"_s.repeated(400));
     }
 
-    void bucketIsThatOfTheFolder()
-    {
-        QCOMPARE(bucketKeyForSongPath(u"/home/me/Music/a.mp3"), u"793"_s);
-        QCOMPARE(bucketKeyForSongPath(u"/other/xsxc/b.mp3"), u"793"_s);
-        QCOMPARE(bucketKeyForSongPath(u"/abc/a.mp3"), u"673"_s);
-        QCOMPARE(bucketKeyForSongPath(u"/ab/a.mp3"), QString());
-        QCOMPARE(bucketKeyForSongPath(u"/a.mp3"), QString());
-        QCOMPARE(bucketKeyForSongPath(u"my/Music/a.mp3"), QString());
-    }
-
     void summaryComesBackFromDisk()
     {
         const AudioInfoTag &real = *mSong->infotag();
@@ -101,14 +88,9 @@ private Q_SLOTS:
         struct stat before = {};
         QCOMPARE(::stat(mPath.toUtf8().constData(), &before), 0);
         const timespec times[] = {before.st_atim, before.st_mtim};
-        QTRY_VERIFY_WITH_TIMEOUT(isChangedBy(
-                                     [&] { // the file system's clock is coarse
-                                         writeFile(mPath, fileContents(mPath));
-                                         ::utimensat(AT_FDCWD, mPath.toUtf8().constData(), times,
-                                                     0);
-                                     },
-                                     before),
-                                 5000);
+        QTest::qWait(20); // the file system's clock is coarse
+        writeFile(mPath, fileContents(mPath));
+        ::utimensat(AT_FDCWD, mPath.toUtf8().constData(), times, 0);
         QVERIFY(!stored()); // although the modification date is the old one
     }
 
@@ -223,16 +205,6 @@ private Q_SLOTS:
     }
 
 private:
-    template<typename Change>
-    bool isChangedBy(Change change, const struct stat &before)
-    {
-        change();
-        struct stat now = {};
-        ::stat(mPath.toUtf8().constData(), &now);
-        return now.st_ctim.tv_sec != before.st_ctim.tv_sec
-            || now.st_ctim.tv_nsec != before.st_ctim.tv_nsec;
-    }
-
     /// Under a right checksum.
     static QList<QByteArray> sealedDamage(const QByteArray &content)
     {
