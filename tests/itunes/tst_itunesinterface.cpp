@@ -2,9 +2,8 @@
 #include "itunes/scriptrunner.h"
 #include "itunes/scripttext.h"
 #include "support/fakeclock.h"
-#include "support/table.h"
 
-#include <QHash>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -33,8 +32,6 @@ public:
     std::function<void()> onRun = [] {};
 };
 
-using Call = std::function<void(iTunesInterface &)>;
-
 QString resource(const QString &key, const QList<ScriptArgument> &arguments)
 {
     return ScriptText::filled(*ScriptText::ofResource(key), arguments).value();
@@ -57,50 +54,20 @@ private Q_SLOTS:
         mItunes = std::make_unique<iTunesInterface>(*mRunner, waiting);
     }
 
-    void scriptsAreSentToTheLetter_data()
+    void namesInScriptsAreNoCommands()
     {
-        const Table<Call, QString> row("call", "script");
-        row(
-            "version", [](auto &i) { i.iTunesMajorVersion(); },
-            u"tell app \"iTunes\"\rreturn version as string\rend tell"_s);
-        row(
-            "single quotes of old pause", [](auto &i) { i.pausePlaying(); },
-            u"tell app 'iTunes'\rpause\rend tell"_s);
-        row(
-            "single quotes of old resume", [](auto &i) { i.resumePlaying(); },
-            u"tell app 'iTunes'\rresume\rend tell"_s);
-        row(
-            "a name with a command in it", [](auto &i) { i.displayPlaylist(u"a\" & \\\r%d"_s); },
+        mItunes->displayPlaylist(u"a\" & \\\r%d"_s);
+        mItunes->valueOfField(u"year"_s, u"%@"_s);
+        mItunes->refreshAndGetPathOfSongWithID(5, {});
+        const QStringList sent{
             u"tell app \"iTunes\"\rset view of item 1 of browser windows to playlist "
-            "\"a\\\" & \\\\\\r%d\"\rend tell"_s);
-        row(
-            "count", [](auto &i) { i.numberOfTracksInPlaylistIndex(7); },
-            u"tell app \"iTunes\"\rreturn count of tracks in playlist 7\rend tell"_s);
-        row(
-            "track", [](auto &i) { i.identifiersForTrackIndex(3, 7); },
-            u"tell app \"iTunes\"\rset theTrack to track 3 of playlist 7\r"
-            "set asAlias to location of theTrack\r"
-            "return POSIX path of asAlias & \"|@\" & database ID of theTrack\rend tell"_s);
-        row(
-            "field", [](auto &i) { i.intValueOfField(u"year"_s, 3, u"Sea"_s); },
-            u"tell app \"iTunes\"\rreturn year of track 3 of playlist \"Sea\"\rend tell"_s);
-        row(
-            "field by title", [](auto &i) { i.valueOfField(u"year"_s, u"%@"_s); },
-            u"tell app \"iTunes\"\rreturn year of track \"%@\" of playlist \"Library\"\rend tell"_s);
-        row("a field that is none", [](auto &i) { i.valueOfField(u"name\rquit"_s, u"x"_s); }, {});
-        row(
-            "refresh in the library", [](auto &i) { i.refreshAndGetPathOfSongWithID(5, {}); },
-            resource(u"iTunes_refresh_dbid"_s, {ScriptArgument::playlist({}), 5}));
-        row("refresh without ID", [](auto &i) { i.refreshAndGetPathOfSongWithID(0, {}); }, {});
-        row("refresh without artist",
-            [](auto &i) { i.refreshAndGetPathOfSongWithTitle(u"x"_s, {}); }, {});
-    }
-    void scriptsAreSentToTheLetter()
-    {
-        QFETCH(const Call, call);
-        QFETCH(const QString, script);
-        call(*mItunes);
-        QCOMPARE(mRunner->scripts.join(u'|'), script);
+            "\"a\\\" & \\\\\\r%d\"\rend tell"_s,
+            u"tell app \"iTunes\"\rreturn year of track \"%@\" of playlist \"Library\"\rend tell"_s,
+            resource(u"iTunes_refresh_dbid"_s, {ScriptArgument::playlist({}), 5})};
+        mItunes->valueOfField(u"name\rquit"_s, u"x"_s); // no field
+        mItunes->refreshAndGetPathOfSongWithID(0, {});
+        mItunes->refreshAndGetPathOfSongWithTitle(u"x"_s, {});
+        QCOMPARE(mRunner->scripts, sent);
     }
 
     void answersAreReadLineByLine()
@@ -117,19 +84,6 @@ private Q_SLOTS:
         mRunner->answer = u"Sea|@none|@true\rParty Shuffle|@Party Shuffle|@false"_s;
         QCOMPARE(mItunes->playlistsInfo()->last()[1], u"Party Shuffle"_s);
         QCOMPARE(mItunes->indexOfPlaylist(u"x"_s), -1);
-    }
-
-    void versionIsTheNumberBeforeThePoint()
-    {
-        const auto versionOf = [this](const QString &text) {
-            init();
-            mRunner->answer = text;
-            return mItunes->iTunesMajorVersion();
-        };
-        QCOMPARE(mItunes->iTunesMajorVersion(), -1);
-        QCOMPARE(versionOf(u"4.7.1"_s), 4);
-        QCOMPARE(versionOf(u"10"_s), 10);
-        QCOMPARE(versionOf(u".9"_s), 0);
     }
 
     void aScriptInsideAScriptGivesUpAfterFiveSeconds()

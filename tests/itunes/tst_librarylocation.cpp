@@ -1,13 +1,11 @@
 #include "base/propertylist.h"
 #include "itunes/librarylocation.h"
 #include "support/fakeclock.h"
-#include "support/table.h"
 #include "support/tempfiles.h"
 
 #include <QDateTime>
-#include <QDir>
 #include <QRegularExpression>
-#include <QTemporaryDir>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -84,32 +82,30 @@ private Q_SLOTS:
         QCOMPARE(location.musicLibraryPath(), found); // for the life of the process
     }
 
-    void choosing_data()
-    {
-        const Table<int, int, QString> row("ageInMusic", "ageInDocuments", "chosen"); // -1: none
-        row("29 days", 29 * day, -1, QLatin1String(inMusic));
-        row("a second short of 30 days", -1, 30 * day - 1, QLatin1String(inDocuments));
-        row("30 days", 30 * day, -1, {});
-        row("the latest", 2 * day, day, QLatin1String(inDocuments));
-        row("as late as each other: the first", day, day, QLatin1String(inMusic));
-        row("an old one does not hide a new one", 40 * day, day, QLatin1String(inDocuments));
-        row("none", -1, -1, {});
-    }
-
     void choosing()
     {
-        QFETCH(int, ageInMusic);
-        QFETCH(int, ageInDocuments);
-        QFETCH(QString, chosen);
-        if (ageInMusic >= 0)
-            makeLibrary(inMusic, ageInMusic);
-        if (ageInDocuments >= 0)
-            makeLibrary(inDocuments, ageInDocuments);
-        LibraryLocation location(mClock);
-        QCOMPARE(location.canGetMusicLibraryDictionary(), !chosen.isNull());
-        QCOMPARE(location.libraryFilePath().value_or(QString()),
-                 chosen.isNull() ? QString() : QFileInfo(at(chosen)).canonicalFilePath());
-        QCOMPARE(location.musicLibraryDictionary().has_value(), !chosen.isNull());
+        using Chosen = const char *;
+        const std::tuple<int, int, Chosen> rows[] = {
+            // ages, -1: none
+            {29 * day, -1, inMusic},
+            {-1, 30 * day - 1, inDocuments},
+            {30 * day, -1, nullptr},
+            {2 * day, day, inDocuments},
+            {day, day, inMusic}, // the first of equals
+            {40 * day, day, inDocuments}, // an old one does not hide a new one
+            {-1, -1, nullptr}};
+        for (const auto &[ageInMusic, ageInDocuments, chosen] : rows) {
+            init();
+            if (ageInMusic >= 0)
+                makeLibrary(inMusic, ageInMusic);
+            if (ageInDocuments >= 0)
+                makeLibrary(inDocuments, ageInDocuments);
+            LibraryLocation location(mClock);
+            QCOMPARE(location.canGetMusicLibraryDictionary(), chosen != nullptr);
+            QCOMPARE(location.libraryFilePath().value_or(QString()),
+                     chosen ? QFileInfo(at(QLatin1String(chosen))).canonicalFilePath() : QString());
+            QCOMPARE(location.musicLibraryDictionary().has_value(), chosen != nullptr);
+        }
     }
 
     void theLibraryIsReadAnewEachTime()

@@ -100,8 +100,7 @@ private Q_SLOTS:
         row("byte-order mark", "\xEF\xBB\xBF" + whole, {});
         row("Windows line ends", QByteArray(whole).replace("><", ">\r\n\t<"), {});
         row("references", QByteArray(whole).replace("\xC3\xA9", "&#233;"), {});
-        row("raw control character", QByteArray(whole).replace("\xC3\xA9", "\n\x01"),
-            u"line 2: "_s);
+        row("control character", QByteArray(whole).replace("\xC3\xA9", "\n\x01"), u"line 2: "_s);
         row("surrogates", QByteArray(whole).replace("\xC3\xA9", "&#55357;&#56832;"), u"line 1: "_s);
         row("another list", "<plist><array/></plist>", u"<array> instead of a dictionary"_s);
         row("too many playlists",

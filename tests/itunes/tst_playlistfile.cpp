@@ -1,9 +1,6 @@
 #include "itunes/playlistfile.h"
-#include "support/table.h"
+#include "support/cases.h"
 #include "support/tempfiles.h"
-
-#include <QDir>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -31,32 +28,9 @@ private Q_SLOTS:
     {
         const Table<QString, QByteArray, QString, QString> row("ending", "bytes", "paths",
                                                                "missing");
-        const QString c = u"lists/Öster/c #1.mp3"_s;
-        row("M3U with comments and streams", u"m3u"_s,
-            "#EXTM3U\n#EXTINF:2,x\n b.mp3 \n\nhttp://h/x.mp3\nmms://h/x\n../a.mp3\n./b.mp3",
-            u"lists/b.mp3|a.mp3|lists/b.mp3"_s, {});
-        row("byte-order mark", u"m3u8"_s, "\xEF\xBB\xBF\xC3\x96ster/c #1.mp3\r\n", c, {});
-        row("Latin-1", u"M3U"_s, "\xD6ster/c #1.mp3", c, {});
-        row("decomposed", u"m3u"_s, "O\xCC\x88ster/c #1.mp3", c, {});
-        row("old Mac line ends", u"m3u"_s, "b.mp3\r../a.mp3\r", u"lists/b.mp3|a.mp3"_s, {});
-        row("Windows", u"m3u"_s, "\xC3\x96ster\\c #1.mp3\r\n..\\a.mp3", c + u"|a.mp3"_s, {});
-        row("drive", u"m3u"_s, "C:\\Users\\Ana\\b.mp3\nD:\\x.mp3", u"lists/b.mp3"_s,
-            u"/D:/x.mp3"_s);
-        row("escaped path", u"m3u"_s, "%C3%96ster/c%20%231.mp3", c, {});
-        row("name that looks escaped", u"m3u"_s, "100%20.mp3", u"lists/100%20.mp3"_s, {});
-        row("file URL", u"m3u"_s, "file://localhost/C:/Users/Ana/%C3%96ster/c%20%231.mp3", c, {});
+        addCases(row, "playlistentries");
         row("not there", u"m3u"_s, QByteArray("gone.mp3\n.\nb.mp3\n/x\0y.mp3", 25),
             u"lists/b.mp3"_s, QString(u"lists/gone.mp3|lists|/x"_s + QChar(u'\0') + u"y.mp3"_s));
-        row("PLS in any order", u"pls"_s,
-            "[playlist]\nFile10=../a.mp3\nTitle2=File3=x\nfile2=b.mp3\nFile1=\nVersion=2\n",
-            u"lists/b.mp3|a.mp3"_s, {});
-        row("XSPF", u"xspf"_s,
-            "<playlist xmlns='http://xspf.org/ns/0/'><location>http://x/</location><trackList>"
-            "<track><location> %C3%96ster/c%20%231.mp3 </location><location>a</location></track>"
-            "<track><title>b.mp3</title></track><track><location>http://x/</location></track>"
-            "<track><location>file:///C:/Users/Ana/b.mp3</location></track>"
-            "</trackList></playlist>",
-            c + u"|lists/b.mp3"_s, {});
     }
 
     void entries()
