@@ -4,11 +4,8 @@
 #include "gathering/librarylending.h"
 #include "itunes/itunesinterface.h"
 #include "support/songs.h"
-#include "support/tempfiles.h"
 
-#include <QDir>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;

@@ -6,9 +6,6 @@
 #include "tags/genretable.h"
 #include "text/simplifier.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -35,27 +32,9 @@ private Q_SLOTS:
         QCOMPARE(options.overwrite, Assets());
         QCOMPARE(options.albumPickingMethod, AlbumPick::Best);
         QVERIFY(options.parallelSearch);
-        QCOMPARE(options.overwriteImageThreshold, preferences::noLimit);
         QVERIFY(prefs.readOptions().dialect == ID3Dialect::standard());
         QCOMPARE(prefs.writeOptions().v24Sizes, FrameSizes::Accurate);
-        QVERIFY(preferences::cacheSizeMB.value(prefs.settings()) > 0);
         QCOMPARE(prefs.settings().value(u"prefsVersion"_s).toInt(), 3);
-    }
-
-    void choosingASourceRemembersItsKind()
-    {
-        PrefsController prefs;
-        QVERIFY(!prefs.librarySource() && prefs.drawerIsOpen());
-        QCOMPARE(prefs.libraryPlaylist(), u"Library"_s);
-        prefs.setLibraryDirectory(u"/music"_s);
-        QCOMPARE(prefs.librarySource(), SourceKind::Folder);
-        prefs.setLibraryPlaylist(u"Mix"_s);
-        QCOMPARE(prefs.settings().value(u"_source"_s).toInt(), 1);
-        prefs.setiTunesLibrary();
-        QCOMPARE(prefs.librarySource(), SourceKind::Library);
-        QCOMPARE(prefs.libraryDirectory(), u"/music"_s);
-        prefs.setDrawerOpen(false);
-        QVERIFY(prefs.settings().value(u"drawerClosed"_s).toBool());
     }
 
     void oldSettingsReadAsTheyAlwaysDid()
@@ -66,11 +45,8 @@ private Q_SLOTS:
         QCOMPARE(options.gather, gatherableAssets);
         QCOMPARE(options.overwrite, Assets());
         QCOMPARE(options.albumPickingMethod, AlbumPick::None);
-        QCOMPARE(options.allowSubstrings, Substrings::Refuse);
         QVERIFY(!options.parallelSearch);
-        QCOMPARE(options.minimumImageSize, 100.0);
         QCOMPARE(options.maximumImageSize, 450.0);
-        QCOMPARE(options.overwriteImageThreshold, preferences::overwriteSliderMaximum);
         QVERIFY(prefs.id3Dialect() == ID3Dialect::classic());
         QCOMPARE(prefs.writeOptions().v24Sizes, FrameSizes::Plain);
         QVERIFY(!prefs.settings().contains(u"prefsVersion"_s));
@@ -121,20 +97,6 @@ private Q_SLOTS:
         QCOMPARE(moved.pathHere(u"/x/a.mp3"_s), u"/y/a.mp3"_s);
     }
 
-    void useDefaultsForgetsSevenSettings()
-    {
-        const QStringList forgotten = u"minImageSize maxImageSize cacheSizeMB "
-                                      "overwriteImageThreshold id3v24Accurate ignoreNonSquareArt "
-                                      "keepiTunesRefreshed"_s.split(u' ');
-        PrefsController prefs;
-        for (const QString &key : forgotten)
-            prefs.settings().setValue(key, 1);
-        prefs.useDefaults();
-        for (const QString &key : forgotten)
-            QVERIFY(!prefs.settings().contains(key));
-        QVERIFY(prefs.settings().contains(u"checkYear"_s));
-    }
-
     void startInstallsWhatTheDefinitionsHold()
     {
         Engine engine(Engine::Pages::InMemory);
@@ -142,8 +104,6 @@ private Q_SLOTS:
             QVariantMap{{u"genres"_s, QStringList{u"Shanty"_s}},
                         {u"simplifiers"_s, QVariantMap{{u"shanties"_s, u"shanty"_s}}}}));
         engine.start(Engine::Definitions::Fixed);
-        QCOMPARE(engine.queue.agentString(),
-                 u"Tagwright/" TAGWRIGHT_VERSION " (like Safari/Gecko)"_s);
         QCOMPARE(GenreTable::genreForIndex(0), u"Shanty"_s);
         QCOMPARE(HVUtility::simplifyString(u"Sea Shanties"_s),
                  HVUtility::simplifyString(u"Sea Shanty"_s));

@@ -4,11 +4,8 @@
 #include "base/texts.h"
 #include "support/id3bytes.h"
 #include "support/songs.h"
-#include "support/tempfiles.h"
 
-#include <QDir>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <semaphore>
@@ -186,14 +183,6 @@ private Q_SLOTS:
         QVERIFY(mLines[0].startsWith(file + u": "_s));
     }
 
-    /// Names from a Mac are decomposed.
-    void entryIsFoundInTheOtherUnicodeForm()
-    {
-        addSongs({u"caf\u00e9.mp3"_s});
-        loadSource(listed({{u"cafe\u0301.mp3"_s}}));
-        QCOMPARE(paths(), QStringList{u"caf\u00e9.mp3"_s});
-    }
-
     /// A source that never answers, as a dead network mount: what came before stays.
     void cancelKeepsWhatWasLoaded()
     {
@@ -215,22 +204,6 @@ private Q_SLOTS:
         load(); // another source is not held up
         QCOMPARE(paths(), QStringList{u"a.mp3"_s});
         answer->release();
-    }
-
-    void cancelledLoadEndsEarlyAndInOrder()
-    {
-        addSongs({u"a.mp3"_s, u"b.mp3"_s});
-        QList<SourceEntry> entries;
-        for (int i = 1; i <= 20'000; ++i)
-            entries.append({i % 2 ? u"a.mp3"_s : u"b.mp3"_s, i});
-        connect(mList.get(), &LoadedSongs::songsAdded, mList.get(), [this] { mList->cancel(); });
-        QCOMPARE(loadSource(listed(entries)), LoadedSongs::End::Cancelled);
-        int last = 0;
-        for (const auto &song : mList->allSongs()) {
-            QVERIFY(song->iTunesDBID() > last);
-            last = song->iTunesDBID();
-        }
-        QVERIFY(last > 0 && last < 20'000);
     }
 
 private:

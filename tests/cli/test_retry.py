@@ -55,13 +55,6 @@ class Retry(programs.ProgramCase):
                       f"them up again\n    {self.music}/album/a.mp3\n", done.stdout)
         self.assertEqual(len(self.listed()), 3)
 
-    def test_a_source_that_gives_no_answer_is_left_alone(self):
-        for number in range(5):
-            song(self.music / f"{number}.mp3", TIT2="Low Water", TPE1="Nila Oster")
-        Site.status = 429
-        self.assertEqual(len(self.gather()[-1]["summary"]["unasked"][FREEDB]), 8)
-        self.assertEqual(Site.searches, 3)
-
     def test_songs_that_are_gone_leave_the_list_and_folders_that_are_away_stay(self):
         song(self.music / "other" / "d.mp3", TIT2="Last Tram Home", TPE1="The Lanterns")
         Site.status = 503

@@ -13,7 +13,6 @@
 #include "support/table.h"
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 #include <limits>
 

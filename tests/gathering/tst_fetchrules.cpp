@@ -1,5 +1,3 @@
-#include "gathering/fetcherrors.h"
-
 #include "gathering/cleartext.h"
 #include "gathering/hostpace.h"
 #include "gathering/httpcache.h"
@@ -7,9 +5,6 @@
 #include "support/fakeclock.h"
 #include "support/table.h"
 #include "support/tempfiles.h"
-
-#include <QDir>
-#include <QTemporaryDir>
 
 using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
@@ -34,20 +29,6 @@ class FetchRulesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void errorsHaveCodes()
-    {
-        using Error = QNetworkReply::NetworkError;
-        for (const auto &[error, online, offline] : {std::tuple{Error::TimeoutError, -1001, -1001},
-                                                     {Error::HostNotFoundError, -1003, -1009},
-                                                     {Error::ConnectionRefusedError, -1004, -1004},
-                                                     {Error::UnknownNetworkError, -1, -1009},
-                                                     {Error::SslHandshakeFailedError, -1, -1}}) {
-            QCOMPARE(fetchErrorFor(error, u"why"_s, true).code, online);
-            QCOMPARE(fetchErrorFor(error, u"why"_s, false).code, offline);
-            QCOMPARE(fetchErrorFor(error, u"why"_s, true).localizedDescription, u"why"_s);
-        }
-    }
-
     void othersCanReadWhatIsNeitherHttpsNorHere()
     {
         for (const auto &[url, isClear] : {std::pair{"https://a.example/", false},
@@ -151,24 +132,18 @@ private Q_SLOTS:
         QVERIFY(!cache.response(address(1)));
     }
 
-    void damagedFilesAreNotThere_data()
-    {
-        const Table<int, QByteArray> row("kept", "added");
-        row("half a head", 12, "");
-        row("cut", 60, "");
-        row("longer", 1'000, "x");
-        row("something else", 0, QByteArray(5'000, 'x'));
-    }
     void damagedFilesAreNotThere()
     {
-        QFETCH(int, kept);
-        QFETCH(QByteArray, added);
-        const QTemporaryDir folder;
-        HttpCache(folder.path()).store(address(1), {"a page", u"text/html"_s});
-        const QString file = QDir(folder.path()).entryInfoList(QDir::Files).value(0).filePath();
-        writeFile(file, fileContents(file).left(kept) + added);
-        QVERIFY(!HttpCache(folder.path()).response(address(1)));
-        QVERIFY(!QFile::exists(file));
+        // Half a head; cut; longer; something else.
+        for (const auto &[kept, added] :
+             {std::pair{12, ""_ba}, {60, ""_ba}, {1'000, "x"_ba}, {0, QByteArray(5'000, 'x')}}) {
+            const QTemporaryDir folder;
+            HttpCache(folder.path()).store(address(1), {"a page", u"text/html"_s});
+            const QString file = QDir(folder.path()).entryInfoList(QDir::Files).value(0).filePath();
+            writeFile(file, fileContents(file).left(kept) + added);
+            QVERIFY(!HttpCache(folder.path()).response(address(1)));
+            QVERIFY(!QFile::exists(file));
+        }
     }
 
     void aFolderThatCannotBeMadeMeansMemoryOnly()

@@ -110,14 +110,10 @@ private Q_SLOTS:
             row("breaks off in the body", {.body = "he", .claimedLength = 5, .then = then}, 0, "");
             row("breaks off in the head", {.then = then, .raw = "HTTP/1.1 200 OK\r\nA: b"}, 0, "");
         }
-        row("nonsense", {.then = Then::Close, .raw = QByteArray(5000, '\xff')}, 0, "");
-        row("broken chunks end the body", {.then = Then::Close, .raw = chunked + "zz\r\nab"}, 200,
-            "");
+        row("broken chunks end it", {.then = Then::Close, .raw = chunked + "zz\r\nab"}, 200, "");
         row("breaks off in a chunk", {.then = Then::Close, .raw = chunked + "5\r\nab"}, 0, "");
-        row("compressed nonsense", {.body = "no gzip", .headers = {"Content-Encoding: gzip"}}, 0,
-            "");
+        row("packed nonsense", {.body = "no gzip", .headers = {"Content-Encoding: gzip"}}, 0, "");
         row("redirect to a file", redirectTo("file:///etc/hostname"), 0, "");
-        row("redirect to nowhere", {.status = 302}, 302, "");
         row("redirect to itself", redirectTo("/"), 0, "");
         row("redirect to a page", redirectTo("/other"), 200, "other");
     }
@@ -148,12 +144,8 @@ private Q_SLOTS:
         row("drips", {.body = "he", .claimedLength = -1, .then = Then::DripBody}, true);
         row("a head without end",
             {.body = much, .then = Then::RepeatBody, .raw = "HTTP/1.1 200 OK\r\nA: "}, false);
-        row("a body without end", {.body = much, .claimedLength = -1, .then = Then::RepeatBody},
-            false);
-        row("a body as long as it says",
-            {.body = much, .claimedLength = 2'000'000'000, .then = Then::RepeatBody}, false);
-        row("a page where pages are not cut", {.type = "text/html", .body = much.repeated(20)},
-            false);
+        row("endless body", {.body = much, .claimedLength = -1, .then = Then::RepeatBody}, false);
+        row("a page that is not cut", {.type = "text/html", .body = much.repeated(20)}, false);
         // What qCompress puts in front of the stream is its own.
         row("little that unpacks to much",
             {.body = qCompress(much.repeated(500)).mid(4),
@@ -244,21 +236,16 @@ private Q_SLOTS:
                  (QStringList{u"/runs"_s, u"/3"_s, u"/earlier"_s, u"/early"_s, u"/1"_s, u"/2"_s}));
     }
 
-    void tenThousandWait()
+    void whatWaitsFailsWithItsHost()
     {
         World world;
         world.server.hold();
-        for (int i = 0; i < 10'000; ++i)
+        for (int i = 0; i < 5'000; ++i)
             world.add(u"/%1"_s.arg(i));
-        QCOMPARE(world.queue.urlOfRow(9'999), world.server.url(u"/9999"_s));
-        for (int i = 9'999; i >= 5'000; --i)
-            world.cancel(u"/%1"_s.arg(i));
-        QTRY_COMPARE(world.asker.answers.size(), 5'000);
-        // The rest fails at once when its host does.
         expectHostRemembered();
         world.queue.addURL(closedPort(), &world.asker, world.asker.callback(), QueueEnd::Front);
         world.server.release();
-        QTRY_COMPARE(world.asker.answers.size(), 10'001);
+        QTRY_COMPARE(world.asker.answers.size(), 5'001);
         QCOMPARE(world.queue.numberOfRows(), 0);
     }
 

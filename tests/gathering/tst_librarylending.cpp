@@ -1,11 +1,8 @@
 #include "gathering/librarylending.h"
 
+#include "songs/cachedinfotag.h"
+#include "support/cases.h"
 #include "support/songs.h"
-#include "support/table.h"
-#include "support/tempfiles.h"
-
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 namespace {
 /// "album|artist|year|genre|picture width"; empty parts are absent.
@@ -63,15 +60,7 @@ private Q_SLOTS:
     void lends_data()
     {
         const Table<QString, QString> row("library", "offers");
-        row("the first in library order",
-            u"Night|Ann;Night|Ann|1999;Night|Ann|2000|Rock|300;Night|Ann||Pop|300"_qs,
-            u"1999|Rock|2,3"_qs);
-        row("names are compared loosely", u"the NIGHT!|ann|1999"_qs, u"1999||"_qs);
-        row("another album", u"Day|Ann|1999"_qs, u"||"_qs);
-        row("another artist", u"Night|Bob|1999"_qs, u"||"_qs);
-        row("no artist", u"Night||1999"_qs, u"||"_qs);
-        row("pictures that cannot do are not offered",
-            u"Night|Ann|||99;Night|Ann|||500;Night|Ann|||301"_qs, u"||2"_qs);
+        addCases(row, "lending");
     }
     void lends()
     {
@@ -152,21 +141,12 @@ private Q_SLOTS:
 
     void theFileLendsThePictureOfASummary()
     {
-        /// What a cache knows of a song.
-        class Summary : public AudioInfoTag {
-        public:
-            Summary() { setIsLazy(true); }
-            [[nodiscard]] TagType type() const override { return TagType::Cached; }
-            [[nodiscard]] std::optional<QString> text(TagText which) const override
-            {
-                if (which == TagText::Album)
-                    return u"Night"_qs;
-                return which == TagText::Artist ? std::optional(u"Ann"_qs) : std::nullopt;
-            }
-            [[nodiscard]] int numberOfImages() const override { return 1; }
-        };
+        CachedInfo summary;
+        summary.album = u"Night"_qs;
+        summary.artist = u"Ann"_qs;
+        summary.numberOfArtworks = 1;
         const SongList library = libraryFrom(u"Night|Ann|||300"_qs);
-        library[0]->adoptInfotag(std::make_unique<Summary>());
+        library[0]->adoptInfotag(tagWithCachedInfo(std::make_shared<const CachedInfo>(summary)));
         LibraryLending lending(library);
         QCOMPARE(shown(lending.offersTo(borrowerOf(u"Night"_qs))), u"||0"_qs);
         QCOMPARE(firstPictureOf(*library[0])->data, plainPicture(300, 300));

@@ -4,7 +4,7 @@
 #include "gathering/definitionformat.h"
 #include "gathering/definitionschema.h"
 #include "gathering/sitedefinition.h"
-#include "support/table.h"
+#include "support/cases.h"
 #include "support/tempfiles.h"
 
 using namespace Qt::StringLiterals;
@@ -65,44 +65,13 @@ private Q_SLOTS:
     {
         // source: empty: a key of the whole set; fault: empty: none
         const Table<QString, QString, QVariant, QString> row("source", "key", "value", "fault");
-        const QString whole;
-        const QString freeDB = u"FreeDBInterface"_s;
-        const QString notHttp = u"is no http or https address"_s;
-        row("unknown key", whole, u"whatever"_s, 7, {});
-        row("list of other things", whole, u"genres"_s, QVariantList{u"a"_s, 7},
-            u"is no list of texts"_s);
+        addCases(row, "definitionfaults");
+        row("other list", whole, u"genres"_s, QVariantList{u"a"_s, 7}, u"is no list of texts"_s);
         row("table", whole, u"simplifiers"_s, QVariantMap{{u"a"_s, QString()}}, {});
         row("table of numbers", whole, u"lyricsSubstitutions"_s, QVariantMap{{u"a"_s, 7}},
             u"is no table from texts to texts"_s);
-        row("no number", whole, u"latestReleaseNumber"_s, u"newest"_s, u"is no number"_s);
-        row("source is no dictionary", whole, u"res_FreeDBInterface"_s, u"x"_s,
-            u"is no dictionary"_s);
-        row("unknown encoding", freeDB, u"charset"_s, u"klingon"_s,
-            u"is no known character encoding"_s);
-        row("agent", freeDB, u"userAgent"_s, u"Tagwright/%@ ( https://a.example )"_s, {});
-        const QString notAgent =
-            u"does not name program, version and contact: Name/1.0 ( address )"_s;
         for (const QString &agent : {u"Tagwright/%@"_s, u"A/1 ( here )"_s, u"A/1 ( a@b ) X: y"_s})
             row("agent without a contact", freeDB, u"userAgent"_s, agent, notAgent);
-        row("address", freeDB, u"queryPOST"_s, u"https://discs.example/search"_s, {});
-        row("empty address", freeDB, u"queryPOST"_s, QString(), {});
-        row("address without a host", freeDB, u"queryPOST"_s, u"http:///search"_s, notHttp);
-        row("address format", freeDB, u"discInfoURL"_s, u"http://a/?d=%@&e=%%20"_s, {});
-        row("bare escape in an address format", freeDB, u"discInfoURL"_s, u"http://a/%20?d=%@"_s,
-            u"must hold %@ and no other placeholder (%% is a percent sign)"_s);
-        row("format that leaves the choice of host to the page", freeDB, u"discInfoURL"_s,
-            u"http://%@/disc"_s, u"has a placeholder in its host"_s);
-        row("format that can lengthen the host", freeDB, u"discInfoURL"_s, u"http://a.example%@"_s,
-            u"has a placeholder in its host"_s);
-        row("marker inside a parse recipe", freeDB, u"parseAlbumList/listEnd"_s, 7,
-            u"is no text"_s);
-        row("track marker", u"TowerInterface"_s, u"parseAlbumTrack"_s, u"<b>%d.</b>"_s, {});
-        row("track marker without a number", u"TowerInterface"_s, u"parseAlbumTrack"_s, u"<b>"_s,
-            u"must hold %d and no other placeholder (%% is a percent sign)"_s);
-        row("scheme left open", freeDB, u"discInfoURL"_s, u"%@"_s, notHttp);
-        row("prefix of another scheme", u"CKDigestInterface"_s, u"prefix"_s, u"file://"_s,
-            u"does not begin as an http or https address"_s);
-        row("source that no schema knows", u"NoSuchInterface"_s, u"queryPOST"_s, 7, {});
     }
     void faultsAreNamed()
     {

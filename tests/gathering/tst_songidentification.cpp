@@ -1,14 +1,13 @@
 #include "base/texts.h"
 #include "gathering/librarylending.h"
 #include "gathering/songinfotask.h"
+#include "support/cases.h"
 #include "support/httpserver.h"
+#include "support/samplesource.h"
 #include "support/songs.h"
-#include "support/table.h"
 
-#include <QFileInfo>
 #include <QProcess>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QUrlQuery>
 
 using namespace Qt::StringLiterals;
@@ -34,60 +33,19 @@ QString ownProgram()
         + u"/tagwright-fingerprint"_s;
 }
 
-QByteArray recording(const QByteArray &title, const QByteArray &artist, const QByteArray &more = {})
+/// What the service says of a song.
+QByteArray answerNamed(const char *name)
 {
-    return R"({"id": "r", "title": ")" + title + R"(", "artists": [{"name": ")" + artist + R"("}])"
-        + more + '}';
+    for (const QByteArrayList &cells : casesIn("acoustidanswers"))
+        if (cells[0] == name)
+            return cells[1];
+    qFatal("no answer %s", name);
 }
-
-QByteArray albums(const QByteArray &groups)
-{
-    return R"(, "releasegroups": [)" + groups + ']';
-}
-
-QByteArray result(double score, const QByteArray &recordings)
-{
-    return R"({"id": "x", "score": )" + QByteArray::number(score) + R"(, "recordings": [)"
-        + recordings + "]}";
-}
-
-QByteArray answerOf(const QByteArray &results)
-{
-    return R"({"status": "ok", "results": [)" + results + "]}";
-}
-
-const QByteArray saltAndIron = R"({"title": "Salt & Iron", "type": "Album"})";
-const QByteArray harbour =
-    recording("Harbour Lights", "Nila Oster", R"(, "duration": 6)" + albums(saltAndIron));
 
 QString asText(const std::optional<QString> &text)
 {
     return text.value_or(u"-"_s);
 }
-
-/// Tells what it was asked for.
-class AskedSource : public WebDBInterface {
-public:
-    AskedSource(SiteDefinition definition, HVHTTPQueue &queue, QString &asked, qint64 &duration)
-        : WebDBInterface(std::move(definition), queue)
-        , mAsked(asked)
-        , mDuration(duration)
-    {
-    }
-    [[nodiscard]] QString className() const override { return u"AskedSource"_s; }
-
-protected:
-    void startSearch() override
-    {
-        mDuration = songDuration().value_or(0);
-        mAsked =
-            QStringList{asText(artist()), asText(songTitle()), asText(albumTitle())}.join(u'|');
-    }
-
-private:
-    QString &mAsked;
-    qint64 &mDuration;
-};
 
 /// One song, the service, and a task between them.
 class World {
@@ -95,7 +53,7 @@ public:
     World()
     {
         context.identifying = IdentifyingMeans{u"my key"_s, ownProgram()};
-        server.serve(u"/lookup"_s, {.body = answerOf(result(0.9, harbour))});
+        server.serve(u"/lookup"_s, {.body = answerNamed("the song")});
     }
 
     void makeTask(const QString &song, Assets want)
@@ -124,11 +82,13 @@ public:
     HVHTTPQueue queue{QString()};
     QString asked;
     qint64 duration = 0; ///< milliseconds
-    SourceCatalog catalog{{{u"AskedSource"_s, Assets(AssetYear) | AssetArtwork,
-                            [this](SiteDefinition definition, HVHTTPQueue &fetcher) {
-                                return std::make_unique<AskedSource>(std::move(definition), fetcher,
-                                                                     asked, duration);
-                            }}}};
+    SourceCatalog catalog{{SampleSource::entry(
+        u"AskedSource"_s, Assets(AssetYear) | AssetArtwork, [this](SampleSource &source) {
+            duration = source.songDuration().value_or(0);
+            asked = QStringList{asText(source.artist()), asText(source.songTitle()),
+                                asText(source.albumTitle())}
+                        .join(u'|');
+        })}};
     LibraryLending library{SongList()};
     GatherContext context{
         queue, catalog,
@@ -151,47 +111,9 @@ private Q_SLOTS:
     void choosesAmongAnswers_data()
     {
         const Table<QByteArray, QString> row("json", "expected");
-        const auto known = [&](const char *name, const QByteArray &results, const char *expected) {
-            row(name, answerOf(results), QString::fromLatin1(expected));
-        };
-        const QByteArray other = recording("Other", "Nila Oster", R"(, "duration": 6)");
-        known("the song", result(0.9, harbour), "Nila Oster|Harbour Lights|Salt & Iron");
-        known("a poor score", result(0.49, harbour), "");
-        known("the best score, wherever it stands", result(0.6, other) + ',' + result(0.9, harbour),
-              "Nila Oster|Harbour Lights|Salt & Iron");
-        known("an identifier alone", result(0.9, R"({"id": "r"})") + ',' + result(0.8, harbour),
-              "Nila Oster|Harbour Lights|Salt & Iron");
-        known("a result without recordings", R"({"score": 0.9})", "");
-        known("a recording with an album before one without", result(0.9, other + ',' + harbour),
-              "Nila Oster|Harbour Lights|Salt & Iron");
-        known("the recording of that length",
-              result(0.9,
-                     recording("Harbour Lights (live)", "Nila Oster",
-                               R"(, "duration": 12)" + albums(saltAndIron))
-                         + ',' + harbour),
-              "Nila Oster|Harbour Lights|Salt & Iron");
-        known("an album before a collection, that before a single",
-              result(0.9,
-                     recording("A", "B",
-                               albums(R"({"title": "S", "type": "Single"},
-                                   {"title": "C", "type": "Album", "secondarytypes": ["Live"]},)"
-                                      + saltAndIron))),
-              "B|A|Salt & Iron");
-        known("artists joined", result(0.9, R"({"title": "A", "artists":
-                  [{"name": "B", "joinphrase": " & "}, {"name": "C"}, {"name": "D"}]})"),
-              "B & C, D|A|-");
-        known("nothing found", "", "");
-        known("no names but other kinds of values",
-              result(0.9, R"({"title": 7, "artists": {"name": []}}, null, "r")"), "");
-        row("the key is refused",
-            R"({"status": "error", "error": {"code": 4, "message": "invalid API key"}})",
-            u"invalid API key!"_s);
-        row("another error",
-            R"({"status": "error", "error": {"code": 3, "message": "invalid fingerprint"}})",
-            u"invalid fingerprint"_s);
-        const QString strange = qtTrId("ErrorStrangeAnswer");
-        row("an answer cut short", answerOf(result(0.9, harbour)).chopped(20), strange);
-        row("HTML", "<html></html>", strange);
+        addCases(row, "acoustidanswers");
+        row("an answer cut short", answerNamed("the song").chopped(20),
+            qtTrId("ErrorStrangeAnswer"));
     }
 
     void choosesAmongAnswers()
@@ -227,17 +149,15 @@ private Q_SLOTS:
         const Assets names = Assets(AssetSongTitle) | AssetAlbumName | AssetYear;
         const QString all = u"Nila Oster|Harbour Lights|Salt & Iron"_s;
         row("all that it lacks", u""_s, names, all, all);
-        row("what is not wanted is for the search alone", u""_s, AssetYear, all,
-            u"Nila Oster|07 - track|-"_s);
+        row("unwanted: for the search alone", u""_s, AssetYear, all, u"Nila Oster|07 - track|-"_s);
         row("an album that it has", u"album=Sea"_s, names, u"Nila Oster|Harbour Lights|Sea"_s,
             u"Nila Oster|Harbour Lights|Sea"_s);
-        row("a title of its own stays", u"title=Track 07"_s, names, all,
-            u"Nila Oster|Track 07|Salt & Iron"_s);
+        row("its own title", u"title=Track 07"_s, names, all, u"Nila Oster|Track 07|Salt & Iron"_s);
         row("an artist of its own stays", u"artist=Unknown Artist"_s, names, all,
             u"Unknown Artist|Harbour Lights|Salt & Iron"_s);
         row("nothing but the artist is lacking", u"title=Harbour Lights"_s, {}, {},
             u"Nila Oster|Harbour Lights|-"_s);
-        row("a song of another title", u"title=Tidewater"_s, AssetYear, u"-|Tidewater|-"_s,
+        row("another song", u"title=Tidewater"_s, AssetYear, u"-|Tidewater|-"_s,
             u"-|Tidewater|-"_s);
         row("one that has its names is not asked for", u"artist=Jon;title=Harbour"_s, AssetYear,
             u"Jon|Harbour|-"_s, u"Jon|Harbour|-"_s);
@@ -259,7 +179,7 @@ private Q_SLOTS:
     void saysWhatFailed_data()
     {
         const Table<QByteArray, QString, QString> row("answer", "program", "problem");
-        row("the service does not know it", answerOf(""), ownProgram(),
+        row("the service knows it not", answerNamed("nothing found"), ownProgram(),
             qtTrId("ErrorSoundUnknown"));
         row("no program that decodes", {}, u"/nowhere"_s, u"execvp: No such file or directory"_s);
         row("a program that ends", {}, u"/bin/false"_s, qtTrId("ErrorNoSound"));
@@ -310,27 +230,21 @@ private Q_SLOTS:
         QCOMPARE(world.context.outages.marked(), QSet<QString>{AcoustIDLookup::name});
     }
 
-    void endsWhenCancelled_data()
-    {
-        const Table<QString> row("during");
-        row("the decoding", u"decoding"_s);
-        row("the question", u"question"_s);
-    }
-
     void endsWhenCancelled()
     {
-        QFETCH(QString, during);
-        World world;
-        world.server.hold();
-        world.makeTask(soundOf({}), AssetYear);
-        QSignalSpy finished(world.task.get(), &SongInfoTask::finished);
-        world.task->gather();
-        if (during == u"question"_s)
-            QTRY_COMPARE(world.server.requests().size(), 1);
-        world.task->cancel();
-        QVERIFY(finished.wait());
-        QCOMPARE(finished.size(), 1);
-        QCOMPARE(world.names(), u"-|07 - track|-"_s);
+        for (const bool isAsked : {false, true}) { // while it decodes, or waits for the answer
+            World world;
+            world.server.hold();
+            world.makeTask(soundOf({}), AssetYear);
+            QSignalSpy finished(world.task.get(), &SongInfoTask::finished);
+            world.task->gather();
+            if (isAsked)
+                QTRY_COMPARE(world.server.requests().size(), 1);
+            world.task->cancel();
+            QVERIFY(finished.wait());
+            QCOMPARE(finished.size(), 1);
+            QCOMPARE(world.names(), u"-|07 - track|-"_s);
+        }
     }
 
 private:

@@ -3,29 +3,13 @@
 #include "gathering/sourcesearches.h"
 #include "support/fakeclock.h"
 #include "support/httpserver.h"
+#include "support/samplesource.h"
 #include "support/table.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
-
-/// One page for each search, with the name of an album on it.
-class PageSource : public WebDBInterface {
-public:
-    using WebDBInterface::WebDBInterface;
-    [[nodiscard]] QString className() const override { return u"PageSource"_s; }
-
-protected:
-    void startSearch() override
-    {
-        const QUrl page(resources().textOrEmpty(u"page"_s));
-        addSearchURL(page, [this](const FetchResult &result) {
-            if (result.data.startsWith("album"))
-                addAlbum(AlbumInfo(artist(), u"Night"_s));
-        });
-    }
-};
 
 /// The network library by itself asks a host again that hung up, and how often is up to it.
 constexpr int asOftenAsTheLibrary = -1;
@@ -143,11 +127,15 @@ private:
         QVERIFY(searches.unaskedOf({u"PageSource"_s}, AssetLyrics).isEmpty());
     }
 
-    const SourceCatalog mCatalog{{{u"PageSource"_s, Assets(AssetAlbumName) | AssetYear,
-                                   [](SiteDefinition definition, HVHTTPQueue &queue) {
-                                       return std::make_unique<PageSource>(std::move(definition),
-                                                                           queue);
-                                   }}}};
+    /// One page for each search, with the name of an album on it.
+    const SourceCatalog mCatalog{{SampleSource::entry(
+        u"PageSource"_s, Assets(AssetAlbumName) | AssetYear, [](SampleSource &source) {
+            const QUrl page(source.resources().textOrEmpty(u"page"_s));
+            source.addSearchURL(page, [&source](const FetchResult &result) {
+                if (result.data.startsWith("album"))
+                    source.addAlbum(AlbumInfo(source.artist(), u"Night"_s));
+            });
+        })}};
     FakeClock mClock;
     SourceOutages mOutages{mClock};
     std::unique_ptr<HttpServer> mServer;

@@ -2,8 +2,8 @@
 
 #include "base/nextturn.h"
 #include "base/progress.h"
-#include "gathering/sourcecatalog.h"
 #include "support/httpserver.h"
+#include "support/samplesource.h"
 #include "support/table.h"
 
 #include <QSignalSpy>
@@ -13,24 +13,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A source of whatever a test wants fetched; it keeps what it got.
-class SampleSource : public WebDBInterface {
+class KeepingSource : public SampleSource {
 public:
-    using Step = std::function<void(SampleSource &)>;
+    using Step = std::function<void(KeepingSource &)>;
 
-    SampleSource(HVHTTPQueue &queue, Step start, const QVariantMap &definition = {})
-        : WebDBInterface(SiteDefinition(definition), queue)
-        , mStart(std::move(start))
+    KeepingSource(HVHTTPQueue &queue, const Step &start, const QVariantMap &definition = {})
+        : SampleSource(SiteDefinition(definition), queue, [this, start](auto &) { start(*this); })
     {
     }
-
-    using WebDBInterface::addAlbum;
-    using WebDBInterface::addPlaceholderSearch;
-    using WebDBInterface::finishedSearch;
-    using WebDBInterface::jsonPage;
-    using WebDBInterface::postSearch;
-    using WebDBInterface::usablePage;
-
-    [[nodiscard]] QString className() const override { return u"SampleSource"_s; }
 
     void fetch(const QUrl &url, QueueEnd at = QueueEnd::Back) { addSearchURL(url, handler(), at); }
 
@@ -45,12 +35,6 @@ public:
 
     QList<FetchResult> got;
     Step onResult;
-
-protected:
-    void startSearch() override { mStart(*this); }
-
-private:
-    Step mStart;
 };
 
 void spinEvents()
@@ -76,26 +60,22 @@ private Q_SLOTS:
 
     void completionIsReportedOnce_data()
     {
-        using Step = SampleSource::Step;
-        const Table<Step, Step, int> table("start", "onResult", "results");
-        const auto row = [&](const char *name, int results, Step start, Step onResult = {}) {
-            table(name, start, onResult, results);
-        };
+        using Step = KeepingSource::Step;
+        const Table<int, Step, Step> row("results", "start", "onResult");
         const auto url = [this](const char *path) { return mServer->url(QLatin1String(path)); };
-        const SampleSource::Step fetchA = [url](auto &source) { source.fetch(url("/a")); };
+        const KeepingSource::Step fetchA = [url](auto &source) { source.fetch(url("/a")); };
         row("nothing to fetch", 0, [](auto &) {});
         row("no URL", 0, [](auto &source) { source.fetch(QUrl()); });
         row("a page without data", 1, [url](auto &source) { source.fetch(url("/empty")); });
         row("a failed fetch", 1, [url](auto &source) { source.fetch(url("/reset")); });
         row("an address that is never fetched", 1,
             [](auto &source) { source.fetch(QUrl(u"file:///etc/passwd"_s)); });
-        row("a page that leads to another", 2, fetchA,
-            [url](auto &source) { source.fetch(url("/b")); });
+        row("a page leads to another", 2, fetchA, [url](auto &source) { source.fetch(url("/b")); });
         row("cancelled at once", 0, [url](auto &source) {
             source.fetch(url("/a"));
             source.cancelSearch();
         });
-        row("cancelled by a page, which queues another", 1, fetchA, [url](auto &source) {
+        row("cancelled by a page that goes on", 1, fetchA, [url](auto &source) {
             source.cancelSearch();
             source.fetch(url("/b"));
             QVERIFY(!source.postSearch(url("/b"), "x=y", source.handler()));
@@ -106,16 +86,16 @@ private Q_SLOTS:
         });
         row("an empty form", 0,
             [url](auto &source) { QVERIFY(!source.postSearch(url("/a"), {}, source.handler())); });
-        row("a wait for something else", 0, [url](auto &source) {
+        row("another wait", 0, [url](auto &source) {
             source.addPlaceholderSearch(url("/waiting"));
             onNextTurn(&source, [&source, url] { source.finishedSearch(url("/waiting")); });
         });
     }
     void completionIsReportedOnce()
     {
-        QFETCH(SampleSource::Step, start);
-        QFETCH(SampleSource::Step, onResult);
-        SampleSource source(*mQueue, start);
+        QFETCH(KeepingSource::Step, start);
+        QFETCH(KeepingSource::Step, onResult);
+        KeepingSource source(*mQueue, start);
         source.onResult = onResult;
         complete(source);
         QTEST(int(source.got.size()), "results");
@@ -123,39 +103,32 @@ private Q_SLOTS:
 
     void sameURLIsFetchedOnce()
     {
-        SampleSource source(*mQueue, fetching({u"/a"_s, u"/a"_s}));
+        KeepingSource source(*mQueue, fetching({u"/a"_s, u"/a"_s}));
         complete(source);
         QCOMPARE(source.totalSearches(), 1);
         QCOMPARE(mServer->paths(), QStringList{u"/a"_s});
-        QVERIFY(source.description().endsWith(
-            u" artist='(null)' song='(null)' album='(null)' gathered=0>"_s));
     }
 
-    void numberOfFetchesAtATime_data()
-    {
-        const Table<QVariantMap, int> row("definition", "atATime");
-        row("zero means eight", {{u"simulConns"_s, u"0"_s}}, 8);
-        row("two", {{u"simulConns"_s, 2}}, 2);
-    }
     void numberOfFetchesAtATime()
     {
-        QFETCH(QVariantMap, definition);
-        QFETCH(int, atATime);
-        mQueue->setSimultaneousConnections(100);
-        SampleSource source(*mQueue, fetching(u"/a /b /c /d /e /f /g /h /i /j"_s.split(u' ')),
-                            definition);
-        mServer->hold();
-        source.beginSearch();
-        QTRY_COMPARE(mServer->requests().size(), atATime);
-        mServer->release();
-        QTRY_COMPARE(source.got.size(), source.totalSearches());
+        for (const auto &[given, atATime] : {std::pair<QVariant, int>{u"0"_s, 8}, {2, 2}}) {
+            init();
+            mQueue->setSimultaneousConnections(100);
+            KeepingSource source(*mQueue, fetching(u"/a /b /c /d /e /f /g /h /i /j"_s.split(u' ')),
+                                 {{u"simulConns"_s, given}});
+            mServer->hold();
+            source.beginSearch();
+            QTRY_COMPARE(mServer->requests().size(), atATime);
+            mServer->release();
+            QTRY_COMPARE(source.got.size(), source.totalSearches());
+        }
     }
 
     void barMeasuresFromTheSixthSearchOn()
     {
         Progress bar;
         bar.setIndeterminate(true);
-        SampleSource source(*mQueue, [this, &bar](auto &self) {
+        KeepingSource source(*mQueue, [this, &bar](auto &self) {
             fetching({u"/a"_s, u"/b"_s, u"/c"_s, u"/d"_s})(self);
             self.addPlaceholderSearch(QUrl(u"wait:"_s));
             QVERIFY(bar.isIndeterminate());
@@ -172,8 +145,8 @@ private Q_SLOTS:
 
     void cancelStartsNothingNewAndCallsNoMethod()
     {
-        SampleSource cancelled(*mQueue, fetching({u"/a"_s, u"/b"_s}), {{u"simulConns"_s, 1}});
-        SampleSource other(*mQueue, fetching({u"/a"_s}));
+        KeepingSource cancelled(*mQueue, fetching({u"/a"_s, u"/b"_s}), {{u"simulConns"_s, 1}});
+        KeepingSource other(*mQueue, fetching({u"/a"_s}));
         QSignalSpy complete(&cancelled, &WebDBInterface::searchComplete);
         QSignalSpy otherComplete(&other, &WebDBInterface::searchComplete);
         mServer->hold();
@@ -199,7 +172,7 @@ private Q_SLOTS:
             const int before = int(mServer->requests().size());
             mServer->serve(path, {.body = QByteArray(length, '\xE9')});
             for (int search = 0; search < 2; ++search) {
-                SampleSource source(*mQueue, fetching({path}));
+                KeepingSource source(*mQueue, fetching({path}));
                 complete(source);
                 QCOMPARE(source.usablePage(source.got.value(0)).value_or(QString()),
                          isUsable ? QString(length, u'é') : QString());
@@ -229,7 +202,7 @@ private Q_SLOTS:
         mServer->serve(path, {.status = status, .body = body});
         const auto before = mServer->requests().size();
         for (int search = 0; search < 2; ++search) {
-            SampleSource source(*mQueue, fetching({path}));
+            KeepingSource source(*mQueue, fetching({path}));
             complete(source);
             QTEST(source.jsonPage(source.got.value(0)).has_value(), "isUsable");
             QTEST(!source.wasUnanswered(), "isAnswered");
@@ -241,7 +214,7 @@ private Q_SLOTS:
     {
         const QVariantMap definition{{u"minInterval"_s, 1000},
                                      {u"queryPOST"_s, mServer->url(u"/"_s).toString()}};
-        SampleSource source(*mQueue, fetching({u"/a"_s, u"/b"_s}), definition);
+        KeepingSource source(*mQueue, fetching({u"/a"_s, u"/b"_s}), definition);
         source.beginSearch();
         QTRY_COMPARE(source.got.size(), 1);
         spinEvents();
@@ -250,7 +223,7 @@ private Q_SLOTS:
 
     void albumsCarryTheSourceAndEndAtTheMaximum()
     {
-        SampleSource source(*mQueue, [](auto &) {});
+        KeepingSource source(*mQueue, [](auto &) {});
         source.setMaxAlbums(2);
         for (const auto &name : {u"One"_s, u"Two"_s, u"Three"_s})
             source.addAlbum(AlbumInfo({}, name));
@@ -261,7 +234,7 @@ private Q_SLOTS:
 
     void searchesDoNotGoOnForEver()
     {
-        SampleSource source(*mQueue, [this](auto &self) {
+        KeepingSource source(*mQueue, [this](auto &self) {
             for (int i = 0; i < 5000; ++i)
                 self.fetch(mServer->url(u"/%1"_s.arg(i)));
             self.cancelSearch();
@@ -282,7 +255,7 @@ private Q_SLOTS:
 private:
     /// Runs a search to its end and verifies that it says so once, and not before beginSearch() is
     /// back.
-    void complete(SampleSource &source)
+    void complete(KeepingSource &source)
     {
         QSignalSpy complete(&source, &WebDBInterface::searchComplete);
         source.beginSearch();
@@ -292,9 +265,9 @@ private:
         QCOMPARE(complete.size(), 1);
     }
 
-    SampleSource::Step fetching(const QStringList &paths)
+    KeepingSource::Step fetching(const QStringList &paths)
     {
-        return [this, paths](SampleSource &source) {
+        return [this, paths](KeepingSource &source) {
             for (const QString &path : paths)
                 source.fetch(mServer->url(path));
         };

@@ -1,49 +1,40 @@
 #include "support/testsource.h"
 
-#include "gathering/webdbinterface.h"
+#include "support/samplesource.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class TestInterface : public WebDBInterface {
-public:
-    using WebDBInterface::WebDBInterface;
-    [[nodiscard]] QString className() const override { return u"TestInterface"_s; }
-
-protected:
-    void startSearch() override
-    {
-        if (resources().holds({u"hangs"_s}))
-            return addPlaceholderSearch(QUrl(u"never:ends"_s));
-        addSearchURL(QUrl(resources().textOrEmpty(u"query"_s) + songTitle().value_or(QString())),
-                     [this](const FetchResult &result) { gotAlbums(result); });
+void gotAlbums(SampleSource &source, const FetchResult &result)
+{
+    for (const QString &line : QString::fromUtf8(result.data).split(u'\n')) {
+        const QStringList fields = line.split(u';');
+        if (fields.size() < 2)
+            continue;
+        AlbumInfo album(source.artist(), fields[0]);
+        album.setYear(fields[1]);
+        if (fields.size() > 2)
+            album.setArtURLString(fields[2]);
+        source.addAlbum(album);
     }
+}
 
-private:
-    void gotAlbums(const FetchResult &result)
-    {
-        for (const QString &line : QString::fromUtf8(result.data).split(u'\n')) {
-            const QStringList fields = line.split(u';');
-            if (fields.size() < 2)
-                continue;
-            AlbumInfo album(artist(), fields[0]);
-            album.setYear(fields[1]);
-            if (fields.size() > 2)
-                album.setArtURLString(fields[2]);
-            addAlbum(album);
-        }
-    }
-};
+void search(SampleSource &source)
+{
+    if (source.resources().holds({u"hangs"_s}))
+        return source.addPlaceholderSearch(QUrl(u"never:ends"_s));
+    const QString query = source.resources().textOrEmpty(u"query"_s);
+    source.addSearchURL(QUrl(query + source.songTitle().value_or(QString())),
+                        [&source](const FetchResult &result) { gotAlbums(source, result); });
+}
 
 } // namespace
 
 SourceCatalog testSources()
 {
-    return SourceCatalog({{u"TestInterface"_s, AssetAlbumName | AssetYear | AssetArtwork,
-                           [](SiteDefinition definition, HVHTTPQueue &queue) {
-                               return std::make_unique<TestInterface>(std::move(definition), queue);
-                           }}});
+    return SourceCatalog({SampleSource::entry(u"TestInterface"_s,
+                                              AssetAlbumName | AssetYear | AssetArtwork, search)});
 }
 
 SiteDefinitions testDefinitions(const QVariantMap &source)
