@@ -1,6 +1,5 @@
 #include "sources/cduniverseinterface.h"
 
-#include "sources/cduniversepage.h"
 #include "support/sourcesearch.h"
 #include "support/table.h"
 
@@ -33,11 +32,13 @@ QByteArray album(const QByteArray &artist, const QByteArray &title, const QByteA
         + artist + "</h2>" + rest;
 }
 
-const QByteArray knownName = R"(<font color="#006699" size="3"><b><i>Salt</i> & Iron - Import</b>)";
-const QByteArray knownArtist = R"(<a href="/sresult.asp?x=1">Oster, The </a>)";
-const QByteArray knownMarkup = knownName
-    + QByteArray(knownArtist).replace("Oster, The", "Nila Oster")
-    + R"(<td class="track1">Low Tide / Nila Oster</td>)";
+const QByteArray knownMarkup =
+    R"(<font color="#006699" size="3"><b><i>Salt</i> & Iron - Import</b>)"
+    R"(<a href="/sresult.asp?x=1">Nila Oster </a>Orig Year: </td><td>May 1987 (1971)</td>)"
+    R"(Street Date: </td><td>1999</td>Category: </td><td>Folk / Rock</td>)"
+    R"(<td class="track1">Low Tide / Nila Oster</td>)"
+    R"(<table cellPadding=0 cellSpacing=0><tr><td><table cellspacing="0" cellpadding="0" )"
+    R"(align=left border=0><tr><td><img src="/a.jpg">)";
 
 const Song compilation{.isCompilation = true};
 const Song substrings{.alternateArtist = u"Oster Nila"_s, .substrings = Substrings::Allow};
@@ -50,12 +51,8 @@ class TestCDUniverseInterface : public QObject {
 private Q_SLOTS:
     void searches_data()
     {
-        const Table<Song, QVariantMap, HttpAnswer, QStringList> table("song", "changes", "results",
-                                                                      "albums");
-        const auto add = [&](const char *name, const Song &song, const HttpAnswer &results,
-                             const QStringList &albums, const QVariantMap &changes = {}) {
-            table(name, song, changes, results, albums);
-        };
+        const Table<Song, HttpAnswer, QStringList, QVariantMap> add("song", "results", "albums",
+                                                                    "changes");
         const QString salt = u"Salt & Iron"_s;
         const QString trio = u"Salt & Iron Live"_s;
         const QString other = u"Iron"_s;
@@ -69,29 +66,17 @@ private Q_SLOTS:
         add("parts of titles and artists where substrings are allowed", substrings,
             artistPage("The Nila Oster Trio", one + two + three), {salt, trio});
         add("page of another artist", {}, artistPage("Someone Else", one), {});
-        add("page whose heading is empty matches nothing", substrings, artistPage(" ", one), {});
-        add("title without letters matches no empty name", {.album = u"?"_s},
-            artistPage("Nila Oster", linked("album/1", "")), {});
-        add("compilation: the heading is the title", compilation,
-            artistPage("Salt &amp; Iron", one), {salt});
-        add("compilation: part of the title is not enough", compilation,
-            artistPage("Salt &amp; Iron Live", one), {});
+        add("compilation: heading is title", compilation, artistPage("Salt &amp; Iron", one),
+            {salt});
         add("compilation: unless substrings are allowed",
             {.substrings = Substrings::Allow, .isCompilation = true},
             artistPage("Salt &amp; Iron Live", one + three), {salt, other});
-        add("the right one of several artists", {},
-            artists(linked("artist/2", "Someone Else") + good), {salt});
+        add("one of several artists", {}, artists(linked("artist/2", "Someone Else") + good),
+            {salt});
         add("compilation: artists are followed without a test", compilation,
             artists(linked("artist/3", "Somebody")), {salt});
         add("artists in a circle", {}, artists(good + linked("artist/loop", "Nila Oster")), {salt});
-        add("query without minor words", {.artist = u"The Nila Oster"_s},
-            artistPage("Nila Oster", one), {salt});
         add("no artist", {.artist = {}}, artistPage("Nila Oster", one), {});
-        add("broken pages among the albums", {},
-            artistPage("Nila Oster",
-                       linked("album/short", "Salt") + linked("album/gone", "Salt")
-                           + linked("album/reset", "Salt") + linked("album/garbage", "Salt") + one),
-            {salt});
         add("links to other hosts are not followed", {},
             artistPage("Nila Oster", linked("album/1", "Salt")), {},
             {{u"rootURLPrefix"_s, u"http://localhost:1"_s}});
@@ -102,13 +87,6 @@ private Q_SLOTS:
                                 {u"textEnd"_s, u"</a>"_s}};
         add("cells that begin with the link itself", substrings, artistPage("Nila Oster", one),
             {salt}, {{u"albumListParse"_s, cells}});
-        add("the same with an attribute behind the link", substrings,
-            artistPage("Nila Oster", linked("album/1\" class=\"x", "Salt &amp; Iron")), {salt},
-            {{u"albumListParse"_s, cells}});
-        add("no list", {}, {.body = QByteArray(200, ' ')}, {});
-        add("list without an end", {}, {.body = artists(good).body.chopped(12)}, {});
-        add("empty", {}, {}, {});
-        add("reset", {}, {.then = HttpAnswer::Then::Reset}, {});
         for (const char *key : {"queryArtistName", "artistBegin", "albumBegin", "albumEnd",
                                 "albumListParse", "parseAlbumArtist", "parseAlbumTitle"})
             add(key, {}, artistPage("Nila Oster", one), {}, {{QString::fromLatin1(key), {}}});
@@ -118,11 +96,7 @@ private Q_SLOTS:
         QFETCH(Song, song);
         QFETCH(QVariantMap, changes);
         QFETCH(HttpAnswer, results);
-        QStringList names;
-        const AlbumList albums = search(song, changes, results);
-        for (const AlbumInfo &album : albums)
-            names << album.name().value_or(QString());
-        QTEST(names, "albums");
+        QTEST(namesOf(search(song, changes, results)), "albums");
     }
 
     void albumPages_data()
@@ -134,22 +108,13 @@ private Q_SLOTS:
         };
         row("names without brackets and CD",
             album("Nila Oster (2) [DE]", "Salt (Live) [Import] CD"), u"Nila Oster|Salt|-|-|-|-"_s);
-        row("CD without a blank stays", album("Nila Oster", "SaltCD"),
-            u"Nila Oster|SaltCD|-|-|-|-"_s);
         row("title of nothing but parentheses", album("Nila Oster", "(Untitled)"), {});
-        row("title of nothing but a reference to a blank", album("Nila Oster", "&nbsp;"), {});
         row("another artist", album("Nila Oster Trio", "Salt"), {});
         add("genre and first year",
             "<tr class=\"genre\"><td>Genre</td><td>Folk / Rock</td></tr>"
             "<tr class=\"first\"><td>First</td><td>1987</td></tr>"
             "<tr class=\"released\"><td>Released</td><td>2004</td></tr>",
             u"1987|Folk/Rock|-|-"_s);
-        add("second markers",
-            "<tr class=\"style\"><td>Style</td><td>Folk</td></tr>"
-            "<tr class=\"released\"><td>Released</td><td>May 2004 (1987)!</td></tr>",
-            u"1987|Folk|-|-"_s);
-        add("too early for a year", "<tr class=\"first\"><td>First</td><td>in 1700</td></tr>",
-            u"-|-|-|-"_s);
         add("artist behind the last delimiter of a title",
             "<td class=\"track1\"><b>One / Nila Oster</b><td class=\"track2\">Two / Someone<"
             "td class=\"track3\">A / B / NILA OSTER<td class=\"track4\">D - Nila Oster<",
@@ -159,11 +124,8 @@ private Q_SLOTS:
             u"-|-|One|-"_s);
         add("picture of the site", "<div class=\"cover\"><IMG alt=\"\" SRC=\"c/1.jpg\"></DIV>",
             u"-|-|-|%1c/1.jpg"_s);
-        add("no source between the markers", "<div class=\"cover\"></div><img src=\"c\">",
-            u"-|-|-|-"_s);
         // Looking for each number from the front again would take minutes here.
-        add("endless page of one marker", QByteArray("<td class=\"track1\">").repeated(1'500'000),
-            u"-|-|-|-"_s);
+        add("endless page", QByteArray("<td class=\"track1\">").repeated(1'500'000), u"-|-|-|-"_s);
     }
     void albumPages()
     {
@@ -176,42 +138,12 @@ private Q_SLOTS:
         QCOMPARE(shown(albums).join(u'\n'), album);
     }
 
-    void pagesInTheKnownMarkup_data()
-    {
-        const Table<QByteArray, QString> row("page", "album");
-        const QByteArray &name = knownName;
-        const QByteArray &artist = knownArtist;
-        const QByteArray year =
-            "Orig Year: </td><td>May 1987 (1971)</td>Street Date: </td><td>1999</td>";
-        const QByteArray picture =
-            R"(<table cellPadding=0 cellSpacing=0><tr><td><table cellspacing="0" cellpadding="0" )"
-            R"(align=left border=0><tr><td><img src="/a.jpg">)";
-        row("all of it", name + artist + year + "Category: </td><td>Folk / Rock</td>" + picture,
-            u"The Oster|Salt & Iron|1971|Folk/Rock|-|/a.jpg"_s);
-        row("artist in front of the name", artist + name, u"-|Salt & Iron|-|-|-|-"_s);
-        row("no heading, no artist", artist, u"-|-|-|-|-|-"_s);
-        row("heading without an end", name.chopped(4) + artist, u"-|-|-|-|-|-"_s);
-        row("street date where the year says nothing",
-            "Orig Year: </td><td>1700 BC</td>Street Date: </td><td>3 May 1999</td>",
-            u"-|-|1999|-|-|-"_s);
-        row("picture that stands for none", picture + "<img src=\"default_coverart.gif\">",
-            u"-|-|-|-|-|-"_s);
-        row("markers in another case", name.toUpper() + artist, u"-|-|-|-|-|-"_s);
-        row("empty", "", u"-|-|-|-|-|-"_s);
-    }
-    void pagesInTheKnownMarkup()
-    {
-        QFETCH(QByteArray, page);
-        QTEST(shown(albumWithCDUniverseHTMLData(page).value()), "album");
-        QVERIFY(!albumWithCDUniverseHTMLData({}));
-    }
-
     void knownMarkupIsReadWhereTheDefinitionSaysSo()
     {
         const HttpAnswer list = artistPage("Nila Oster", linked("album/known", "Salt &amp; Iron"));
         QCOMPARE(search({}, {}, list).size(), 0);
         QCOMPARE(shown(search({}, {{u"ownMarkers"_s, 1}}, list)),
-                 QStringList{u"Nila Oster|Salt & Iron|-|-|Low Tide|-"_s});
+                 QStringList{u"Nila Oster|Salt & Iron|1971|Folk/Rock|Low Tide|/a.jpg"_s});
     }
 
 private:
@@ -231,19 +163,15 @@ private:
         server.serve(u"/album/3"_s, {.body = album("Someone", "Iron")});
         server.serve(u"/album/known"_s, {.body = knownMarkup + QByteArray(100, ' ')});
         server.serve(u"/album/page"_s, {.body = page});
-        server.serve(u"/album/short"_s, {.body = album("Nila Oster", "X").last(99)});
-        server.serve(u"/album/reset"_s, {.then = HttpAnswer::Then::Reset});
-        server.serve(u"/album/garbage"_s, {.body = QByteArray(5000, '\xFF')});
         server.serve(u"/artists?name=Nila%20Oster"_s, results);
         server.serve(u"/albums?title=Salt%20%20Iron"_s, results);
-        QVariantMap definition = mScene->definition(u"CDUniverseInterface"_s,
-                                                    {{u"queryArtistName"_s, u"artists?name=%@"_s},
-                                                     {u"queryAlbumTitle"_s, u"albums?title=%@"_s},
-                                                     {u"multiURLPrefix"_s, {}},
-                                                     {u"rootURLPrefix"_s, {}}});
-        for (const auto &[key, value] : changes.asKeyValueRange())
-            value.isValid() ? static_cast<void>(definition[key] = value)
-                            : static_cast<void>(definition.remove(key));
+        const QVariantMap definition =
+            mScene->definition(u"CDUniverseInterface"_s,
+                               {{u"queryArtistName"_s, u"artists?name=%@"_s},
+                                {u"queryAlbumTitle"_s, u"albums?title=%@"_s},
+                                {u"multiURLPrefix"_s, {}},
+                                {u"rootURLPrefix"_s, {}}},
+                               changes);
         return mScene->search<CDUniverseInterface>(song, definition);
     }
 

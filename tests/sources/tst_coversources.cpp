@@ -81,27 +81,19 @@ private Q_SLOTS:
             rowsPage("{t}|Various|/1\n{t}|(Soundtrack)|/2\n"
                      "{t}|Various Artists|/3\n{t} Two|various|/4\nVarious|{t}|/5");
         const Song substrings{.substrings = Substrings::Allow};
-        best("one name begins with the other", {.alternateArtist = u"Oster Nila"_s}, artists,
-             u"/1 /2 /4"_s);
+        best("one name begins so", {.alternateArtist = u"Oster Nila"_s}, artists, u"/1 /2 /4"_s);
         best("one name contains the other", substrings, artists, u"/1 /2 /3"_s);
         best("titles are equal", {}, titles, {});
         best("one title contains the other", substrings, titles, u"/1"_s);
         best("compilation has its title first", {.isCompilation = true}, compilations, u"/1 /2"_s);
         best("compilation whose title is contained",
              {.substrings = Substrings::Allow, .isCompilation = true}, compilations, u"/1 /2 /4"_s);
-        best("empty artist matches nothing", {.artist = QString()}, artists, {});
-        best("character references of a row are no characters", {},
-             rowsPage("{s}|Salt &amp; Iron|/1"), {});
+        best("references of a row are no characters", {}, rowsPage("{s}|Salt &amp; Iron|/1"), {});
         best("links empty, to elsewhere, without an end, and none at all", {},
              rowsPage(
                  "{s}|{t}|\n{s}|{t}|@elsewhere.example/\n{s}|{t}</td></tr><tr><td>{s}</td><td>{t}"
                  "</td><td><a href=\"/1></td></tr><tr><td>{s}</td><td>{t}|/2"),
              u"/2"_s);
-        best("huge row of nothing but cells", {},
-             rowsPage("|" + QByteArray("</td><td>").repeated(1'000'000) + "|"), {});
-        best("rows without end: the most albums are taken", {},
-             rowsPage(QByteArray("{s}|{t}|/1\n").repeated(20'000) + "||"),
-             QStringList(50, u"/1"_s).join(u' '));
 
         const auto kingdom = [&](const char *name, const HttpAnswer &index, const QString &pictures,
                                  const Song &song = {}) {
@@ -125,8 +117,6 @@ private Q_SLOTS:
                 listsPage("|{s} - {t}\ns|\ns|{s} - {t}\ns", "0|f\n1|f\n2|\n3|f",
                           "scan([2],\"b\",\"Back\");scan([2], \"f\",\"Front\");"),
                 {});
-        kingdom("empty title matches nothing", listsPage("s|&", "0|f"), {},
-                {.album = QString(), .isCompilation = true});
         kingdom("scans without end of an endless album",
                 listsPage("s|" + QByteArray(2'000'000, 'x'),
                           QByteArray("0|f\n").repeated(50'000) + "0|f"),
@@ -138,9 +128,7 @@ private Q_SLOTS:
             const QList<std::tuple<QString, Song, HttpAnswer>> failures{
                 {u"no artist"_s, {.artist = {}}, good},
                 {u"no album"_s, {.album = {}}, good},
-                {u"no list"_s, {}, {.body = QByteArray(200, ' ')}},
-                {u"garbage"_s, {}, {.body = QByteArray(5000, '\xFF')}},
-                {u"reset"_s, {}, {.then = HttpAnswer::Then::Reset}}};
+                {u"garbage"_s, {}, {.body = QByteArray(5000, '\xFF')}}};
             for (const auto &[what, song, index] : failures)
                 row(qPrintable(source + u' ' + what), source, song, {}, index, {});
             for (const char *key :

@@ -1,8 +1,8 @@
 #include "sources/googleimageinterface.h"
-
+#include "sources/thumbnailconsensus.h"
+#include "support/cases.h"
 #include "support/songs.h"
 #include "support/sourcesearch.h"
-#include "support/table.h"
 
 #include <QSignalSpy>
 
@@ -54,6 +54,16 @@ QByteArray inHTML(const QByteArray &names)
     return "<table class=\"pictures\">" + rows(row, names) + "</table>";
 }
 
+constexpr int step = 32 * 32 * 3;
+
+/// Grey all over, as light as the letter's code; two letters differ by a step for each between.
+ShrunkenBitmap grey(char letter)
+{
+    ShrunkenBitmap bitmap;
+    bitmap.fill(quint8(letter));
+    return bitmap;
+}
+
 } // namespace
 
 class TestGoogleImageInterface : public QObject {
@@ -73,9 +83,7 @@ private Q_SLOTS:
         const QByteArray four = inScript("abcd");
         const QByteArray five = inScript("abcde");
         add("the widest look-alike, never the candidate", four, u"c!"_s);
-        add("several fetches at a time", four, u"c!"_s, {{u"simulConns"_s, 8}});
         add("in plain HTML", inHTML("abcd"), u"c!"_s);
-        add("three rows of a script are read", inScript("abz") + inHTML("abcd"), {});
         add("two rows of a script are not", inScript("az") + inHTML("abcd"), u"c!"_s);
         add("thumbnails that fail or do not decode are absent", inScript("zabcydx"), u"c!"_s);
         add("three thumbnails are too few", inScript("abczy"), {});
@@ -87,24 +95,17 @@ private Q_SLOTS:
             add(name, five, u"cd!"_s, {}, {{'c', answer}});
         };
         addUnusable("picture typed as a page", {.type = "text/html", .body = good});
-        addUnusable("damaged picture", image(good.chopped(300)));
         addUnusable("picture that is gone", {.status = 404, .type = "image/png"});
-        addUnusable("reset instead of the picture", {.then = HttpAnswer::Then::Reset});
         add("not large enough", five, u"cd!"_s, {}, {}, 400);
-        add("just large enough", four, u"c!"_s, {}, {{'c', image(400)}}, 400);
         add("a choice needs four that are left", four, u"c"_s, {}, {}, 400);
-        add("none is usable", five, u"cd"_s, {}, {{'c', {}}, {'d', {}}});
 
         add("number beyond the pieces", four, {}, {{u"scriptChunkOrder"_s, u"1,?q=,2,:,30"_s}});
-        add("negative number", four, {}, {{u"scriptChunkOrder"_s, u"1,?q=,2,:,-3"_s}});
         add("prefix of addresses in HTML", inHTML("abcd").replace("http://", ""), u"c!"_s,
             {{u"htmlPrefix"_s, u"http://"_s}});
         add("one delimiter alone", inHTML("abcd"), {}, {{u"htmlDelimiters"_s, u"src="_s}});
         for (const char *key : {"queryArtistAndAlbum", "similarThreshold", "scriptChunkOrder"})
             add(key, four, {}, {{QString::fromLatin1(key), {}}});
         add("script without an end", QByteArray(four).replace("</script>", ""), {});
-        add("garbage", QByteArray(5000, '\xFF'), {});
-        add("empty", {}, {});
     }
     void choosesAndFetches()
     {
@@ -124,54 +125,86 @@ private Q_SLOTS:
         QTEST(tried, "tried");
     }
 
-    void searchesFor_data()
-    {
-        const Table<Song, QString> row("song", "query");
-        row("artist and album", {.artist = u"Señora Malva"_s, .album = u"Salt & Iron"_s},
-            u"Senora+Malva+Salt+Iron"_s);
-        row("no artist", {.artist = {}}, {});
-        row("no album", {.album = QString()}, {});
-        row("self-titled", {.artist = u"The Oster"_s, .album = u"oster!"_s}, {});
-        row("compilation", {.album = u"Hits of the Sixties"_s, .isCompilation = true}, {});
-        row("compilation with 13 characters that say something",
-            {.artist = {}, .album = u"Hits of the Sixties!"_s, .isCompilation = true},
-            u"Hits+of+the+Sixties!"_s);
-    }
     void searchesFor()
     {
-        QFETCH(Song, song);
-        QFETCH(QString, query);
-        serve({});
-        QVERIFY(mScene->search<GoogleImageInterface>(song, definition()).isEmpty());
-        QCOMPARE(mScene->server.paths(),
-                 query.isEmpty() ? QStringList() : QStringList(u"/search?q="_s + query));
+        const auto query = [this](const Song &song) {
+            serve({});
+            static_cast<void>(mScene->search<GoogleImageInterface>(song, definition()));
+            return mScene->server.paths().join(u' ').remove(u"/search?q="_s);
+        };
+        QCOMPARE(query({.artist = u"Señora Malva"_s, .album = u"Salt & Iron"_s}),
+                 u"Senora+Malva+Salt+Iron"_s);
+        QCOMPARE(query({.artist = {}}), QString());
+        QVERIFY2(query({.artist = u"The Oster"_s, .album = u"oster!"_s}).isEmpty(), "self-titled");
+        // Of a compilation's title 13 characters must say something.
+        QCOMPARE(query({.album = u"Hits of the Sixties"_s, .isCompilation = true}), QString());
+        QCOMPARE(query({.artist = {}, .album = u"Hits of the Sixties!"_s, .isCompilation = true}),
+                 u"Hits+of+the+Sixties!"_s);
     }
 
     /// Searches count when they begin, decoding included.
-    void endsInEachPhase_data()
-    {
-        const Table<int> row("searches");
-        row("while the page loads", 1);
-        row("while the thumbnails load", 5);
-        row("while the last thumbnail is decoded", 9);
-        row("while the picture loads", 10);
-        row("while the picture is decoded", 11);
-    }
     void endsInEachPhase()
     {
-        QFETCH(int, searches);
-        serve(inScript("abcd"), {{'c', image(plainPicture(2000, 2000))}});
-        GoogleImageInterface source(SiteDefinition(definition()), mScene->queue);
-        source.setArtist(u"Nila Oster"_s);
-        source.setAlbumTitle(u"Salt & Iron"_s);
-        QSignalSpy complete(&source, &WebDBInterface::searchComplete);
-        source.beginSearch();
-        while (source.totalSearches() < searches)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        source.cancelSearch();
-        QTRY_COMPARE(complete.size(), 1);
-        QVERIFY(source.albums().isEmpty());
-        QVERIFY(picturesAskedFor().isEmpty() || searches >= 10);
+        // While the page, the thumbnails load, the last of them is decoded, the picture loads, is
+        // decoded.
+        for (const int searches : {1, 5, 9, 10, 11}) {
+            serve(inScript("abcd"), {{'c', image(plainPicture(2000, 2000))}});
+            GoogleImageInterface source(SiteDefinition(definition()), mScene->queue);
+            source.setArtist(u"Nila Oster"_s);
+            source.setAlbumTitle(u"Salt & Iron"_s);
+            QSignalSpy complete(&source, &WebDBInterface::searchComplete);
+            source.beginSearch();
+            while (source.totalSearches() < searches)
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            source.cancelSearch();
+            QTRY_COMPARE(complete.size(), 1);
+            QVERIFY(source.albums().isEmpty());
+            QVERIFY(picturesAskedFor().isEmpty() || searches >= 10);
+        }
+    }
+
+    void pictureFillsTheSquareOnBlack()
+    {
+        QImage wide(2, 1, QImage::Format_ARGB32);
+        wide.setPixelColor(0, 0, QColor(200, 200, 200, 0));
+        wide.setPixelColor(1, 0, QColor(255, 0, 100));
+        const ShrunkenBitmap bitmap = shrunkenBitmap(wide);
+        for (std::size_t row = 0; row < 32; ++row) {
+            const auto pixel = [&](std::size_t column) {
+                const auto *bytes = &bitmap[(row * 32 + column) * 3];
+                return QColor(bytes[0], bytes[1], bytes[2]);
+            };
+            QCOMPARE(pixel(0), QColor(0, 0, 0));
+            QCOMPARE(pixel(31), QColor(255, 0, 100));
+        }
+    }
+
+    void damagedAndHugeThumbnailsAreNone()
+    {
+        const QByteArray good = plainPicture(2000, 2000);
+        QCOMPARE(thumbnailOf(good).value().width, 2000);
+        for (const QByteArray &picture :
+             {{}, good.chopped(good.size() / 2), plainPicture(2001, 2000)})
+            QVERIFY(!thumbnailOf(picture));
+    }
+
+    /// A letter is a thumbnail: four between two are alike, five are not. Addresses are 1, 2, 3...
+    void chooses_data()
+    {
+        const Table<QByteArray, QByteArray, QString, QString> row("greys", "widths", "address",
+                                                                  "unlike");
+        addCases(row, "thumbnailchoices");
+    }
+    void chooses()
+    {
+        QFETCH(QByteArray, greys);
+        QFETCH(QByteArray, widths);
+        Thumbnails images;
+        for (qsizetype i = 0; i < greys.size(); ++i)
+            images[QChar(u'1' + char16_t(i))] = {grey(greys[i]), i < widths.size() ? widths[i] : 1};
+        const auto choice = chooseThumbnail(images, 5 * step);
+        QTEST(choice ? choice->address : u"-"_s, "address");
+        QTEST(choice ? choice->unlike.join(QString()) : QString(), "unlike");
     }
 
 private:
@@ -194,11 +227,8 @@ private:
 
     [[nodiscard]] QVariantMap definition(const QVariantMap &changes = {}) const
     {
-        QVariantMap values = mScene->definition(u"GoogleImageInterface"_s,
-                                                {{u"queryArtistAndAlbum"_s, u"search?q=%@"_s}});
-        values.insert(changes);
-        values.removeIf([](const auto &entry) { return !entry.value().isValid(); });
-        return values;
+        return mScene->definition(u"GoogleImageInterface"_s,
+                                  {{u"queryArtistAndAlbum"_s, u"search?q=%@"_s}}, changes);
     }
 
     [[nodiscard]] QString picturesAskedFor() const

@@ -40,12 +40,8 @@ class TestTowerInterface : public QObject {
 private Q_SLOTS:
     void searches_data()
     {
-        const Table<Song, QVariantMap, HttpAnswer, QStringList> table("song", "changes", "results",
-                                                                      "paths");
-        const auto add = [&](const char *name, const Song &song, const HttpAnswer &results,
-                             const QStringList &paths, const QVariantMap &changes = {}) {
-            table(name, song, changes, results, paths);
-        };
+        const Table<Song, HttpAnswer, QStringList, QVariantMap> add("song", "results", "paths",
+                                                                    "changes");
         const QString first = u"/search?for=Salt%20Iron"_s;
         const QByteArray rows = row("/1", "Nila Oster") + row("/2", "Nila Oster Trio")
             + row("/3", "The Oster Nila Duo") + row("/4", "Someone");
@@ -58,7 +54,6 @@ private Q_SLOTS:
         add("song title where no album is known", {.album = {}}, page(rows),
             {u"/songs?for=First%20Light"_s, u"/1"_s, u"/2"_s});
         add("no artist", {.artist = {}}, page(rows), {});
-        add("no titles", {.album = {}, .title = {}}, page(rows), {});
         add("rows without title, link or artist", {},
             page(row("/1", "Nila Oster").replace("<b class=\"title\">", "<b>") + row("/2", "")
                  + row("/3", "Nila Oster").replace("href", "name")
@@ -70,12 +65,7 @@ private Q_SLOTS:
              u"/4"_s});
         add("no further pages without their marker", {}, page(rows, {"2"}),
             {first, u"/1"_s, u"/2"_s}, {{u"albumPageListIndicator"_s, QString()}});
-        add("links to another host are not followed", {}, page(row("@localhost/1", "Nila Oster")),
-            {first});
-        add("no list", {}, {.body = QByteArray(200, ' ')}, {first});
-        add("list without an end", {}, {.body = page(rows).body.chopped(15)}, {first});
-        add("empty", {}, {}, {first});
-        add("garbage", {}, {.body = QByteArray(5000, '\xFF')}, {first});
+        add("links to other hosts are not", {}, page(row("@localhost/1", "Nila Oster")), {first});
         for (const char *key : {"baseURLPrefix", "albumLinkPrefix", "albumTitleAfter",
                                 "albumArtistAfter", "albumPageListIndicator", "parseAlbumList"})
             add(key, {}, page(rows), {first}, {{QString::fromLatin1(key), {}}});
@@ -104,8 +94,6 @@ private Q_SLOTS:
         add("genre behind its heading, year at once",
             "<p class=\"genre\"><b>Genre:</b> Folk</p><b>Released:</b> May 1987 / 2004 <br>",
             u"2004|Folk|-|-"_s);
-        add("second markers", "<p class=\"style\"><b>Style:</b> Folk</p><b>Reissued:</b> 2004<br>",
-            u"2004|Folk|-|-"_s);
         add("artist behind both delimiters",
             "<li id=\"track1\">One - Nila Oster<li id=\"track2\">Two - Nila Oster / Nila Oster"
             "<li id=\"track3\">Three / Nila Oster - Nila Oster<li id=\"track4\">Four - Someone<",
@@ -113,8 +101,6 @@ private Q_SLOTS:
         add("lines are broken anywhere in markers",
             "<img\r\n    class=\"cover\"  \r\n src=\"http://a.b/c.jpg\"><li\r\nid=\"track1\">One<",
             u"-|-|One|http://a.b/c.jpg"_s);
-        add("address of the picture without an end", "<img class=\"cover\" src=\"http://a.b/c",
-            u"-|-|-|-"_s);
     }
     void albumPages()
     {
@@ -133,13 +119,12 @@ private:
         server.serve(u"/songs?for=First%20Light"_s, results);
         server.serve(u"/Music/page/loop"_s, page(row("/4", "Nila Oster"), {"2", "3", "loop"}));
         server.serve(u"/page"_s, albumPage);
-        QVariantMap definition = mScene->definition(
+        QVariantMap all{{u"baseURLPrefix"_s, server.url({}).toString()}};
+        all.insert(changes);
+        const QVariantMap definition = mScene->definition(
             u"TowerInterface"_s,
-            {{u"queryAlbumName"_s, u"search?for=%@"_s}, {u"querySongName"_s, u"songs?for=%@"_s}});
-        definition[u"baseURLPrefix"_s] = server.url({}).toString();
-        for (const auto &[key, value] : changes.asKeyValueRange())
-            value.isValid() ? static_cast<void>(definition[key] = value)
-                            : static_cast<void>(definition.remove(key));
+            {{u"queryAlbumName"_s, u"search?for=%@"_s}, {u"querySongName"_s, u"songs?for=%@"_s}},
+            all);
         return mScene->search<TowerInterface>(song, definition);
     }
 
