@@ -4,49 +4,25 @@ the reissues and the best-of that stand beside them, and with what some of them 
 import dataclasses
 import unicodedata
 import uuid
+from pathlib import Path
 
 VARIOUS = "Various Artists"
 SONGS = 12
 
-#          artist (joined ones with " & "), album, year, genre (of the votes the best that fits)
-ALBUMS = (
-    ("Nila Oster", "Salt and Iron", 2007, "Folk"),
-    ("The Lanterns", "Paper Moons", 1987, "Rock"),
-    ("Quay West", "Low Bridge", 1991, "Jazz"),
-    ("Marigold Pike", "Ninth Floor", 1999, "Pop"),
-    ("Ásdís Þórs", "Norðurljós", 2011, "Electronic"),
-    ("Hollow Mile", "Two Rooms", 2003, "Blues"),
-    ("Tin Parade", "Brass & Rain", 1978, "Funk"),
-    ("Ida Brandt", "Small Hours", 2015, "Soul"),
-    ("Sol/Stitial", "Up + Down", 2001, "Techno"),
-    ("D'Arcy's Ghost", "Who's There?", 1994, "Punk"),
-    ("Café Minuit", "Été à la Plage", 1969, "Chanson"),
-    ("Grey Heron", "Still Water", 2019, "Ambient"),
-    ("Jon Vale & Mia Kerr", "Letters Home", 2009, "Country"),
-    ("Odd: Numbers!", "[Eleven]", 2013, "Metal"),
-    ("Nila Oster", "Second Tide", 2010, "Folk"),
-    ("The Lanterns", "Tram Lines", 1990, "Rock"),
-    ("Velvet Anchor", "Night AND Day", 1984, "Disco"),
-    ("Señor Ruiz", "Corazón de Papel", 1998, "Latin"),
-    ("Old Harbour Choir", "Evensong", 1975, "Gospel"),
-    ("Zoë Marsh", "Kites", 2021, "Indie"),
-    ("MC Lowtide", "Rhymes* & Reasons~", 2004, "Hip-Hop"),
-    ("Pale Fixture", "Static \"Bloom\"", 1996, "Grunge"),
-    ("Łódź Trio", "Ulica Długa", 1972, "Jazz"),
-    ("Weathermen", "Never || Always", 1982, "Reggae"),
-    (VARIOUS, "Harbour Sampler", 2005, "Pop"),
-)
-FIRSTS = ("Amber", "Broken", "Copper", "Distant", "Early", "Falling", "Golden", "Hidden", "Iron",
-          "Jealous", "Kinder", "Lonely")
-SECONDS = ("Harbour", "Moon", "Bridge", "Elevator", "Light", "Room", "Trumpet", "Hour", "Signal",
-           "Knock", "Summer", "River", "Letter", "Number", "Tide", "Tram", "Mirror", "Heart",
-           "Bell", "Kite", "Rhyme", "Static", "Street", "Weather", "Wave")
-TITLES = {(8, 1): "Plus + Minus", (8, 2): "C:\\Drive", (9, 1): "Who Goes There?",
-          (9, 2): "Don't Say NOT", (10, 1): "Été sans Fin", (13, 1): "Wait... What?!",
-          (13, 2): "{Braces} ^ Carets", (16, 1): "Sun OR Rain", (16, 2): "AND Then",
-          (20, 1): "Stars* ~ Questions?", (21, 1): "\"Quoted\" Words", (0, 1): "Home",
-          (1, 1): "Home", (1, 13): "Bonus Moon", (1, 14): "Spare Moon", (7, 1): "Home",
-          (4, 1): "Ljósið í Þoku"}
+CASES = Path(__file__).resolve().parents[1] / "data" / "cases"
+
+
+def cells_of(name):
+    return [line.split("\t") for line in (CASES / name).read_text().splitlines()]
+
+
+# artist (joined ones with " & "), album, year, genre (of the votes the best that fits)
+ALBUMS = tuple((artist, album, int(year), genre)
+               for artist, album, year, genre in cells_of("catalogue.tsv"))
+FIRSTS = "Amber Broken Copper Distant Early Falling Golden Hidden Iron Jealous Kinder Lonely".split()
+SECONDS = ("Harbour Moon Bridge Elevator Light Room Trumpet Hour Signal Knock Summer River Letter "
+           "Number Tide Tram Mirror Heart Bell Kite Rhyme Static Street Weather Wave").split()
+TITLES = {(int(album), int(number)): title for album, number, title in cells_of("titles.tsv")}
 
 REISSUED, BOOTLEGGED, SINGLED, ON_DISCS, COLLECTED = 1, 2, 3, 5, 0
 ART_OF_GROUP_ALONE, WITHOUT_ART = 9, 10  # albums

@@ -79,22 +79,10 @@ class Site(http.server.BaseHTTPRequestHandler):
         pass
 
 
-SMALL, LARGE = "300 × 300 pixels, JPEG", "450 × 450 pixels, JPEG"
-DEMO_FIELDS = (  # file, field, what the file holds afterwards, source
-    ("01 Low Water.mp3", "Album", "Harbour Lights", "FreeDB"),
-    ("01 Low Water.mp3", "Lyrics", "8 lines", "LyricsAndSongs"),
-    ("02 Harbour Lights.m4a", "Year", "2007", "library"),
-    ("Borrowed Telescope.mp3", "Artwork", LARGE, "GoogleImage"),
-    ("Caravan at Dawn.m4a", "Artwork", LARGE, "Tower"),
-    ("Rue des Étoiles.mp3", "Lyrics", "5 lines", "AskLyrics"),
-    ("Rue des Étoiles.mp3", "Artwork", SMALL, "FredoCovers"),
-    ("Sodium Lights.mp3", "Artwork", LARGE, "CKDigest"),
-    ("Static Bloom.mp3", "Artwork", SMALL, "CDUniverse"),
-    ("Track 03.mp3", "Title", "Marram", "FreeDB"),
-    ("Track 03.mp3", "Artwork", LARGE, "BestCovers"),
-    ("lanterns - neon rain.mp3", "Artwork", LARGE, "CoverKingdom"),
-    ("lanterns - tram.m4a", "Lyrics", "6 lines", "LeosLyrics"),
-)
+CASES = Path(__file__).resolve().parents[1] / "data" / "cases"
+# file, field, what the file holds afterwards, source
+DEMO_FIELDS = [line.split("\t")
+               for line in (CASES / "demofields.tsv").read_text().splitlines()]
 
 
 def demo_fields(report):

@@ -66,12 +66,14 @@ private Q_SLOTS:
         // source: empty: a key of the whole set; fault: empty: none
         const Table<QString, QString, QVariant, QString> row("source", "key", "value", "fault");
         addCases(row, "definitionfaults");
-        row("other list", whole, u"genres"_s, QVariantList{u"a"_s, 7}, u"is no list of texts"_s);
-        row("table", whole, u"simplifiers"_s, QVariantMap{{u"a"_s, QString()}}, {});
-        row("table of numbers", whole, u"lyricsSubstitutions"_s, QVariantMap{{u"a"_s, 7}},
+        row("other list", {}, u"genres"_s, QVariantList{u"a"_s, 7}, u"is no list of texts"_s);
+        row("unknown key", {}, u"whatever"_s, 7);
+        row("marker inside a recipe", u"FreeDBInterface"_s, u"parseAlbumList/listEnd"_s, 7,
+            u"is no text"_s);
+        row("source that no schema knows", u"NoSuchInterface"_s, u"queryPOST"_s, 7);
+        row("table", {}, u"simplifiers"_s, QVariantMap{{u"a"_s, QString()}});
+        row("table of numbers", {}, u"lyricsSubstitutions"_s, QVariantMap{{u"a"_s, 7}},
             u"is no table from texts to texts"_s);
-        for (const QString &agent : {u"Tagwright/%@"_s, u"A/1 ( here )"_s, u"A/1 ( a@b ) X: y"_s})
-            row("agent without a contact", freeDB, u"userAgent"_s, agent, notAgent);
     }
     void faultsAreNamed()
     {

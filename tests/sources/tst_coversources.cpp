@@ -1,7 +1,7 @@
 #include "sources/bestcoversinterface.h"
 #include "sources/coverkingdominterface.h"
+#include "support/cases.h"
 #include "support/sourcesearch.h"
-#include "support/table.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +33,7 @@ HttpAnswer rowsPage(const QByteArray &lines)
 }
 
 /// A page of CoverKingdom: folder and title of each album, index and file of each scan.
-HttpAnswer listsPage(const QByteArray &albums, const QByteArray &scans, const char *more = "")
+HttpAnswer listsPage(const QByteArray &albums, const QByteArray &scans, const QByteArray &more = {})
 {
     QByteArray page = "<h1>Audio covers</h1><ul id=\"albums\">";
     for (const QByteArrayList &album : cellsOf(albums))
@@ -70,58 +70,22 @@ private Q_SLOTS:
         // pictures: their addresses on the server, with blanks between
         const Table<QString, Song, QVariantMap, HttpAnswer, QString> row(
             "source", "song", "changes", "index", "pictures");
-        const auto best = [&](const char *name, const Song &song, const HttpAnswer &index,
-                              const QString &pictures) {
-            row(name, bestCovers, song, {}, index, pictures);
-        };
-        const HttpAnswer artists = rowsPage("{s}|{t}|/1\n{s} Trio|{t}|/2\nBand of {s}|{t}|/3\n"
-                                            "The Oster, Nila|{t}|/4\n|{t}|/5");
-        const HttpAnswer titles = rowsPage("{s}|{t} Live|/1\n{s}||/2");
-        const HttpAnswer compilations =
-            rowsPage("{t}|Various|/1\n{t}|(Soundtrack)|/2\n"
-                     "{t}|Various Artists|/3\n{t} Two|various|/4\nVarious|{t}|/5");
-        const Song substrings{.substrings = Substrings::Allow};
-        best("one name begins so", {.alternateArtist = u"Oster Nila"_s}, artists, u"/1 /2 /4"_s);
-        best("one name contains the other", substrings, artists, u"/1 /2 /3"_s);
-        best("titles are equal", {}, titles, {});
-        best("one title contains the other", substrings, titles, u"/1"_s);
-        best("compilation has its title first", {.isCompilation = true}, compilations, u"/1 /2"_s);
-        best("compilation whose title is contained",
-             {.substrings = Substrings::Allow, .isCompilation = true}, compilations, u"/1 /2 /4"_s);
-        best("references of a row are no characters", {}, rowsPage("{s}|Salt &amp; Iron|/1"), {});
-        best("links empty, to elsewhere, without an end, and none at all", {},
-             rowsPage(
-                 "{s}|{t}|\n{s}|{t}|@elsewhere.example/\n{s}|{t}</td></tr><tr><td>{s}</td><td>{t}"
-                 "</td><td><a href=\"/1></td></tr><tr><td>{s}</td><td>{t}|/2"),
-             u"/2"_s);
-
-        const auto kingdom = [&](const char *name, const HttpAnswer &index, const QString &pictures,
-                                 const Song &song = {}) {
-            row(name, coverKingdom, song, {}, index, pictures);
-        };
-        kingdom("compilation by its title alone",
-                listsPage("s|{s} - {t}\nv|Salt, Iron", "0|f\n1|f"), u"/N/v_f"_s,
-                {.isCompilation = true});
-        kingdom("first row of a title counts",
-                listsPage("s|{s} - {t}\nagain|{s} - {t}", "1|1\n0|2\n1|3"), u"/N/again_1"_s);
-        kingdom("titles that are simply equal all count",
-                listsPage("s|{s} - {t}\nother|{s}: Salt Iron", "0|f\n1|f"), u"/N/s_f /N/other_f"_s);
-        kingdom("indexes past the list, too large, negative, none are skipped",
-                listsPage("s|{s} - {t}", "0|f\n1|a\n99999999999|b\n-1|c\nx|d\n|e",
-                          "scan(\"Front\");scan([0);scan(]0[,\"Front\");"),
-                u"/N/s_f"_s);
-        kingdom("album of two cells ends the walk, which goes backwards",
-                listsPage("s|{s} - {t}\nx|A</a><a href=\"y\">B\nother|{s} {t}", "0|f\n1|f\n2|f"),
-                u"/N/other_f"_s);
-        kingdom("folder, title, file empty or cut short; no front",
-                listsPage("|{s} - {t}\ns|\ns|{s} - {t}\ns", "0|f\n1|f\n2|\n3|f",
-                          "scan([2],\"b\",\"Back\");scan([2], \"f\",\"Front\");"),
-                {});
-        kingdom("scans without end of an endless album",
-                listsPage("s|" + QByteArray(2'000'000, 'x'),
-                          QByteArray("0|f\n").repeated(50'000) + "0|f"),
-                {});
-
+        // Name, pictures, lines of the page, kind of song; of CoverKingdom the scans, and more.
+        for (const QByteArrayList &cells : casesIn("coverlists")) {
+            const QByteArray kind = cells.value(3);
+            Song song{.isCompilation = kind.contains("compilation")};
+            song.substrings = kind.contains("substrings") ? Substrings::Allow : Substrings::Refuse;
+            if (kind == "alternate")
+                song.alternateArtist = u"Oster Nila"_s;
+            const bool hasScans = cells.size() > 4;
+            row(cells[0].constData(), hasScans ? coverKingdom : bestCovers, song, {},
+                hasScans ? listsPage(cells[2], cells[4], cells.value(5)) : rowsPage(cells[2]),
+                QString::fromUtf8(cells[1]));
+        }
+        row("scans without end of an endless album", coverKingdom, {}, {},
+            listsPage("s|" + QByteArray(2'000'000, 'x'),
+                      QByteArray("0|f\n").repeated(50'000) + "0|f"),
+            {});
         for (const QString &source : {bestCovers, coverKingdom}) {
             const HttpAnswer good =
                 source == bestCovers ? rowsPage("{s}|{t}|/1") : listsPage("s|{s} - {t}", "0|f");
