@@ -11,7 +11,7 @@ build_packages=(
 # Other programs' readers and writers of tags, to compare ours with, a player that plays while songs
 # are written, and what checks the code.
 test_packages=(
-    python3 python3-mutagen ffmpeg libimage-exiftool-perl kid3-cli lame libchromaprint-tools clang-format
+    python3 python3-mutagen ffmpeg libimage-exiftool-perl kid3-cli libchromaprint-tools clang-format
     desktop-file-utils appstream groff-base
     dbus-daemon dbus-bin mpv mpv-mpris playerctl python3-dbus python3-gi
 )

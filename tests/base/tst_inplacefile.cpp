@@ -230,16 +230,6 @@ private Q_SLOTS:
         QCOMPARE(fileContents(mPath), old());
     }
 
-    void readsRangesOfTheOpenFile()
-    {
-        const auto opened = InPlaceFile::open(mPath);
-        QVERIFY(opened.file);
-        QCOMPARE(opened.file->read(8990, 50), old().right(10));
-        QCOMPARE(opened.file->read(20'000, 50), QByteArray());
-        QVERIFY(QFile::resize(mPath, 100));
-        QCOMPARE(opened.file->read(50, 100), old().mid(50, 50));
-    }
-
 private:
     std::unique_ptr<QTemporaryDir> mFolder;
     QString mPath;

@@ -9,7 +9,7 @@ import mutagen.id3 as id3
 from outside import (FIELDS, LATIN, LONG, PROGRAM, UNICODE, check, make_sound, named, report_of,
                      run, sha1)
 
-TOOLS = ("ffmpeg", "ffprobe", "exiftool", "kid3-cli", "lame")
+TOOLS = ("ffmpeg", "ffprobe", "exiftool", "kid3-cli")
 
 MUTAGEN, _ = named("TIT2,TPE1,TALB,TDRC,TRCK,TCON,TBPM,USLT::eng,TCMP")
 FFMPEG, OF_FFMPEG = named("title,artist,album,date,track,genre,TBPM,lyrics-eng,compilation")
@@ -182,14 +182,6 @@ def written_by_ffmpeg(path, fields, version="4"):
     run("ffmpeg", "-v", "error", "-i", plain, "-c", "copy", "-id3v2_version", version, *options, path)
 
 
-def written_by_lame(path, fields):
-    wav = path.with_suffix(".wav")
-    run("ffmpeg", "-v", "error", "-i", path, wav)
-    options = [part for field, letter in zip(FIELDS, "talyng")
-               for part in (f"--t{letter}", fields[field])]
-    run("lame", "--quiet", "--id3v2-only", *options, wav, path)
-
-
 WRITERS = {
     "mutagen 2.4 UTF-8": (written_by_mutagen, {}, "2.4.0", ()),
     "mutagen 2.4 UTF-16": (written_by_mutagen, dict(encoding=1), "2.4.0", ()),
@@ -198,7 +190,6 @@ WRITERS = {
     "kid3": (written_by_kid3, {}, "2.3.0", ()),
     "ffmpeg 2.4": (written_by_ffmpeg, {}, "2.4.0", ("lyrics",)),
     "ffmpeg 2.3": (written_by_ffmpeg, dict(version="3"), "2.3.0", ("lyrics",)),
-    "lame": (written_by_lame, {}, "2.3.0", ("lyrics", "bpm")),
 }
 
 
