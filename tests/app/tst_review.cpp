@@ -5,11 +5,9 @@
 #include "itunes/itunesinterface.h"
 #include "support/httpserver.h"
 #include "support/songs.h"
-#include "support/tempfiles.h"
 #include "support/testsource.h"
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;

@@ -5,10 +5,8 @@
 #include "songs/songfileinfocache.h"
 #include "support/songs.h"
 #include "support/table.h"
-#include "support/tempfiles.h"
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 

@@ -9,7 +9,6 @@
 
 #include <QRandomGenerator>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 #include <algorithm>
 

@@ -8,11 +8,9 @@
 #include "support/httpserver.h"
 #include "support/songs.h"
 #include "support/table.h"
-#include "support/tempfiles.h"
 #include "support/testsource.h"
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 

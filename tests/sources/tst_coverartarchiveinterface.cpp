@@ -4,8 +4,6 @@
 #include "support/sourcesearch.h"
 #include "support/table.h"
 
-#include <QTest>
-
 using namespace Qt::StringLiterals;
 
 namespace {
