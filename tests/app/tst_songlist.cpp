@@ -183,6 +183,14 @@ private Q_SLOTS:
         QVERIFY(mLines[0].startsWith(file + u": "_s));
     }
 
+    /// Names from a Mac are decomposed.
+    void entryIsFoundInTheOtherUnicodeForm()
+    {
+        addSongs({u"caf\u00e9.mp3"_s});
+        loadSource(listed({{u"cafe\u0301.mp3"_s}}));
+        QCOMPARE(paths(), QStringList{u"caf\u00e9.mp3"_s});
+    }
+
     /// A source that never answers, as a dead network mount: what came before stays.
     void cancelKeepsWhatWasLoaded()
     {

@@ -6,6 +6,7 @@
 #include "support/table.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -228,6 +229,27 @@ private Q_SLOTS:
                  qtTrId("ReasonNoJournal")
                      .arg(stateFolder() + u"/journal"_s, reason(std::errc::permission_denied)));
         QCOMPARE(fileContents(mPath), old());
+    }
+
+    void leavesTheSongWhenItsJournalDoesNotFit()
+    {
+        const QByteArray old = noise(size, 1);
+        writeFile(mPath, old);
+        rlimit former = {};
+        ::getrlimit(RLIMIT_FSIZE, &former);
+        // Enough for the bytes that change, but not for a journal of them.
+        const rlimit limit = {.rlim_cur = 100'000, .rlim_max = former.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+
+        const auto outcome =
+            replace(mPath, {{noise(100'000, 2)}, {.offset = 100'000, .length = size - 100'000}});
+
+        ::setrlimit(RLIMIT_FSIZE, &former);
+        QCOMPARE(outcome.error,
+                 qtTrId("ReasonNoJournal")
+                     .arg(stateFolder() + u"/journal"_s, reason(std::errc::file_too_large)));
+        QVERIFY(fileContents(mPath) == old);
+        QCOMPARE(leftOvers(), QStringList());
     }
 
 private:

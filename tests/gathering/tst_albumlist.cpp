@@ -199,6 +199,17 @@ private Q_SLOTS:
         QTEST(choice.album ? choice.album->name().value_or(QString()) : QString(), "chosen");
         QTEST(choice.problem.value_or(QString()), "problem");
     }
+
+    void takesAlbumsOfLyricsAlone()
+    {
+        AlbumList list = albumsFrom(u"K||||S2;B|1999|||S1;C||||S1;D||||S1"_qs);
+        for (AlbumInfo &album : list) {
+            if (album.name() != u"D"_qs)
+                album.setLyrics(u"la"_qs, u"Dawn"_qs);
+        }
+        QCOMPARE(namesOf(takeLyricsAlbums(list, {u"S1"_qs, u"S2"_qs})), u"C,K"_qs);
+        QCOMPARE(namesOf(list), u"B,D"_qs);
+    }
 };
 
 QTEST_GUILESS_MAIN(AlbumListTest)

@@ -1,4 +1,5 @@
 #include "gathering/cleartext.h"
+#include "gathering/fetcherrors.h"
 #include "gathering/hostpace.h"
 #include "gathering/httpcache.h"
 #include "gathering/retryafter.h"
@@ -29,6 +30,20 @@ class FetchRulesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void errorsHaveCodes()
+    {
+        using Error = QNetworkReply::NetworkError;
+        for (const auto &[error, online, offline] : {std::tuple{Error::TimeoutError, -1001, -1001},
+                                                     {Error::HostNotFoundError, -1003, -1009},
+                                                     {Error::ConnectionRefusedError, -1004, -1004},
+                                                     {Error::UnknownNetworkError, -1, -1009},
+                                                     {Error::SslHandshakeFailedError, -1, -1}}) {
+            QCOMPARE(fetchErrorFor(error, u"why"_s, true).code, online);
+            QCOMPARE(fetchErrorFor(error, u"why"_s, false).code, offline);
+            QCOMPARE(fetchErrorFor(error, u"why"_s, true).localizedDescription, u"why"_s);
+        }
+    }
+
     void othersCanReadWhatIsNeitherHttpsNorHere()
     {
         for (const auto &[url, isClear] : {std::pair{"https://a.example/", false},

@@ -145,6 +145,8 @@ private Q_SLOTS:
         row("a head without end",
             {.body = much, .then = Then::RepeatBody, .raw = "HTTP/1.1 200 OK\r\nA: "}, false);
         row("endless body", {.body = much, .claimedLength = -1, .then = Then::RepeatBody}, false);
+        row("a body as long as it says",
+            {.body = much, .claimedLength = 2'000'000'000, .then = Then::RepeatBody}, false);
         row("a page that is not cut", {.type = "text/html", .body = much.repeated(20)}, false);
         // What qCompress puts in front of the stream is its own.
         row("little that unpacks to much",

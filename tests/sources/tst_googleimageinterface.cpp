@@ -95,6 +95,7 @@ private Q_SLOTS:
             add(name, five, u"cd!"_s, {}, {{'c', answer}});
         };
         addUnusable("picture typed as a page", {.type = "text/html", .body = good});
+        addUnusable("damaged picture", image(good.chopped(300)));
         addUnusable("picture that is gone", {.status = 404, .type = "image/png"});
         add("not large enough", five, u"cd!"_s, {}, {}, 400);
         add("a choice needs four that are left", four, u"c"_s, {}, {}, 400);

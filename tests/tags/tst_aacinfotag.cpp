@@ -274,6 +274,7 @@ private Q_SLOTS:
         row("no movie", brand + sound, {}, u"can't modify (an error occurred): ErrorNoMovie"_s);
         row("no sound", file(one, {}), {}, tables);
         row("no table", file(track({})), {}, tables);
+        row("a stray tag stays", id3Tag(4, QByteArray(30, '\0')) + file(track({})), {}, tables);
         row("one entry beyond the table", file(table("stco", number(1))),
             "adjustChunkOffsets failed sanity check (20 > 16)", tables);
         row("a damaged table behind a sound one", file(one + table("co64", number(1 << 30))),

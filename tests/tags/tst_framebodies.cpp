@@ -52,6 +52,17 @@ private Q_SLOTS:
         QCOMPARE(read("\xE4z"_ba), u"äz"_s);
     }
 
+    void id3v22String()
+    {
+        const auto read = [](const QByteArray &bytes, int encoding, const ID3Dialect &dialect) {
+            return ID3Strings::id3v22String(bytes, 0, encoding, bytes.size(), dialect);
+        };
+        QCOMPARE(read("\xC4\0x"_ba, 0, classic), u"Ä"_s);
+        QCOMPARE(read("\xFF\xFEZ\0\0\0"_ba, 1, classic), u"Z\0"_s);
+        QCOMPARE(read("\xFF\xFEZ\0\0\0"_ba, 1, standard), u"Z"_s);
+        QCOMPARE(read("\0A\0"_ba, 7, classic), u"A"_s);
+    }
+
     /// "text consumed" of the classic dialect, and of the standard one where it differs.
     void id3v23String_data()
     {
