@@ -73,15 +73,24 @@ snap() { # window picture
         "png8:$pictures/$2.png"
 }
 
-# The demo's songs after a run, one of them selected.
-gathered() {
+# Prints the id of the demo's window, which shows its songs.
+demo_window() {
     local window
     window=$(window_called "– Tagwright$")
     xdotool windowsize --sync "$window" 1180 760 windowfocus --sync "$window"
     settle
+    # A click into the list, with the pointer out of the way afterwards.
+    xdotool mousemove --window "$window" 300 130 click 1 mousemove 1270 850
+    echo "$window"
+}
+
+# The demo's songs after a run, one of them selected.
+gathered() {
+    local window
+    window=$(demo_window)
     keys ctrl+a ctrl+Return
     settle
-    keys Home
+    keys Home Down Down
     snap "$window" "$1"
 }
 

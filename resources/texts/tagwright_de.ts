@@ -15,6 +15,10 @@
         <source>Has lyrics</source>
         <translation>Hat einen Songtext</translation>
     </message>
+    <message id="ActivityIdle">
+        <source>Nothing is being fetched</source>
+        <translation>Es wird nichts abgerufen</translation>
+    </message>
     <message id="ActivityPending">
         <source>Waits to be gathered</source>
         <translation>Wartet darauf, ergänzt zu werden</translation>
@@ -23,9 +27,25 @@
         <source>Is being gathered</source>
         <translation>Wird gerade ergänzt</translation>
     </message>
+    <message id="ActivityStatus">
+        <source>Status</source>
+        <translation>Zustand</translation>
+    </message>
+    <message id="ActivityTitle">
+        <source>Activity</source>
+        <translation>Aktivität</translation>
+    </message>
+    <message id="ActivityURL">
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
     <message id="AlbumName">
         <source>Album</source>
         <translation>Album</translation>
+    </message>
+    <message id="All">
+        <source>All</source>
+        <translation>Alle</translation>
     </message>
     <message id="Artist">
         <source>Artist</source>
@@ -303,6 +323,30 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Change</source>
         <translation>Ändern</translation>
     </message>
+    <message id="DropWindowCancel">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="DropWindowClose">
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message id="DropWindowDone">
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message id="DropWindowNoSongs">
+        <source>There are no songs at %1</source>
+        <translation>Keine Songs gefunden unter %1</translation>
+    </message>
+    <message id="DropWindowProblems">
+        <source>Done, with problems: %1</source>
+        <translation>Fertig, mit Problemen: %1</translation>
+    </message>
+    <message id="DropWindowProgress">
+        <source>Songs looked at</source>
+        <translation>Angesehene Songs</translation>
+    </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>
         <translation>mit einem anderen Album gleichen Namens zusammengezählt</translation>
@@ -545,7 +589,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="FieldAlbumUnknown">
         <source>Not looked for: the album is not known</source>
-        <translation>Nicht gesucht: Das Album ist nicht bekannt</translation>
+        <translation>Nicht gesucht: Das Album ist unbekannt</translation>
     </message>
     <message id="FieldAndValue">
         <source>%1: %2</source>
@@ -561,27 +605,27 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="FieldLent">
         <source>Lent by another song of the album</source>
-        <translation>Von einem anderen Song des Albums geliehen</translation>
+        <translation>Von einem anderen Song des Albums</translation>
     </message>
     <message id="FieldLentPicture">
         <source>Lent by another song of the album: %1</source>
-        <translation>Von einem anderen Song des Albums geliehen: %1</translation>
+        <translation>Von einem anderen Song des Albums: %1</translation>
     </message>
     <message id="FieldLyrics">
         <source>Found for this artist and title</source>
-        <translation>Zu Interpret und Titel gefunden</translation>
+        <translation>Für diesen Interpreten und Titel gefunden</translation>
     </message>
     <message id="FieldNotAsked">
         <source>No source in use could be asked about it</source>
-        <translation>Keine der verwendeten Quellen konnte danach gefragt werden</translation>
+        <translation>Keine genutzte Quelle konnte danach gefragt werden</translation>
     </message>
     <message id="FieldNotFound">
         <source>Not found in any source</source>
-        <translation>In keiner Quelle gefunden</translation>
+        <translation>Keine Quelle hat es</translation>
     </message>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>
-        <translation>Das gewählte Album, %1, gibt es nicht an</translation>
+        <translation>Das gewählte Album, %1, sagt es nicht</translation>
     </message>
     <message id="FieldPicture">
         <source>A picture that fits: %1</source>
@@ -589,7 +633,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="FieldPictureNotFetched">
         <source>The picture could not be fetched</source>
-        <translation>Das Bild konnte nicht geholt werden</translation>
+        <translation>Das Bild konnte nicht abgerufen werden</translation>
     </message>
     <message id="FieldPictureNotSquare">
         <source>The picture is not square: %1</source>
@@ -609,7 +653,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="FieldPictureUnreadable">
         <source>What was fetched is no picture that can be read</source>
-        <translation>Was geholt wurde, ist kein lesbares Bild</translation>
+        <translation>Was abgerufen wurde, ist kein lesbares Bild</translation>
     </message>
     <message id="FieldSound">
         <source>Known by the sound of the song</source>
@@ -923,6 +967,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>No tag can be read from</source>
         <translation>Kein Tag kann gelesen werden aus</translation>
     </message>
+    <message id="NoLimit">
+        <source>No limit</source>
+        <translation>Keine Grenze</translation>
+    </message>
     <message id="NumberRemaining">
         <source>%1 (%2 remaining)</source>
         <translation>%1 (%2 übrig)</translation>
@@ -945,7 +993,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="OptionsIdentify">
         <source>Know songs by their sound</source>
-        <translation>Songs am Klang erkennen</translation>
+        <translation>Songs ohne Namen am Klang erkennen</translation>
     </message>
     <message id="OptionsOverwrite">
         <source>Replace</source>
@@ -1002,6 +1050,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="OptionsTitle">
         <source>Gathering options</source>
         <translation>Optionen zum Ergänzen</translation>
+    </message>
+    <message id="OverwriteThresholdHigherThanMinimum">
+        <source>Artwork may be replaced by a smaller one: what is accepted may be narrower than what is replaced.</source>
+        <translation>Ein Cover kann durch ein kleineres ersetzt werden: Was angenommen wird, darf schmaler sein als das, was ersetzt wird.</translation>
     </message>
     <message id="OverwriteTitleCancel">
         <source>Cancel</source>
@@ -1127,9 +1179,97 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>The playlist was not found</source>
         <translation>Die Wiedergabeliste wurde nicht gefunden</translation>
     </message>
+    <message id="PreferencesAcoustIDHint">
+        <source>With a key of yours for the AcoustID service, songs without names can be known by their sound.</source>
+        <translation>Mit einem eigenen Schlüssel für den Dienst AcoustID können Songs ohne Namen am Klang erkannt werden.</translation>
+    </message>
+    <message id="PreferencesAcoustIDKey">
+        <source>AcoustID &amp;key:</source>
+        <translation>AcoustID-&amp;Schlüssel:</translation>
+    </message>
+    <message id="PreferencesArtwork">
+        <source>Artwork</source>
+        <translation>Cover</translation>
+    </message>
+    <message id="PreferencesCache">
+        <source>Page &amp;cache (MB):</source>
+        <translation>Seiten-&amp;Cache (MB):</translation>
+    </message>
+    <message id="PreferencesCacheHint">
+        <source>Pages are kept for a while, so that the songs of an album are looked up once.</source>
+        <translation>Seiten werden eine Weile aufbewahrt, damit die Songs eines Albums nur einmal nachgeschlagen werden.</translation>
+    </message>
+    <message id="PreferencesDialect">
+        <source>How ID3 tags are read and written</source>
+        <translation>Wie ID3-Tags gelesen und geschrieben werden</translation>
+    </message>
+    <message id="PreferencesDialectClassic">
+        <source>As earlier versions did</source>
+        <translation>Wie in früheren Versionen</translation>
+    </message>
+    <message id="PreferencesDialectHint">
+        <source>The standard way keeps everything that a file holds and is read by every player.</source>
+        <translation>Die Art des Standards bewahrt alles, was eine Datei enthält, und jeder Player liest sie.</translation>
+    </message>
+    <message id="PreferencesDialectStandard">
+        <source>As the standard says</source>
+        <translation>Wie es der Standard vorsieht</translation>
+    </message>
+    <message id="PreferencesFiles">
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message id="PreferencesIgnoreNonSquare">
+        <source>Ignore artwork that is far from &amp;square</source>
+        <translation>Nicht &amp;quadratische Cover übergehen</translation>
+    </message>
+    <message id="PreferencesKeepRefreshed">
+        <source>&amp;Let the music library read songs again once they were written</source>
+        <translation>&amp;Mediathek geschriebene Songs neu lesen lassen</translation>
+    </message>
+    <message id="PreferencesMaxSize">
+        <source>&amp;Largest size kept:</source>
+        <translation>&amp;Größtes aufbewahrtes Maß:</translation>
+    </message>
+    <message id="PreferencesMinSize">
+        <source>&amp;Smallest width accepted:</source>
+        <translation>&amp;Kleinste angenommene Breite:</translation>
+    </message>
+    <message id="PreferencesOverwriteSize">
+        <source>&amp;Replace artwork narrower than:</source>
+        <translation>Cover &amp;ersetzen, schmaler als:</translation>
+    </message>
+    <message id="PreferencesSources">
+        <source>Sources</source>
+        <translation>Quellen</translation>
+    </message>
+    <message id="PreferencesSyncedLyrics">
+        <source>&amp;Prefer lyrics with the times of their lines</source>
+        <translation>Songtexte mit &amp;Zeiten der Zeilen vorziehen</translation>
+    </message>
+    <message id="PreferencesTitle">
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="PreferencesUseDefaults">
+        <source>Use Defaults</source>
+        <translation>Standardwerte</translation>
+    </message>
+    <message id="PreferencesV24Accurate">
+        <source>As the standard says (sync-safe)</source>
+        <translation>Wie es der Standard vorsieht (sync-safe)</translation>
+    </message>
+    <message id="PreferencesV24Plain">
+        <source>As older players expect (plain)</source>
+        <translation>Wie ältere Player es erwarten (einfach)</translation>
+    </message>
+    <message id="PreferencesV24Sizes">
+        <source>Sizes in ID3v2.4 tags</source>
+        <translation>Größen in ID3v2.4-Tags</translation>
+    </message>
     <message id="PreparingToGather">
         <source>Preparing to gather …</source>
-        <translation>Die Suche wird vorbereitet …</translation>
+        <translation>Das Ergänzen wird vorbereitet …</translation>
     </message>
     <message id="ProblemExtendedHeader">
         <source>The extended header is larger than the tag.</source>
@@ -1265,7 +1405,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ReviewAlbumForArtwork">
         <source>its artwork was taken</source>
-        <translation>das Cover stammt von hier</translation>
+        <translation>sein Cover wurde genommen</translation>
     </message>
     <message id="ReviewAlbumTaken">
         <source>taken by you</source>
@@ -1277,7 +1417,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ReviewClear">
         <source>&amp;Clear Decided</source>
-        <translation>&amp;Entschiedene entfernen</translation>
+        <translation>Er&amp;ledigte entfernen</translation>
     </message>
     <message id="ReviewColumnChanges">
         <source>Changes</source>
@@ -1489,7 +1629,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ToolTipIdentify">
         <source>For songs without artist or title. Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
-        <translation>Für Songs ohne Interpret oder Titel. Sendet einen Fingerabdruck des Klangs an den Dienst AcoustID, sonst nichts vom Song.</translation>
+        <translation>Sendet einen Fingerabdruck des Klangs an den Dienst AcoustID, sonst nichts vom Song.</translation>
     </message>
     <message id="ToolTipIdentifyNoKey">
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
@@ -1521,7 +1661,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ToolTipReviewClear">
         <source>Removes the songs from this list about which nothing is to be decided any more.</source>
-        <translation>Entfernt Songs aus dieser Liste, über die nichts mehr zu entscheiden ist.</translation>
+        <translation>Nimmt die Songs aus dieser Liste, über die nichts mehr zu entscheiden ist.</translation>
     </message>
     <message id="ToolTipReviewSkip">
         <source>Leaves the selected songs as they are.</source>
@@ -1543,6 +1683,34 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Track</source>
         <translation>Titelnummer</translation>
     </message>
+    <message id="WelcomeBegin">
+        <source>Begin with a folder of songs, or watch a demo on sample songs first.</source>
+        <translation>Beginnen Sie mit einem Ordner voller Songs, oder sehen Sie sich zuerst eine Vorführung mit Beispielen an.</translation>
+    </message>
+    <message id="WelcomeDemo">
+        <source>Show the Demo</source>
+        <translation>Vorführung zeigen</translation>
+    </message>
+    <message id="WelcomeFolder">
+        <source>Choose a Folder…</source>
+        <translation>Ordner wählen…</translation>
+    </message>
+    <message id="WelcomeLater">
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message id="WelcomeSafety">
+        <source>Your files stay where they are and keep their names. Only what you ask for is written into them, and a song is never left half written.</source>
+        <translation>Ihre Dateien bleiben, wo sie sind, und behalten ihre Namen. Nur was Sie verlangen, wird hineingeschrieben, und kein Song bleibt halb geschrieben zurück.</translation>
+    </message>
+    <message id="WelcomeTitle">
+        <source>Welcome to Tagwright</source>
+        <translation>Willkommen bei Tagwright</translation>
+    </message>
+    <message id="WelcomeWhat">
+        <source>Tagwright looks at the tags of your songs, finds on the web what they lack (album, title, genre, year, track number, artwork and lyrics) and writes it into the files.</source>
+        <translation>Tagwright sieht die Tags Ihrer Songs an, findet im Netz, was ihnen fehlt (Album, Titel, Genre, Jahr, Titelnummer, Cover und Songtext), und schreibt es in die Dateien.</translation>
+    </message>
     <message id="WindowTitleDirectory">
         <source>%1 – Tagwright</source>
         <translation>%1 – Tagwright</translation>
@@ -1554,6 +1722,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="WindowTitlePlaylist">
         <source>%1 – Tagwright</source>
         <translation>%1 – Tagwright</translation>
+    </message>
+    <message id="XPixels">
+        <source>%1 pixels</source>
+        <translation>%1 Pixel</translation>
     </message>
     <message id="Year">
         <source>Year</source>
@@ -1571,9 +1743,21 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>The music player is not running</source>
         <translation>Der Musikplayer läuft nicht</translation>
     </message>
+    <message id="newVersionCancel">
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message id="newVersionDownload">
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
     <message id="newVersionMessage">
         <source>Tagwright &lt;version&gt; is there.</source>
         <translation>Tagwright &lt;version&gt; ist da.</translation>
+    </message>
+    <message id="newVersionTitle">
+        <source>A newer version is available</source>
+        <translation>Eine neuere Version ist verfügbar</translation>
     </message>
 </context>
 </TS>

@@ -15,6 +15,10 @@
         <source>Has lyrics</source>
         <translation>A des paroles</translation>
     </message>
+    <message id="ActivityIdle">
+        <source>Nothing is being fetched</source>
+        <translation>Rien n’est en cours de récupération</translation>
+    </message>
     <message id="ActivityPending">
         <source>Waits to be gathered</source>
         <translation>En attente de collecte</translation>
@@ -23,9 +27,25 @@
         <source>Is being gathered</source>
         <translation>Collecte en cours</translation>
     </message>
+    <message id="ActivityStatus">
+        <source>Status</source>
+        <translation>État</translation>
+    </message>
+    <message id="ActivityTitle">
+        <source>Activity</source>
+        <translation>Activité</translation>
+    </message>
+    <message id="ActivityURL">
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
     <message id="AlbumName">
         <source>Album</source>
         <translation>Album</translation>
+    </message>
+    <message id="All">
+        <source>All</source>
+        <translation>Tous</translation>
     </message>
     <message id="Artist">
         <source>Artist</source>
@@ -221,7 +241,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ChoiceTakenByUser">
         <source>Chosen: %1, which you took</source>
-        <translation>Choisi : %1, que vous avez retenu</translation>
+        <translation>Choisi : %1, que vous avez pris</translation>
     </message>
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
@@ -302,6 +322,30 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="ConfirmChangeProceed">
         <source>Change</source>
         <translation>Modifier</translation>
+    </message>
+    <message id="DropWindowCancel">
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message id="DropWindowClose">
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message id="DropWindowDone">
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+    <message id="DropWindowNoSongs">
+        <source>There are no songs at %1</source>
+        <translation>Aucun morceau à l’emplacement %1</translation>
+    </message>
+    <message id="DropWindowProblems">
+        <source>Done, with problems: %1</source>
+        <translation>Terminé, avec des problèmes : %1</translation>
+    </message>
+    <message id="DropWindowProgress">
+        <source>Songs looked at</source>
+        <translation>Morceaux examinés</translation>
     </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>
@@ -481,7 +525,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ErrorServiceLeftAlone">
         <source>the service gave no answer to the songs before, and is left alone for now</source>
-        <translation>le service n’a pas répondu pour les morceaux précédents et n’est plus interrogé pour l’instant</translation>
+        <translation>le service n’a pas répondu pour les morceaux précédents et n’est pas sollicité pour l’instant</translation>
     </message>
     <message id="ErrorServiceNotReached">
         <source>the service cannot be reached</source>
@@ -541,11 +585,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="FieldAlbumReplaced">
         <source>Not replaced: the song has a picture, and its album was looked for, too</source>
-        <translation>Pas remplacé : le morceau a une image, et son album était cherché aussi</translation>
+        <translation>Non remplacée : le morceau a une image et son album était recherché aussi</translation>
     </message>
     <message id="FieldAlbumUnknown">
         <source>Not looked for: the album is not known</source>
-        <translation>Pas cherché : l’album n’est pas connu</translation>
+        <translation>Non recherché : l’album est inconnu</translation>
     </message>
     <message id="FieldAndValue">
         <source>%1: %2</source>
@@ -553,23 +597,23 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="FieldInstrumental">
         <source>The song is an instrumental</source>
-        <translation>Le morceau est un instrumental</translation>
+        <translation>Le morceau est instrumental</translation>
     </message>
     <message id="FieldKept">
         <source>Not overwritten: the song has it</source>
-        <translation>Pas remplacé : le morceau l’a déjà</translation>
+        <translation>Non remplacé : le morceau l’a déjà</translation>
     </message>
     <message id="FieldLent">
         <source>Lent by another song of the album</source>
-        <translation>Emprunté à un autre morceau de l’album</translation>
+        <translation>Prêté par un autre morceau de l’album</translation>
     </message>
     <message id="FieldLentPicture">
         <source>Lent by another song of the album: %1</source>
-        <translation>Emprunté à un autre morceau de l’album : %1</translation>
+        <translation>Prêtée par un autre morceau de l’album : %1</translation>
     </message>
     <message id="FieldLyrics">
         <source>Found for this artist and title</source>
-        <translation>Trouvé pour cet artiste et ce titre</translation>
+        <translation>Trouvées pour cet artiste et ce titre</translation>
     </message>
     <message id="FieldNotAsked">
         <source>No source in use could be asked about it</source>
@@ -577,7 +621,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="FieldNotFound">
         <source>Not found in any source</source>
-        <translation>Trouvé dans aucune source</translation>
+        <translation>Aucune source ne l’a</translation>
     </message>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>
@@ -585,19 +629,19 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="FieldPicture">
         <source>A picture that fits: %1</source>
-        <translation>Une image qui convient : %1</translation>
+        <translation>Une image qui convient : %1</translation>
     </message>
     <message id="FieldPictureNotFetched">
         <source>The picture could not be fetched</source>
-        <translation>L’image n’a pas pu être téléchargée</translation>
+        <translation>L’image n’a pas pu être récupérée</translation>
     </message>
     <message id="FieldPictureNotSquare">
         <source>The picture is not square: %1</source>
-        <translation>L’image n’est pas carrée : %1</translation>
+        <translation>L’image n’est pas carrée : %1</translation>
     </message>
     <message id="FieldPictureScaled">
         <source>A picture that fits: %1, scaled down from %2</source>
-        <translation>Une image qui convient : %1, réduite de %2</translation>
+        <translation>Une image qui convient : %1, réduite depuis %2</translation>
     </message>
     <message id="FieldPictureSize">
         <source>%1 × %2 pixels</source>
@@ -605,15 +649,15 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="FieldPictureTooSmall">
         <source>The picture is too small: %1</source>
-        <translation>L’image est trop petite : %1</translation>
+        <translation>L’image est trop petite : %1</translation>
     </message>
     <message id="FieldPictureUnreadable">
         <source>What was fetched is no picture that can be read</source>
-        <translation>Ce qui a été téléchargé n’est pas une image lisible</translation>
+        <translation>Ce qui a été récupéré n’est pas une image lisible</translation>
     </message>
     <message id="FieldSound">
         <source>Known by the sound of the song</source>
-        <translation>Reconnu à l’écoute du morceau</translation>
+        <translation>Reconnu au son du morceau</translation>
     </message>
     <message id="FindNext">
         <source>Find next</source>
@@ -923,6 +967,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>No tag can be read from</source>
         <translation>Aucune étiquette ne peut être lue dans</translation>
     </message>
+    <message id="NoLimit">
+        <source>No limit</source>
+        <translation>Sans limite</translation>
+    </message>
     <message id="NumberRemaining">
         <source>%1 (%2 remaining)</source>
         <translation>%1 (%2 restants)</translation>
@@ -945,7 +993,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="OptionsIdentify">
         <source>Know songs by their sound</source>
-        <translation>Reconnaître les morceaux au son</translation>
+        <translation>Reconnaître au son les morceaux sans nom</translation>
     </message>
     <message id="OptionsOverwrite">
         <source>Replace</source>
@@ -1002,6 +1050,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="OptionsTitle">
         <source>Gathering options</source>
         <translation>Options de collecte</translation>
+    </message>
+    <message id="OverwriteThresholdHigherThanMinimum">
+        <source>Artwork may be replaced by a smaller one: what is accepted may be narrower than what is replaced.</source>
+        <translation>Une pochette peut être remplacée par une plus petite : ce qui est accepté peut être moins large que ce qui est remplacé.</translation>
     </message>
     <message id="OverwriteTitleCancel">
         <source>Cancel</source>
@@ -1127,9 +1179,97 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>The playlist was not found</source>
         <translation>La liste de lecture est introuvable</translation>
     </message>
+    <message id="PreferencesAcoustIDHint">
+        <source>With a key of yours for the AcoustID service, songs without names can be known by their sound.</source>
+        <translation>Avec une clé personnelle pour le service AcoustID, les morceaux sans nom peuvent être reconnus à leur son.</translation>
+    </message>
+    <message id="PreferencesAcoustIDKey">
+        <source>AcoustID &amp;key:</source>
+        <translation>&amp;Clé AcoustID :</translation>
+    </message>
+    <message id="PreferencesArtwork">
+        <source>Artwork</source>
+        <translation>Pochettes</translation>
+    </message>
+    <message id="PreferencesCache">
+        <source>Page &amp;cache (MB):</source>
+        <translation>Cac&amp;he de pages (Mo) :</translation>
+    </message>
+    <message id="PreferencesCacheHint">
+        <source>Pages are kept for a while, so that the songs of an album are looked up once.</source>
+        <translation>Les pages sont conservées un moment, pour que les morceaux d’un album ne soient cherchés qu’une fois.</translation>
+    </message>
+    <message id="PreferencesDialect">
+        <source>How ID3 tags are read and written</source>
+        <translation>Lecture et écriture des étiquettes ID3</translation>
+    </message>
+    <message id="PreferencesDialectClassic">
+        <source>As earlier versions did</source>
+        <translation>Comme les versions précédentes</translation>
+    </message>
+    <message id="PreferencesDialectHint">
+        <source>The standard way keeps everything that a file holds and is read by every player.</source>
+        <translation>Le mode standard conserve tout ce que contient un fichier et est lu par tous les lecteurs.</translation>
+    </message>
+    <message id="PreferencesDialectStandard">
+        <source>As the standard says</source>
+        <translation>Selon la norme</translation>
+    </message>
+    <message id="PreferencesFiles">
+        <source>Files</source>
+        <translation>Fichiers</translation>
+    </message>
+    <message id="PreferencesIgnoreNonSquare">
+        <source>Ignore artwork that is far from &amp;square</source>
+        <translation>Ignorer les pochettes loin d’être ca&amp;rrées</translation>
+    </message>
+    <message id="PreferencesKeepRefreshed">
+        <source>&amp;Let the music library read songs again once they were written</source>
+        <translation>&amp;Faire relire à la bibliothèque les morceaux écrits</translation>
+    </message>
+    <message id="PreferencesMaxSize">
+        <source>&amp;Largest size kept:</source>
+        <translation>Plus &amp;grande taille conservée :</translation>
+    </message>
+    <message id="PreferencesMinSize">
+        <source>&amp;Smallest width accepted:</source>
+        <translation>Plus &amp;petite largeur acceptée :</translation>
+    </message>
+    <message id="PreferencesOverwriteSize">
+        <source>&amp;Replace artwork narrower than:</source>
+        <translation>&amp;Remplacer les pochettes de moins de :</translation>
+    </message>
+    <message id="PreferencesSources">
+        <source>Sources</source>
+        <translation>Sources</translation>
+    </message>
+    <message id="PreferencesSyncedLyrics">
+        <source>&amp;Prefer lyrics with the times of their lines</source>
+        <translation>Préférer les paroles &amp;minutées</translation>
+    </message>
+    <message id="PreferencesTitle">
+        <source>Preferences</source>
+        <translation>Préférences</translation>
+    </message>
+    <message id="PreferencesUseDefaults">
+        <source>Use Defaults</source>
+        <translation>Valeurs par défaut</translation>
+    </message>
+    <message id="PreferencesV24Accurate">
+        <source>As the standard says (sync-safe)</source>
+        <translation>Selon la norme (sync-safe)</translation>
+    </message>
+    <message id="PreferencesV24Plain">
+        <source>As older players expect (plain)</source>
+        <translation>Comme l’attendent d’anciens lecteurs (simple)</translation>
+    </message>
+    <message id="PreferencesV24Sizes">
+        <source>Sizes in ID3v2.4 tags</source>
+        <translation>Tailles dans les étiquettes ID3v2.4</translation>
+    </message>
     <message id="PreparingToGather">
         <source>Preparing to gather …</source>
-        <translation>Préparation de la recherche…</translation>
+        <translation>Préparation de la collecte…</translation>
     </message>
     <message id="ProblemExtendedHeader">
         <source>The extended header is larger than the tag.</source>
@@ -1277,7 +1417,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ReviewClear">
         <source>&amp;Clear Decided</source>
-        <translation>Retirer les &amp;décidés</translation>
+        <translation>Retirer les &amp;réglés</translation>
     </message>
     <message id="ReviewColumnChanges">
         <source>Changes</source>
@@ -1489,7 +1629,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ToolTipIdentify">
         <source>For songs without artist or title. Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
-        <translation>Pour les morceaux sans artiste ou sans titre. Envoie une empreinte sonore au service AcoustID, et rien d’autre du morceau.</translation>
+        <translation>Envoie une empreinte sonore au service AcoustID, et rien d’autre du morceau.</translation>
     </message>
     <message id="ToolTipIdentifyNoKey">
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
@@ -1521,7 +1661,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ToolTipReviewClear">
         <source>Removes the songs from this list about which nothing is to be decided any more.</source>
-        <translation>Retire de cette liste les morceaux pour lesquels plus rien n’est à décider.</translation>
+        <translation>Retire de cette liste les morceaux pour lesquels il n’y a plus rien à décider.</translation>
     </message>
     <message id="ToolTipReviewSkip">
         <source>Leaves the selected songs as they are.</source>
@@ -1543,6 +1683,34 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Track</source>
         <translation>Piste</translation>
     </message>
+    <message id="WelcomeBegin">
+        <source>Begin with a folder of songs, or watch a demo on sample songs first.</source>
+        <translation>Commencez par un dossier de morceaux, ou regardez d’abord une démonstration sur des exemples.</translation>
+    </message>
+    <message id="WelcomeDemo">
+        <source>Show the Demo</source>
+        <translation>Voir la démonstration</translation>
+    </message>
+    <message id="WelcomeFolder">
+        <source>Choose a Folder…</source>
+        <translation>Choisir un dossier…</translation>
+    </message>
+    <message id="WelcomeLater">
+        <source>Not Now</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message id="WelcomeSafety">
+        <source>Your files stay where they are and keep their names. Only what you ask for is written into them, and a song is never left half written.</source>
+        <translation>Vos fichiers restent où ils sont et gardent leur nom. Seul ce que vous demandez y est écrit, et aucun morceau ne reste à moitié écrit.</translation>
+    </message>
+    <message id="WelcomeTitle">
+        <source>Welcome to Tagwright</source>
+        <translation>Bienvenue dans Tagwright</translation>
+    </message>
+    <message id="WelcomeWhat">
+        <source>Tagwright looks at the tags of your songs, finds on the web what they lack (album, title, genre, year, track number, artwork and lyrics) and writes it into the files.</source>
+        <translation>Tagwright examine les étiquettes de vos morceaux, trouve sur le web ce qui leur manque (album, titre, genre, année, numéro de piste, pochette et paroles) et l’inscrit dans les fichiers.</translation>
+    </message>
     <message id="WindowTitleDirectory">
         <source>%1 – Tagwright</source>
         <translation>%1 – Tagwright</translation>
@@ -1554,6 +1722,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="WindowTitlePlaylist">
         <source>%1 – Tagwright</source>
         <translation>%1 – Tagwright</translation>
+    </message>
+    <message id="XPixels">
+        <source>%1 pixels</source>
+        <translation>%1 pixels</translation>
     </message>
     <message id="Year">
         <source>Year</source>
@@ -1571,9 +1743,21 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>The music player is not running</source>
         <translation>Le lecteur de musique n’est pas lancé</translation>
     </message>
+    <message id="newVersionCancel">
+        <source>Not Now</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message id="newVersionDownload">
+        <source>Download</source>
+        <translation>Télécharger</translation>
+    </message>
     <message id="newVersionMessage">
         <source>Tagwright &lt;version&gt; is there.</source>
         <translation>Tagwright &lt;version&gt; est disponible.</translation>
+    </message>
+    <message id="newVersionTitle">
+        <source>A newer version is available</source>
+        <translation>Une version plus récente est disponible</translation>
     </message>
 </context>
 </TS>
