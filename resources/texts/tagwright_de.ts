@@ -687,6 +687,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Loading the playlist “%1” …</source>
         <translation>Die Wiedergabeliste „%1“ wird geladen …</translation>
     </message>
+    <message id="LoadingProgress">
+        <source>Gelesene Titel</source>
+        <translation>Gelesene Titel</translation>
+    </message>
     <message id="LogCancelled">
         <source>Gathering was cancelled</source>
         <translation>Das Ergänzen wurde abgebrochen</translation>
@@ -698,6 +702,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="LogFoundInfo">
         <source>Found %1 for “%2”</source>
         <translation>%1 für „%2“ gefunden</translation>
+    </message>
+    <message id="LogNothingUnanswered">
+        <source>Kein Titel wartet darauf, dass noch einmal gefragt wird</source>
+        <translation>Kein Titel wartet darauf, dass noch einmal gefragt wird</translation>
     </message>
     <message id="LogPausedForReview">
         <source>Gathering waits: %1 songs are to be reviewed first</source>

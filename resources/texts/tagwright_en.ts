@@ -687,6 +687,10 @@ The selected songs have different artwork</translation>
         <source>Loading the playlist “%1” …</source>
         <translation>Loading the playlist “%1” …</translation>
     </message>
+    <message id="LoadingProgress">
+        <source>Songs read</source>
+        <translation>Songs read</translation>
+    </message>
     <message id="LogCancelled">
         <source>Gathering was cancelled</source>
         <translation>Gathering was cancelled</translation>
@@ -698,6 +702,10 @@ The selected songs have different artwork</translation>
     <message id="LogFoundInfo">
         <source>Found %1 for “%2”</source>
         <translation>Found %1 for “%2”</translation>
+    </message>
+    <message id="LogNothingUnanswered">
+        <source>No song waits to be asked about again</source>
+        <translation>No song waits to be asked about again</translation>
     </message>
     <message id="LogPausedForReview">
         <source>Gathering waits: %1 songs are to be reviewed first</source>

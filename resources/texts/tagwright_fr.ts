@@ -687,6 +687,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Loading the playlist “%1” …</source>
         <translation>Chargement de la liste de lecture « %1 »…</translation>
     </message>
+    <message id="LoadingProgress">
+        <source>Morceaux lus</source>
+        <translation>Morceaux lus</translation>
+    </message>
     <message id="LogCancelled">
         <source>Gathering was cancelled</source>
         <translation>La collecte a été annulée</translation>
@@ -698,6 +702,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="LogFoundInfo">
         <source>Found %1 for “%2”</source>
         <translation>%1 trouvé pour « %2 »</translation>
+    </message>
+    <message id="LogNothingUnanswered">
+        <source>Aucun morceau n’attend d’être redemandé</source>
+        <translation>Aucun morceau n’attend d’être redemandé</translation>
     </message>
     <message id="LogPausedForReview">
         <source>Gathering waits: %1 songs are to be reviewed first</source>
