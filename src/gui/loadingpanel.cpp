@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 constexpr auto beforeAppearance = 400ms;
-constexpr int width = 380; // pixels
+constexpr int textWidth = 380; // pixels
 } // namespace
 
 LoadingPanel::LoadingPanel(LoadedSongs &songs, QWidget *parent)
@@ -23,7 +23,7 @@ LoadingPanel::LoadingPanel(LoadedSongs &songs, QWidget *parent)
     setObjectName(QStringLiteral("modalPanel"));
     setWindowModality(Qt::WindowModal);
     mModalField->setTextFormat(Qt::PlainText);
-    mModalField->setFixedWidth(width);
+    mModalField->setFixedWidth(textWidth);
     mModalIndicator->setTextVisible(false);
     mModalIndicator->setAccessibleName(qtTrId("LoadingProgress"));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
@@ -49,7 +49,7 @@ void LoadingPanel::begin()
 {
     setWindowTitle(mSongs.source().windowTitle);
     mModalField->setText(mModalField->fontMetrics().elidedText(mSongs.source().progressText,
-                                                               Qt::ElideMiddle, width));
+                                                               Qt::ElideMiddle, textWidth));
     mModalIndicator->setRange(0, 0);
     mAppearance.start();
 }
@@ -57,8 +57,8 @@ void LoadingPanel::begin()
 void LoadingPanel::showProgress()
 {
     const Progress &progress = mSongs.progress();
-    mModalIndicator->setRange(0,
-                              progress.isIndeterminate() ? 0 : static_cast<int>(progress.maximum()));
+    mModalIndicator->setRange(
+        0, progress.isIndeterminate() ? 0 : static_cast<int>(progress.maximum()));
     mModalIndicator->setValue(static_cast<int>(progress.value()));
 }
 

@@ -20,6 +20,10 @@ MainController::MainController(Engine &engine)
     mWorkList.setInfoCache(&engine.infoCache);
     mWorkList.setKeepsChanges(true);
     connect(&mSongs, &LoadedSongs::loadFinished, this, &MainController::loadFinished);
+    connect(&mSongs, &LoadedSongs::problemFound, this, [this](const QString &subject) {
+        if (mSongs.source().kind == SourceKind::Playlist && subject == mSongs.source().name)
+            Q_EMIT playlistNotFound(subject);
+    });
     connect(&mWorkList, &WorkList::songStarted, this,
             [this](const std::shared_ptr<SongFile> &song) { tellChanged({song}); });
     connect(&mWorkList, &WorkList::songFinished, this, &MainController::songFinished);
@@ -130,7 +134,7 @@ void MainController::tellEdited()
     tellChanged(std::exchange(mEdited, {}));
 }
 
-void MainController::beginGathering()
+void MainController::gather(const SongList &songs)
 {
     if (!mWorkList.isRunning()) {
         GatherContext context = runContext(mEngine, mLibrary);
@@ -139,7 +143,7 @@ void MainController::beginGathering()
         lendFromLoadedSongs();
     }
     SongList ready;
-    for (const auto &song : mSelectedSongs)
+    for (const auto &song : songs)
         if (song->activityStatus() == SongStatus::Ready)
             ready.push_back(song);
     const GatheringOptions options = prefs().gatheringOptions();

@@ -47,7 +47,9 @@ public:
     void redo() { mHistory.redo(prefs().writeOptions()); }
 
     /// Starts a run over the selected songs, or adds them to the one under way.
-    void beginGathering();
+    void beginGathering() { gather(mSelectedSongs); }
+    /// The same over any songs.
+    void gather(const SongList &songs);
     void stopGathering() { mWorkList.stopGathering(); }
 
     /// To be called by whoever changed these songs, or what is told of them.

@@ -6,11 +6,13 @@
 #include "gui/editingprogress.h"
 #include "gui/gatheringparts.h"
 #include "gui/gatheringstatus.h"
+#include "gui/loadingpanel.h"
 #include "gui/logview.h"
 #include "gui/optionsdrawer.h"
 #include "gui/preferencespanel.h"
 #include "gui/songtable.h"
 #include "gui/sourcepopup.h"
+#include "gui/unansweredsongs.h"
 #include "gui/welcomesheet.h"
 
 #include <QCloseEvent>
@@ -96,6 +98,7 @@ void MainWindow::setUpParts()
     column->addWidget(&mGathering->status());
     setCentralWidget(content);
     new EditingCommands(mController, mCommands, *well, *this);
+    new LoadingPanel(mController.songs(), this);
 }
 
 void MainWindow::connectCommands()
@@ -109,6 +112,8 @@ void MainWindow::connectCommands()
     on(Quit, &MainWindow::close);
     on(Find, [this] { mSearchField->setFocus(Qt::ShortcutFocusReason); });
     on(SelectAll, [this] { mSongTable->selectAll(); });
+    auto *unanswered = new UnansweredSongs(mController, this);
+    on(RetryUnanswered, [unanswered] { unanswered->askAgain(); });
     on(Preferences, &MainWindow::showPreferences);
     on(Activity, &MainWindow::showActivity);
     on(Welcome, &MainWindow::showWelcome);
@@ -135,6 +140,8 @@ void MainWindow::connectSongTable()
     connect(mSongTable, &SongTable::pathsDropped, this, [this](const QStringList &paths) {
         if (paths.size() == 1 && QFileInfo(paths.first()).isDir())
             mController.setSongLibraryFolder(paths.first());
+        else
+            Q_EMIT filesDropped(paths);
     });
 }
 
@@ -176,6 +183,11 @@ void MainWindow::showActivity()
     mActivity->show();
     mActivity->raise();
     mActivity->activateWindow();
+}
+
+void MainWindow::selectAllSongs()
+{
+    mSongTable->selectAll();
 }
 
 /// The demo is a program of its own, which touches nothing of the user's.

@@ -21,6 +21,7 @@ public:
     explicit MainWindow(MainController &controller);
 
     void showWelcome();
+    void selectAllSongs();
 
 Q_SIGNALS:
     /// Songs and folders, to be filled in by themselves.

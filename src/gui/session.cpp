@@ -54,7 +54,10 @@ void Session::openMainWindow()
 
 void Session::openMainWindow(const QString &folder)
 {
-    showInFront(mainWindow());
+    MainWindow &window = mainWindow();
+    showInFront(window);
+    connect(&mController->songs(), &LoadedSongs::loadFinished, &window, &MainWindow::selectAllSongs,
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     QTimer::singleShot(0, mController.get(),
                        [this, folder] { mController->setSongLibraryFolder(folder); });
 }

@@ -18,7 +18,7 @@ public:
     void listen();
     /// The main window with the songs of the chosen source.
     void openMainWindow();
-    /// The same with the songs of a folder, for this time.
+    /// The same with the songs of this folder, all of them selected.
     void openMainWindow(const QString &folder);
     /// The small window, which fills in what the songs lack. Without paths, the main window.
     void openPaths(const QStringList &paths);
