@@ -63,12 +63,6 @@
         <source>Add the picture to %1 songs?</source>
         <translation>Das Bild zu %1 Songs hinzufügen?</translation>
     </message>
-    <message id="ArtworkCaption">
-        <source>%1 × %2 pixels, %3
-%4, %5</source>
-        <translation>%1 × %2 Pixel, %3
-%4, %5</translation>
-    </message>
     <message id="ArtworkChooseFilter">
         <source>Pictures (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;All files (*)</source>
         <translation>Bilder (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;Alle Dateien (*)</translation>
@@ -141,11 +135,9 @@ The selected songs have different artwork</source>
 
 Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
-    <message id="ArtworkUnreadable">
-        <source>Cannot be shown
-%1, %2</source>
-        <translation>Nicht darstellbar
-%1, %2</translation>
+    <message id="ArtworkSize">
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 Pixel</translation>
     </message>
     <message id="BPM">
         <source>BPM</source>
@@ -180,8 +172,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Einfügen von Tags</translation>
     </message>
     <message id="ChangeSheetCount">
-        <source>Songs to be changed: %1.</source>
-        <translation>Zu ändernde Songs: %1.</translation>
+        <source>Songs to be changed: %1</source>
+        <translation>Songs, die geändert werden: %1</translation>
     </message>
     <message id="ChangeSheetRefused">
         <source>Of these, %1 cannot be written and will stay as they are.</source>
@@ -1346,6 +1338,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="RegenerateBegun">
         <source>Waiting</source>
         <translation>Wartet</translation>
+    </message>
+    <message id="RegenerateDamagedPart">
+        <source>What is damaged</source>
+        <translation>Das Beschädigte</translation>
     </message>
     <message id="RegenerateDone">
         <source>Regenerated</source>

@@ -63,12 +63,6 @@
         <source>Add the picture to %1 songs?</source>
         <translation>Add the picture to %1 songs?</translation>
     </message>
-    <message id="ArtworkCaption">
-        <source>%1 × %2 pixels, %3
-%4, %5</source>
-        <translation>%1 × %2 pixels, %3
-%4, %5</translation>
-    </message>
     <message id="ArtworkChooseFilter">
         <source>Pictures (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;All files (*)</source>
         <translation>Pictures (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;All files (*)</translation>
@@ -141,11 +135,9 @@ The selected songs have different artwork</source>
 
 The selected songs have different artwork</translation>
     </message>
-    <message id="ArtworkUnreadable">
-        <source>Cannot be shown
-%1, %2</source>
-        <translation>Cannot be shown
-%1, %2</translation>
+    <message id="ArtworkSize">
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 pixels</translation>
     </message>
     <message id="BPM">
         <source>BPM</source>
@@ -180,8 +172,8 @@ The selected songs have different artwork</translation>
         <translation>Pasting of tags</translation>
     </message>
     <message id="ChangeSheetCount">
-        <source>Songs to be changed: %1.</source>
-        <translation>Songs to be changed: %1.</translation>
+        <source>Songs to be changed: %1</source>
+        <translation>Songs to be changed: %1</translation>
     </message>
     <message id="ChangeSheetRefused">
         <source>Of these, %1 cannot be written and will stay as they are.</source>
@@ -1346,6 +1338,10 @@ The selected songs have different artwork</translation>
     <message id="RegenerateBegun">
         <source>Waiting</source>
         <translation>Waiting</translation>
+    </message>
+    <message id="RegenerateDamagedPart">
+        <source>What is damaged</source>
+        <translation>What is damaged</translation>
     </message>
     <message id="RegenerateDone">
         <source>Regenerated</source>

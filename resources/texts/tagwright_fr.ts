@@ -63,12 +63,6 @@
         <source>Add the picture to %1 songs?</source>
         <translation>Ajouter l’image à %1 morceaux ?</translation>
     </message>
-    <message id="ArtworkCaption">
-        <source>%1 × %2 pixels, %3
-%4, %5</source>
-        <translation>%1 × %2 pixels, %3
-%4, %5</translation>
-    </message>
     <message id="ArtworkChooseFilter">
         <source>Pictures (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;All files (*)</source>
         <translation>Images (*.jpg *.jpeg *.png *.gif *.webp *.bmp *.tif *.tiff);;Tous les fichiers (*)</translation>
@@ -141,11 +135,9 @@ The selected songs have different artwork</source>
 
 Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
-    <message id="ArtworkUnreadable">
-        <source>Cannot be shown
-%1, %2</source>
-        <translation>Ne peut pas être affichée
-%1, %2</translation>
+    <message id="ArtworkSize">
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 pixels</translation>
     </message>
     <message id="BPM">
         <source>BPM</source>
@@ -180,8 +172,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Collage d’étiquettes</translation>
     </message>
     <message id="ChangeSheetCount">
-        <source>Songs to be changed: %1.</source>
-        <translation>Morceaux à modifier : %1.</translation>
+        <source>Songs to be changed: %1</source>
+        <translation>Morceaux qui seront modifiés : %1</translation>
     </message>
     <message id="ChangeSheetRefused">
         <source>Of these, %1 cannot be written and will stay as they are.</source>
@@ -1346,6 +1338,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="RegenerateBegun">
         <source>Waiting</source>
         <translation>En attente</translation>
+    </message>
+    <message id="RegenerateDamagedPart">
+        <source>What is damaged</source>
+        <translation>La partie endommagée</translation>
     </message>
     <message id="RegenerateDone">
         <source>Regenerated</source>

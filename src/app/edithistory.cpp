@@ -1,8 +1,18 @@
 #include "app/edithistory.h"
 
+#include <numeric>
+
 namespace {
-/// The values of many songs, pictures among them, are held for each.
 constexpr std::size_t mostChanges = 50;
+/// Of the pictures that all changes hold. The latest change can be undone whatever it holds.
+constexpr qint64 mostPictureBytes = qint64(256) * 1024 * 1024;
+
+qint64 pictureBytesOf(const std::deque<TagEditResult> &results)
+{
+    return std::accumulate(
+        results.begin(), results.end(), qint64(0),
+        [](qint64 sum, const TagEditResult &result) { return sum + result.pictureBytes; });
+}
 } // namespace
 
 EditHistory::EditHistory(TagEditing &editing)
@@ -51,7 +61,8 @@ void EditHistory::revertLast(Results &from, Results &to, const WriteOptions &opt
 void EditHistory::keep(Results &results, const TagEditResult &result)
 {
     results.push_back(result);
-    if (results.size() > mostChanges)
+    while (results.size() > 1
+           && (results.size() > mostChanges || pictureBytesOf(results) > mostPictureBytes))
         results.pop_front();
     Q_EMIT changed();
 }

@@ -174,8 +174,12 @@ std::optional<QString> TagEditing::write(Job &job, const std::shared_ptr<SongFil
         return outcome.error;
     song->uncacheInfotag();
     const AudioInfoTag *tag = song->infotag();
-    job.result.changed.push_back(
-        {song, before, tag ? valuesOf(*tag, wanted.values) : wanted.values});
+    ChangedSong changed{song, before, tag ? valuesOf(*tag, wanted.values) : wanted.values};
+    for (TagValues *values : {&changed.before, &changed.now})
+        if (values->images)
+            job.pictures.share(*values->images);
+    job.result.changed.push_back(std::move(changed));
+    job.result.pictureBytes = job.pictures.bytes();
     return std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/picturepool.h"
 #include "app/tagvalues.h"
 #include "app/userlog.h"
 #include "base/progress.h"
@@ -43,6 +44,7 @@ struct TagEditResult {
     QString name;
     std::vector<ChangedSong> changed; ///< not those that held these values already
     std::vector<Refusal> refused; ///< each was logged as well
+    qint64 pictureBytes = 0; ///< that `changed` holds, equal pictures counted once
     bool isCancelled = false; ///< some songs may not have been reached
 };
 
@@ -90,6 +92,7 @@ private:
         WriteOptions options;
         Then then;
         TagEditResult result;
+        PicturePool pictures; ///< of the result: those of an album are held once
         std::size_t done = 0;
     };
 

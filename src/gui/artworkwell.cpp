@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -22,7 +23,7 @@ using namespace std::chrono_literals;
 
 constexpr auto restOfSelection = 60ms;
 constexpr int insideGroup = 6; // pixels
-constexpr int captionLines = 3;
+constexpr int captionLines = 4; // one of them wraps in some languages
 /// Larger than the well ever is on a screen of high density. In pixels.
 constexpr QSize largestShown(1024, 1024);
 
@@ -38,13 +39,17 @@ QToolButton *arrow(Qt::ArrowType type, const QString &text, QWidget *parent)
 
 QString captionOf(const ID3Image &image, QSize size, const QLocale &locale)
 {
-    const QString bytes = locale.formattedDataSize(image.data.size(), 1);
-    const QString type = fileSuffixOf(image).toUpper();
-    const QString kind = qtTrId(textIDOfPictureType(image.pictureType));
-    if (!size.isValid())
-        return qtTrId("ArtworkUnreadable").arg(bytes, kind);
-    return qtTrId("ArtworkCaption")
-        .arg(locale.toString(size.width()), locale.toString(size.height()), type, bytes, kind);
+    QStringList lines;
+    if (size.isValid())
+        lines << qtTrId("ArtworkSize")
+                     .arg(locale.toString(size.width()), locale.toString(size.height()));
+    QStringList facts{fileSuffixOf(image).toUpper(),
+                      locale.formattedDataSize(image.data.size(), 0, QLocale::DataSizeSIFormat)};
+    if (image.pictureType != 0) // "other" says nothing
+        facts << qtTrId(textIDOfPictureType(image.pictureType));
+    facts.removeAll(QString());
+    lines << facts.join(QStringLiteral(", "));
+    return lines.join(u'\n');
 }
 
 } // namespace
@@ -59,7 +64,7 @@ ArtworkWell::ArtworkWell(MainController &controller, const Commands &commands, Q
     connect(&mSelectionRests, &QTimer::timeout, this, &ArtworkWell::readArtwork);
     connect(&controller, &MainController::selectionChanged, this, &ArtworkWell::readLater);
     connect(&controller, &MainController::songsChanged, this, &ArtworkWell::songsChanged);
-    show(ArtworkOfSongs());
+    showArtwork(ArtworkOfSongs());
 }
 
 void ArtworkWell::setUpParts(const Commands &commands)
@@ -69,7 +74,7 @@ void ArtworkWell::setUpParts(const Commands &commands)
     mFrame = new PictureFrame(this);
     mFrame->setAccessibleName(qtTrId("Artwork"));
     connect(mFrame, &PictureFrame::dropped, this, &ArtworkWell::dropped);
-    column->addWidget(mFrame, 1);
+    column->addWidget(mFrame);
     column->addWidget(pager());
     mCaption = new QLabel(this);
     mCaption->setObjectName(QStringLiteral("artworkCaption"));
@@ -79,6 +84,25 @@ void ArtworkWell::setUpParts(const Commands &commands)
     mCaption->setFixedHeight(mCaption->fontMetrics().lineSpacing() * captionLines);
     column->addWidget(mCaption);
     column->addWidget(buttons(commands));
+    column->addStretch(1);
+    setUpMenu(commands);
+}
+
+/// What can be done with the picture, under the pointer and on the keys.
+void ArtworkWell::setUpMenu(const Commands &commands)
+{
+    using enum MenuCommand;
+    for (const MenuCommand command :
+         {AddArtwork, PasteArtwork, ReplaceArtwork, RemoveArtwork, RemoveAllArtwork, SaveArtwork})
+        mFrame->addAction(&commands[command]);
+    mFrame->setContextMenuPolicy(Qt::ActionsContextMenu);
+    const auto key = [this, &commands](QKeySequence::StandardKey keys, MenuCommand command) {
+        auto *shortcut = new QShortcut(keys, mFrame);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, &commands[command], &QAction::trigger);
+    };
+    key(QKeySequence::Paste, PasteArtwork);
+    key(QKeySequence::Delete, RemoveArtwork);
 }
 
 /// Keeps its room while there is nothing to turn.
@@ -145,7 +169,7 @@ void ArtworkWell::readLater()
         mIsOutOfDate = mIsReading;
         mSelectionRests.stop();
         mShownSongs.clear();
-        return show(ArtworkOfSongs());
+        return showArtwork(ArtworkOfSongs());
     }
     mSelectionRests.start(restOfSelection);
 }
@@ -162,13 +186,13 @@ void ArtworkWell::readArtwork()
         if (std::exchange(mIsOutOfDate, false))
             return readLater();
         mShownSongs = songs;
-        show(artwork);
+        showArtwork(artwork);
     };
     const ArtworkReading reading(mController.selectedSongs());
     runInBackground([reading] { return reading.read(); }, this, then);
 }
 
-void ArtworkWell::show(const ArtworkOfSongs &artwork)
+void ArtworkWell::showArtwork(const ArtworkOfSongs &artwork)
 {
     // The next song of an album shows the same one of several pictures.
     const bool isSame =

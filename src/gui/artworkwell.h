@@ -42,12 +42,13 @@ private:
     };
 
     void setUpParts(const Commands &commands);
+    void setUpMenu(const Commands &commands);
     [[nodiscard]] QWidget *pager();
     [[nodiscard]] QWidget *buttons(const Commands &commands);
     void songsChanged(const SongList &songs);
     void readLater();
     void readArtwork();
-    void show(const ArtworkOfSongs &artwork);
+    void showArtwork(const ArtworkOfSongs &artwork);
     void showPictureAt(qsizetype index);
     void decodePicture();
     void showPicture(const Picture &picture);

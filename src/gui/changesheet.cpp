@@ -95,7 +95,7 @@ ChangeSheet::ChangeSheet(const QString &question, const SongList &songs, const Q
     });
     QString count = qtTrId("ChangeSheetCount").arg(locale().toString(songs.size()));
     if (refused > 0)
-        count += u' ' + qtTrId("ChangeSheetRefused").arg(locale().toString(qlonglong(refused)));
+        count += u'\n' + qtTrId("ChangeSheetRefused").arg(locale().toString(qlonglong(refused)));
     column->addWidget(lineOf(count, this));
     column->addWidget(listOf(songs, this), 1);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);

@@ -10,6 +10,8 @@ class QVBoxLayout;
 
 /// Asks before several songs are changed and shows which. Emits accepted() when the user agrees.
 class ChangeSheet : public QDialog {
+    Q_OBJECT
+
 public:
     /// `proceed` is the text of the button that agrees.
     ChangeSheet(const QString &question, const SongList &songs, const QString &proceed,

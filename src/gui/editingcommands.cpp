@@ -86,7 +86,7 @@ void EditingCommands::connectLyrics()
 {
     using enum MenuCommand;
     QAction &inspector = mCommands[MenuCommand::LyricsInspector];
-    inspector.setChecked(mLyrics->isVisibleTo(&mWindow));
+    inspector.setChecked(mLyrics->isVisible());
     on(MenuCommand::LyricsInspector, [this] { mLyrics->toggle(); });
     connect(mLyrics, &::LyricsInspector::visibilityChanged, &inspector, &QAction::setChecked);
     on(RemoveLyrics, [this] { removeLyrics(mController, mWindow); });

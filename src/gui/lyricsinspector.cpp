@@ -68,6 +68,7 @@ LyricsInspector::LyricsInspector(MainController &controller, QWidget *window)
             &LyricsInspector::selectionChanged);
     connect(&controller, &MainController::songsChanged, this, &LyricsInspector::songsChanged);
     selectionChanged();
+    setAttribute(Qt::WA_ShowWithoutActivating);
     setVisible(lyricsWindow.value(controller.prefs().settings()));
 }
 
@@ -83,7 +84,8 @@ void LyricsInspector::setUpParts()
     column->addWidget(mEditor, 1);
     mNote = new QLabel(this);
     mNote->setWordWrap(true);
-    mNote->setMinimumHeight(mNote->fontMetrics().lineSpacing());
+    mNote->setAlignment(Qt::AlignTop);
+    mNote->setMinimumHeight(2 * mNote->fontMetrics().lineSpacing()); // what comes does not move it
     column->addWidget(mNote);
     column->addWidget(findField());
     column->addWidget(buttons());
@@ -165,7 +167,7 @@ void LyricsInspector::selectionChanged()
     const SongList &songs = mController.selectedSongs();
     mForAll->setEnabled(songs.size() > 1);
     if (songs.size() == 1)
-        return show(songs.front());
+        return showLyricsOf(songs.front());
     mSong = nullptr;
     showHeadline(songs.empty() ? qtTrId("LyricsNoSelection")
                                : qtTrId("SongsSelected").arg(locale().toString(songs.size())),
@@ -178,10 +180,10 @@ void LyricsInspector::songsChanged(const SongList &songs)
 {
     if (mSong && !mEditor->document()->isModified()
         && std::find(songs.begin(), songs.end(), mSong) != songs.end())
-        show(mSong);
+        showLyricsOf(mSong);
 }
 
-void LyricsInspector::show(const Song &song)
+void LyricsInspector::showLyricsOf(const Song &song)
 {
     mSong = song;
     mLyrics = lyricsOf(*song);
@@ -253,7 +255,7 @@ void LyricsInspector::written(const Song &song, const QString &lyrics, const Tag
         return;
     mNotWritten[song] = lyrics;
     if (song == mSong && !mEditor->document()->isModified())
-        show(song);
+        showLyricsOf(song);
 }
 
 void LyricsInspector::cleanUp()
@@ -301,6 +303,7 @@ void LyricsInspector::enterForAll()
 
 void LyricsInspector::toggle()
 {
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
     setVisible(!isVisible());
     remember(isVisible());
 }

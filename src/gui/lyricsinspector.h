@@ -43,7 +43,7 @@ private:
     [[nodiscard]] QWidget *buttons();
     void selectionChanged();
     void songsChanged(const SongList &songs);
-    void show(const Song &song);
+    void showLyricsOf(const Song &song);
     void showHeadline(const QString &title, const QString &artist);
     void showText(const QString &lyrics, bool isEditable, const QString &note);
     [[nodiscard]] QString editedLyrics() const;

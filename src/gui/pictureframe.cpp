@@ -14,8 +14,10 @@ constexpr int aroundHint = 12; // pixels
 PictureFrame::PictureFrame(QWidget *parent)
     : QWidget(parent)
 {
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setFocusPolicy(Qt::TabFocus);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 void PictureFrame::showPicture(const QImage &picture)

@@ -4,7 +4,6 @@
 #include <QMimeData>
 #include <QWidget>
 
-
 /// A well with a picture scaled into it, or a line that says what can be done here. Pictures can be
 /// dropped on it.
 class PictureFrame : public QWidget {
@@ -22,6 +21,9 @@ public:
     [[nodiscard]] const QImage &picture() const { return mPicture; }
     [[nodiscard]] const QString &hint() const { return mHint; }
 
+    /// Square, where there is room.
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] int heightForWidth(int width) const override { return width; }
     [[nodiscard]] QSize sizeHint() const override { return {220, 220}; }
     [[nodiscard]] QSize minimumSizeHint() const override { return {120, 120}; }
 

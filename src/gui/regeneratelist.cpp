@@ -39,6 +39,14 @@ QString keptBy(const Regeneration::Plan &plan)
     return kept.isEmpty() ? qtTrId("RegenerateNothing") : kept.join(QStringLiteral(", "));
 }
 
+/// What is too damaged to be read has no name of its own.
+QString droppedBy(const Regeneration::Plan &plan)
+{
+    return plan.dropped.isEmpty() && !plan.problem.isEmpty()
+        ? qtTrId("RegenerateDamagedPart")
+        : plan.dropped.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 void RegenerateList::setSongs(const SongList &songs)
@@ -168,7 +176,7 @@ QString RegenerateList::textOf(const Row &row, Column column)
         return problemOf(*row.plan);
     if (!row.plan->reason.isEmpty())
         return {};
-    return column == Kept ? keptBy(*row.plan) : row.plan->dropped.join(QStringLiteral(", "));
+    return column == Kept ? keptBy(*row.plan) : droppedBy(*row.plan);
 }
 
 QVariant RegenerateList::data(const QModelIndex &index, int role) const

@@ -11,8 +11,9 @@
 #include <algorithm>
 
 namespace {
-constexpr QSize firstSize(860, 380); // pixels
+constexpr QSize firstSize(980, 380); // pixels
 constexpr int betweenGroups = 12; // pixels
+constexpr int rowMargin = 8; // pixels
 } // namespace
 
 RegeneratePanel::RegeneratePanel(MainController &controller, QWidget *window)
@@ -71,14 +72,15 @@ QTableView *RegeneratePanel::table()
     table->setWordWrap(false);
     table->setTabKeyNavigation(false);
     table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() + rowMargin);
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setStretchLastSection(true);
     const int character = fontMetrics().averageCharWidth();
-    table->setColumnWidth(RegenerateList::Name, character * 30);
-    table->setColumnWidth(RegenerateList::Problem, character * 36);
-    table->setColumnWidth(RegenerateList::Kept, character * 26);
-    table->setColumnWidth(RegenerateList::Dropped, character * 16);
+    table->setColumnWidth(RegenerateList::Name, character * 28);
+    table->setColumnWidth(RegenerateList::Problem, character * 52);
+    table->setColumnWidth(RegenerateList::Kept, character * 30);
+    table->setColumnWidth(RegenerateList::Dropped, character * 20);
     connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &RegeneratePanel::validateInterface);
     return table;

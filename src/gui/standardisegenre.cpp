@@ -62,7 +62,8 @@ QStandardItem *plainItem(const QString &text)
 }
 
 /// Sure ones are chosen at first.
-QList<QStandardItem *> rowOf(const GenreOfSongs &genre, const QLocale &locale)
+QList<QStandardItem *> rowOf(const GenreOfSongs &genre, const QLocale &locale,
+                             const QPalette &palette)
 {
     using Certainty = StandardGenre::Certainty;
     const Certainty certainty = genre.standard.certainty;
@@ -80,6 +81,8 @@ QList<QStandardItem *> rowOf(const GenreOfSongs &genre, const QLocale &locale)
         becomes->setToolTip(qtTrId("ToolTipGenreContained"));
     else if (certainty == Certainty::NearName)
         becomes->setToolTip(qtTrId("ToolTipGenreNear"));
+    else if (certainty == Certainty::Unchanged)
+        becomes->setForeground(palette.placeholderText());
     return {old, songs, becomes};
 }
 
@@ -113,7 +116,7 @@ void StandardiseGenreSheet::fill(const QList<GenreOfSongs> &genres)
         {qtTrId("Genre"), qtTrId("GenreSongs"), qtTrId("GenreBecomes")});
     mModel->horizontalHeaderItem(Songs)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     for (const GenreOfSongs &genre : genres)
-        mModel->appendRow(rowOf(genre, locale()));
+        mModel->appendRow(rowOf(genre, locale(), palette()));
 }
 
 QWidget *StandardiseGenreSheet::table()
@@ -151,6 +154,9 @@ QWidget *StandardiseGenreSheet::buttons()
 /// A genre that the user typed is one to be changed.
 void StandardiseGenreSheet::edited(int row, int column)
 {
+    QStandardItem *becomes = mModel->item(row, NewGenre);
+    if (column == NewGenre && becomes->data(Qt::ForegroundRole).isValid())
+        return becomes->setData({}, Qt::ForegroundRole); // which comes back here
     if (column == NewGenre)
         mModel->item(row, OldGenre)->setCheckState(Qt::Checked);
     showCount();

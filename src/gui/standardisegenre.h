@@ -12,6 +12,8 @@ class QStandardItemModel;
 /// Shows what the genres of songs become by the genre table; the user chooses which are changed
 /// and may choose other genres for them.
 class StandardiseGenreSheet : public QDialog {
+    Q_OBJECT
+
 public:
     StandardiseGenreSheet(const QList<GenreOfSongs> &genres, QWidget *parent);
 

@@ -18,6 +18,7 @@ using TagClipboard::Field;
 using TagClipboard::Tags;
 
 constexpr int columnsOfFields = 2;
+constexpr int insideGroup = 6; // pixels
 
 void tell(const QString &reason, QWidget &window)
 {
@@ -71,6 +72,7 @@ PasteTagsSheet::PasteTagsSheet(const Tags &tags, const SongList &songs, QWidget 
                   songs, qtTrId("PasteTagsProceed"), parent)
 {
     auto *grid = new QGridLayout;
+    grid->setVerticalSpacing(insideGroup);
     for (const Field &field : TagClipboard::fields()) {
         auto *box = new QCheckBox(nameWithValue(field, tags), this);
         box->setChecked(isChosenAtFirst(field, tags, songs));

@@ -8,6 +8,8 @@ class QCheckBox;
 
 /// Asks which fields of copied tags are pasted, and shows into which songs.
 class PasteTagsSheet : public ChangeSheet {
+    Q_OBJECT
+
 public:
     PasteTagsSheet(const TagClipboard::Tags &tags, const SongList &songs, QWidget *parent);
 
