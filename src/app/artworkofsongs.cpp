@@ -8,8 +8,6 @@
 namespace {
 
 constexpr std::size_t mostFilesRead = 20;
-/// How many songs are asked for what is known of them without reading.
-constexpr std::size_t mostSummariesAsked = 1000;
 
 bool haveSameNumberOfImages(const SongList &songs, std::size_t count)
 {
@@ -28,7 +26,7 @@ bool haveSameNumberOfImages(const SongList &songs, std::size_t count)
 ArtworkReading::ArtworkReading(const SongList &songs)
 {
     mKnown.songs = songs.size();
-    mKnown.lookedAt = std::min(songs.size(), mostSummariesAsked);
+    mKnown.lookedAt = std::min(songs.size(), mostSongs);
     mKnown.isMixed = !haveSameNumberOfImages(songs, mKnown.lookedAt);
     for (std::size_t i = 0; i < std::min(songs.size(), mostFilesRead) && !mKnown.isMixed; ++i)
         mEntries.push_back({songs[i]->path(), songs[i]->readOptions()});

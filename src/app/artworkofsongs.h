@@ -16,6 +16,9 @@ struct ArtworkOfSongs {
 /// Whose artwork is to be read: of many songs only the first ones, since each is a file.
 class ArtworkReading {
 public:
+    /// What is known of songs behind these is not asked for.
+    static constexpr std::size_t mostSongs = 1000;
+
     ArtworkReading() = default;
     /// Belongs to the thread of the songs.
     explicit ArtworkReading(const SongList &songs);

@@ -157,8 +157,9 @@ std::optional<ID3Image> ArtworkWell::shownPicture() const
 void ArtworkWell::songsChanged(const SongList &songs)
 {
     const SongList &selected = mController.selectedSongs();
+    const auto lookedAt = std::min(selected.size(), ArtworkReading::mostSongs);
     const std::unordered_set<std::shared_ptr<SongFile>> changed(songs.begin(), songs.end());
-    if (std::any_of(selected.begin(), selected.end(),
+    if (std::any_of(selected.begin(), selected.begin() + static_cast<std::ptrdiff_t>(lookedAt),
                     [&changed](const auto &song) { return changed.contains(song); }))
         readLater();
 }

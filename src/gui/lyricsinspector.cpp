@@ -2,6 +2,7 @@
 
 #include "app/lyricstext.h"
 #include "gui/changesheet.h"
+#include "songs/cachedinfotag.h"
 #include "text/lyricscleanup.h"
 
 #include <QCheckBox>
@@ -358,7 +359,7 @@ void removeLyrics(MainController &controller, QWidget &window)
 {
     SongList songs;
     for (const auto &song : controller.selectedSongs())
-        if (!lyricsOf(*song).isEmpty())
+        if (const AudioInfoTag *tag = song->infotag(); tag && hasLyrics(*tag))
             songs.push_back(song);
     askToChange(qtTrId("LyricsRemoveFromSongs").arg(songs.size()), songs, qtTrId("LyricsRemove"),
                 &window,
