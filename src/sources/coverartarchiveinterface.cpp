@@ -67,7 +67,7 @@ CoverArtArchiveInterface::CoverArtArchiveInterface(SiteDefinition resources, HVH
 {
 }
 
-/// Without the album's name the pictures of any album with the song would do.
+/// Without the name of the album its pictures cannot be told from those of others with the song.
 void CoverArtArchiveInterface::startSearch()
 {
     if (!identifiers().isEmpty())
