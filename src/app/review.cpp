@@ -16,13 +16,6 @@ Review::Review(GatherContext &context, SongWriting &writing, const TagEditing &e
 
 Review::~Review() = default;
 
-int Review::countToWrite() const
-{
-    return static_cast<int>(std::count_if(mSongs.begin(), mSongs.end(), [](const auto &song) {
-        return song.state == ReviewState::Open && song.hasToBeWritten();
-    }));
-}
-
 int Review::rowOf(quint64 id) const
 {
     const auto found =
@@ -51,6 +44,7 @@ void Review::add(const SongOutcome &outcome)
     mIDs[song->song.get()] = song->id;
     mSongs.push_back(*std::move(song));
     keep(mSongs.back());
+    mToWrite += mSongs.back().waits() ? 1 : 0;
     Q_EMIT songAdded(count() - 1);
     makeRoom();
 }
@@ -73,7 +67,9 @@ void Review::drop(const ReviewedSong &song)
 void Review::change(int row, const std::function<void(ReviewedSong &)> &how)
 {
     ReviewedSong &song = mSongs[static_cast<std::size_t>(row)];
+    mToWrite -= song.waits() ? 1 : 0;
     how(song);
+    mToWrite += song.waits() ? 1 : 0;
     Q_EMIT songChanged(row);
 }
 
@@ -90,6 +86,7 @@ void Review::remove(int row)
 {
     Q_EMIT songToBeRemoved(row);
     const ReviewedSong &song = at(row);
+    mToWrite -= song.waits() ? 1 : 0;
     drop(song);
     mIDs.remove(song.song.get());
     mSongs.erase(mSongs.begin() + row);

@@ -34,7 +34,7 @@ public:
     /// Another list takes these records for their paths.
     [[nodiscard]] SongList songs() const;
     /// Songs that are open and have changes to be written.
-    [[nodiscard]] int countToWrite() const;
+    [[nodiscard]] int countToWrite() const { return mToWrite; }
     [[nodiscard]] bool isFull() const { return mIsFull; }
 
     /// Takes what there is to decide about a song, in place of an earlier round with it.
@@ -84,5 +84,6 @@ private:
     qint64 mBytes = 0; ///< without the pictures
     qint64 mMostBytes = mostBytes;
     quint64 mNextID = 1;
+    int mToWrite = 0;
     bool mIsFull = false;
 };

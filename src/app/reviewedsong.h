@@ -30,6 +30,8 @@ struct ReviewedSong {
     /// Whether the file is not yet as the user wants it.
     [[nodiscard]] bool hasToBeWritten() const { return bool(fieldsToWrite()); }
     [[nodiscard]] Assets fieldsToWrite() const { return (accepted ^ written) | stale; }
+    /// The user is to decide whether it is written.
+    [[nodiscard]] bool waits() const { return state == ReviewState::Open && hasToBeWritten(); }
     /// It may make room for others.
     [[nodiscard]] bool isDecided() const { return !isBusy() && (isSettled() || !hasToBeWritten()); }
     [[nodiscard]] bool isSettled() const

@@ -62,6 +62,8 @@ ReviewPanel::ReviewPanel(Review &review, HVHTTPQueue &queue, PrefsController &pr
     column->addWidget(halves, 1);
     column->addWidget(makeButtons());
     mPages->addWidget(content);
+    mValidation.setSingleShot(true);
+    connect(&mValidation, &QTimer::timeout, this, &ReviewPanel::validate);
     connect(&review, &Review::songAdded, this, &ReviewPanel::songAdded);
     connect(&review, &Review::songChanged, this, &ReviewPanel::songChanged);
     connect(&review, &Review::songRemoved, this, &ReviewPanel::showSong);
@@ -101,7 +103,7 @@ QWidget *ReviewPanel::makeSongs()
     connect(mSongs->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &ReviewPanel::showSong);
     connect(mSongs->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &ReviewPanel::validate);
+            [this] { mValidation.start(); });
     return mSongs;
 }
 
@@ -147,7 +149,7 @@ QWidget *ReviewPanel::makeCandidates()
     header->setSectionResizeMode(ReviewCandidatesModel::Fate, QHeaderView::Stretch);
     connect(mCandidates, &QTableView::activated, this, &ReviewPanel::takeAlbum);
     connect(mCandidates->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &ReviewPanel::validate);
+            [this] { mValidation.start(); });
     mTake = makeButton("ReviewTakeAlbum", "ToolTipTakeAlbum", &ReviewPanel::takeAlbum);
     column->addWidget(new QLabel(qtTrId("ReviewCandidates")));
     column->addWidget(mCandidates, 1);
@@ -211,7 +213,7 @@ void ReviewPanel::showSong()
         mFields->setRowHeight(ReviewFieldsModel::rowOfArtwork(), thumbnailSide + rowSpacing);
     mPages->setCurrentIndex(mReview.count() > 0 ? Songs : Empty);
     showReason();
-    validate();
+    mValidation.start();
 }
 
 void ReviewPanel::showReason()
@@ -228,7 +230,7 @@ void ReviewPanel::songAdded()
 {
     if (currentRow() < 0 && mReview.count() > 0)
         mSongs->selectRow(0);
-    validate();
+    mValidation.start();
 }
 
 void ReviewPanel::songChanged(int row)
@@ -238,7 +240,7 @@ void ReviewPanel::songChanged(int row)
         mCandidatesModel.songChanged();
         showReason();
     }
-    validate();
+    mValidation.start();
 }
 
 void ReviewPanel::validate()

@@ -5,6 +5,7 @@
 #include "gui/reviewsongsmodel.h"
 #include "gui/thumbnails.h"
 
+#include <QTimer>
 #include <QWidget>
 
 class PrefsController;
@@ -66,4 +67,5 @@ private:
     QPushButton *mWriteAll = nullptr;
     QPushButton *mClear = nullptr;
     quint64 mShownSong = 0; ///< its id
+    QTimer mValidation; ///< once for all that changes in a turn
 };
