@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(differences(valuesOf(*song->infotag()), review.at(0).change.before), accepted);
         panel.findChild<QPushButton *>(u"ReviewWriteAll"_s)->click();
         QTRY_COMPARE_WITH_TIMEOUT(review.countToWrite(), 0, 60000);
-        QVERIFY(!panel.findChild<QPushButton *>(u"ReviewWriteAll"_s)->isEnabled());
+        QTRY_VERIFY(!panel.findChild<QPushButton *>(u"ReviewWriteAll"_s)->isEnabled());
     }
 
 private:
