@@ -119,14 +119,16 @@ void PreferencesPanel::addSlider(QFormLayout &form, const PixelSlider &slider, c
     control->setRange(slider.lowest, slider.highest);
     control->setSingleStep(sliderStep);
     control->setPageStep(sliderPage);
-    control->setAccessibleName(label);
+    control->setAccessibleName(QString(label).remove(u'&'));
     auto *field = new QLabel;
     field->setObjectName(name + QStringLiteral("Field"));
     field->setMinimumWidth(field->fontMetrics().horizontalAdvance(qtTrId("XPixels").arg(32767)));
     auto *row = new QHBoxLayout;
     row->addWidget(control, 1);
     row->addWidget(field);
-    form.addRow(label, row);
+    auto *title = new QLabel(label);
+    title->setBuddy(control);
+    form.addRow(title, row);
 
     QSettings &settings = mEngine.prefs.settings();
     const auto showText = [this, field, &slider, &settings] {

@@ -3,6 +3,8 @@
 #include <QFontMetrics>
 #include <QHeaderView>
 
+#include <algorithm>
+
 namespace {
 
 const Setting<QByteArray> tableColumns{"songTableColumns", {}};
@@ -39,7 +41,9 @@ void showColumnsAsAtFirst(QHeaderView &header)
         const int section = static_cast<int>(info.column);
         header.moveSection(header.visualIndex(section), section);
         header.setSectionHidden(section, info.shown == SongColumnInfo::Shown::OnDemand);
-        header.resizeSection(section, widthOf(info.column) * character);
+        // A title is longer in some languages.
+        header.resizeSection(
+            section, std::max(widthOf(info.column) * character, header.sectionSizeHint(section)));
     }
 }
 
