@@ -77,10 +77,11 @@ snap() { # window picture
 demo_window() {
     local window
     window=$(window_called "– Tagwright$")
-    xdotool windowsize --sync "$window" 1180 760 windowfocus --sync "$window"
+    settle # the window manager has placed it
+    xdotool windowsize --sync "$window" 1380 820 windowfocus --sync "$window"
     settle
     # A click into the list, with the pointer out of the way afterwards.
-    xdotool mousemove --window "$window" 300 130 click 1 mousemove 1270 850
+    xdotool mousemove --window "$window" 300 130 click 1 mousemove 1435 895
     echo "$window"
 }
 
@@ -90,8 +91,17 @@ gathered() {
     window=$(demo_window)
     keys ctrl+a ctrl+Return
     settle
+    keys Escape # the word on songs of compilations
+    xdotool windowfocus --sync "$window"
     keys Home Down Down
     snap "$window" "$1"
+}
+
+# The review of what the run found.
+review() {
+    gathered "$1"
+    keys ctrl+shift+Return
+    snap "$(window_called "^Review")" "$1"
 }
 
 # One picture from a home, a screen and a program of its own. Runs inside the screen.
@@ -119,7 +129,8 @@ mkdir -p "$pictures"
 for picture in \
     "window light en gathered" \
     "window-dark dark en gathered" \
-    "window-german light de gathered"; do
+    "window-german light de gathered" \
+    "review light en review"; do
     # shellcheck disable=SC2086
-    xvfb-run -a -s "-screen 0 1280x860x24" "$0" --session "$program" $picture
+    xvfb-run -a -s "-screen 0 1440x900x24" "$0" --session "$program" $picture
 done

@@ -281,7 +281,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ColumnTrack">
         <source>Track</source>
-        <translation>Titelnummer</translation>
+        <translation>Track</translation>
     </message>
     <message id="ColumnVersion">
         <source>Tag Version</source>
