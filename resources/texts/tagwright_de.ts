@@ -173,7 +173,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ChangeSheetCount">
         <source>Songs to be changed: %1</source>
-        <translation>Songs, die geändert werden: %1</translation>
+        <translation>Zu ändernde Songs: %1.</translation>
     </message>
     <message id="ChangeSheetRefused">
         <source>Of these, %1 cannot be written and will stay as they are.</source>
@@ -680,8 +680,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Die Wiedergabeliste „%1“ wird geladen …</translation>
     </message>
     <message id="LoadingProgress">
-        <source>Gelesene Titel</source>
-        <translation>Gelesene Titel</translation>
+        <source>Songs read</source>
+        <translation>Gelesene Songs</translation>
     </message>
     <message id="LogCancelled">
         <source>Gathering was cancelled</source>
@@ -696,8 +696,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>%1 für „%2“ gefunden</translation>
     </message>
     <message id="LogNothingUnanswered">
-        <source>Kein Titel wartet darauf, dass noch einmal gefragt wird</source>
-        <translation>Kein Titel wartet darauf, dass noch einmal gefragt wird</translation>
+        <source>No song waits to be asked about again</source>
+        <translation>Kein Song wartet darauf, erneut gefragt zu werden</translation>
     </message>
     <message id="LogPausedForReview">
         <source>Gathering waits: %1 songs are to be reviewed first</source>
@@ -1341,7 +1341,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="RegenerateDamagedPart">
         <source>What is damaged</source>
-        <translation>Das Beschädigte</translation>
+        <translation>Was beschädigt ist</translation>
     </message>
     <message id="RegenerateDone">
         <source>Regenerated</source>

@@ -173,7 +173,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ChangeSheetCount">
         <source>Songs to be changed: %1</source>
-        <translation>Morceaux qui seront modifiés : %1</translation>
+        <translation>Morceaux à modifier : %1.</translation>
     </message>
     <message id="ChangeSheetRefused">
         <source>Of these, %1 cannot be written and will stay as they are.</source>
@@ -680,7 +680,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Chargement de la liste de lecture « %1 »…</translation>
     </message>
     <message id="LoadingProgress">
-        <source>Morceaux lus</source>
+        <source>Songs read</source>
         <translation>Morceaux lus</translation>
     </message>
     <message id="LogCancelled">
@@ -696,7 +696,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>%1 trouvé pour « %2 »</translation>
     </message>
     <message id="LogNothingUnanswered">
-        <source>Aucun morceau n’attend d’être redemandé</source>
+        <source>No song waits to be asked about again</source>
         <translation>Aucun morceau n’attend d’être redemandé</translation>
     </message>
     <message id="LogPausedForReview">
@@ -1341,7 +1341,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="RegenerateDamagedPart">
         <source>What is damaged</source>
-        <translation>La partie endommagée</translation>
+        <translation>Ce qui est endommagé</translation>
     </message>
     <message id="RegenerateDone">
         <source>Regenerated</source>
