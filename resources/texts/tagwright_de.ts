@@ -1251,6 +1251,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Preferences</source>
         <translation>Einstellungen</translation>
     </message>
+    <message id="PreferencesUseDeezer">
+        <source>Auch &amp;Deezer fragen</source>
+        <translation>Auch &amp;Deezer fragen</translation>
+    </message>
     <message id="PreferencesUseDefaults">
         <source>Use Defaults</source>
         <translation>Standardwerte</translation>

@@ -1251,6 +1251,10 @@ The selected songs have different artwork</translation>
         <source>Preferences</source>
         <translation>Preferences</translation>
     </message>
+    <message id="PreferencesUseDeezer">
+        <source>Also ask &amp;Deezer</source>
+        <translation>Also ask &amp;Deezer</translation>
+    </message>
     <message id="PreferencesUseDefaults">
         <source>Use Defaults</source>
         <translation>Use Defaults</translation>

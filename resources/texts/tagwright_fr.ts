@@ -1251,6 +1251,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Preferences</source>
         <translation>Préférences</translation>
     </message>
+    <message id="PreferencesUseDeezer">
+        <source>Interroger aussi &amp;Deezer</source>
+        <translation>Interroger aussi &amp;Deezer</translation>
+    </message>
     <message id="PreferencesUseDefaults">
         <source>Use Defaults</source>
         <translation>Valeurs par défaut</translation>

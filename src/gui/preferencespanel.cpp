@@ -236,6 +236,8 @@ QWidget *PreferencesPanel::sourcesPage()
     column->addLayout(form);
 
     column->addSpacing(betweenGroups);
+    addCheckBox(*column, qtTrId("PreferencesUseDeezer"), QStringLiteral("useDeezerButton"),
+                preferences::useDeezer);
     addCheckBox(*column, qtTrId("PreferencesSyncedLyrics"), QStringLiteral("syncedLyricsButton"),
                 preferences::syncedLyrics);
     column->addStretch();
