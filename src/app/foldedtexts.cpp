@@ -7,17 +7,23 @@ namespace {
 void appendFolded(QStringView text, QString &to)
 {
     constexpr char16_t endOfAscii = 0x80;
+    const qsizetype before = to.size();
+    to.resize(before + text.size()); // folding one character keeps its length
+    QChar *out = to.data() + before;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i].unicode();
+        const bool isPair =
+            text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
         if (unit < endOfAscii) {
-            to += unit >= u'A' && unit <= u'Z' ? QChar(unit + (u'a' - u'A')) : QChar(unit);
-        } else if (i + 1 < text.size() && text[i].isHighSurrogate()
-                   && text[i + 1].isLowSurrogate()) {
-            to +=
-                QChar::fromUcs4(QChar::toCaseFolded(QChar::surrogateToUcs4(text[i], text[i + 1])));
+            *out++ = unit >= u'A' && unit <= u'Z' ? QChar(unit + (u'a' - u'A')) : QChar(unit);
+        } else if (isPair) {
+            const char32_t folded =
+                QChar::toCaseFolded(QChar::surrogateToUcs4(text[i], text[i + 1]));
+            *out++ = QChar(QChar::highSurrogate(folded));
+            *out++ = QChar(QChar::lowSurrogate(folded));
             ++i;
         } else {
-            to += QChar::fromUcs4(QChar::toCaseFolded(char32_t{unit}));
+            *out++ = QChar(text[i].toCaseFolded());
         }
     }
 }
@@ -62,15 +68,9 @@ std::vector<bool> FoldedTexts::contain(QStringView needle) const
 
 quint32 TextPool::numberOf(const QString &text)
 {
-    if (text.constData() == mLast.constData() && text.size() == mLast.size() && !text.isEmpty())
-        return mLastNumber;
-    const qsizetype before = mNumbers.size();
-    quint32 &number = mNumbers[text];
-    if (mNumbers.size() > before) {
-        number = static_cast<quint32>(before);
+    if (mTexts.size() == 0 || text != mLast) {
         mTexts.append(text);
+        mLast = text;
     }
-    mLast = text;
-    mLastNumber = number;
-    return number;
+    return static_cast<quint32>(mTexts.size() - 1);
 }

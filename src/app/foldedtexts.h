@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -14,6 +13,8 @@ class FoldedTexts {
 public:
     void append(QStringView text);
     [[nodiscard]] qsizetype size() const { return mEnds.size(); }
+    /// Of all texts together.
+    [[nodiscard]] qsizetype length() const { return mFolded.size(); }
     [[nodiscard]] QStringView at(qsizetype number) const;
     /// For each text whether it contains `needle`, which is folded and not empty.
     [[nodiscard]] std::vector<bool> contain(QStringView needle) const;
@@ -28,15 +29,14 @@ private:
     QList<qsizetype> mEnds;
 };
 
-/// Gives each distinct text a number, from 0 on.
+/// Numbers texts, from 0 on. The same text twice in a row, as neighbouring songs have it, is held
+/// once; looking for others of the same text would cost more than it saves.
 class TextPool {
 public:
     [[nodiscard]] quint32 numberOf(const QString &text);
     [[nodiscard]] const FoldedTexts &texts() const { return mTexts; }
 
 private:
-    QHash<QString, quint32> mNumbers;
     FoldedTexts mTexts;
-    QString mLast; ///< neighbouring songs share texts
-    quint32 mLastNumber = 0;
+    QString mLast;
 };

@@ -13,7 +13,7 @@ using enum SongColumnInfo::Shown;
 constexpr std::array<SongColumnInfo, songColumnCount> columns{{
     {SongColumn::Activity, "active", "ColumnActivity", SongOrder::compareActivity, Icon, Always,
      std::nullopt},
-    {SongColumn::Index, "index", "ColumnIndex", SongOrder::compareIndex, Number, AtFirst,
+    {SongColumn::Index, "index", "ColumnIndex", SongOrder::compareIndex, Number, InPlaylists,
      std::nullopt},
     {SongColumn::Title, "title", "ColumnTitle", SongOrder::compareTitle, Text, Always,
      TagText::Title},

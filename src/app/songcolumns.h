@@ -27,7 +27,7 @@ inline constexpr int songColumnCount = 13;
 
 struct SongColumnInfo {
     enum class Kind { Icon, Text, Number, Mark };
-    enum class Shown { Always, AtFirst, OnDemand };
+    enum class Shown { Always, AtFirst, OnDemand, InPlaylists };
 
     SongColumn column;
     const char *identifier; ///< in the settings

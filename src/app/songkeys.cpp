@@ -122,11 +122,19 @@ void SongKeys::songChanged(qsizetype position, SongFile &song)
         if (position >= column.count)
             continue;
         if (index < textKeyCount)
-            column.keys.textNumbers[position] =
-                numberOfText(column.pool, textOf(song, textGetters.at(index)));
+            changeText(column, position, textOf(song, textGetters.at(index)));
         else
             column.keys.numbers[position] = numberOf(static_cast<SongKey>(index), song);
     }
+}
+
+/// Old texts stay; of a column with more of them than songs, the keys are made again.
+void SongKeys::changeText(Column &column, qsizetype position, const std::optional<QString> &text)
+{
+    constexpr qsizetype mostOldTexts = 1'000; // of a short list
+    column.keys.textNumbers[position] = numberOfText(column.pool, text);
+    if (column.pool.texts().size() > 2 * column.count + mostOldTexts)
+        column = {};
 }
 
 void SongKeys::forget(SongKey key)

@@ -43,7 +43,7 @@ struct SongKeyColumn {
 };
 
 /// The keys of the songs of a list, made when they are first needed and kept since then: each song
-/// is asked for a field once, and each distinct text is folded and ranked once.
+/// is asked for a field once, and its text is folded and ranked once.
 class SongKeys {
 public:
     void clear();
@@ -68,6 +68,7 @@ private:
     };
 
     static void add(Column &column, SongKey key, SongFile &song);
+    static void changeText(Column &column, qsizetype position, const std::optional<QString> &text);
     [[nodiscard]] Column &columnOf(SongKey key);
 
     std::array<Column, songKeyCount> mColumns;

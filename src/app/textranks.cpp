@@ -3,7 +3,7 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <cstring>
+#include <memory>
 #include <span>
 
 namespace {
@@ -16,13 +16,16 @@ constexpr std::size_t wordBytes = sizeof(quint64);
 /// which keeps the order of code points. No byte is 0, so that 0 can stand for the end.
 class KeyWriter {
 public:
-    KeyWriter(std::vector<Byte> &to, Digits digits)
+    KeyWriter(Byte *to, Digits digits)
         : mTo(to)
         , mDigits(digits)
     {
     }
 
-    void write(QStringView text)
+    /// No more than `mostBytes` for each unit of the text, and an end.
+    static constexpr std::size_t mostBytes = 3;
+    /// Returns what is behind the key.
+    Byte *write(QStringView text)
     {
         while (!text.isEmpty()) {
             if (mDigits == Digits::AsNumbers && isDigit(text.front()))
@@ -30,6 +33,8 @@ public:
             else
                 takeCharacter(text);
         }
+        put(0);
+        return mTo;
     }
 
 private:
@@ -86,11 +91,11 @@ private:
             put(0x80 | (character >> (6 * byte) & 0x3F));
     }
 
-    void put(char32_t byte) { mTo.push_back(static_cast<Byte>(byte)); }
+    void put(char32_t byte) { *mTo++ = static_cast<Byte>(byte); }
 
     static constexpr qsizetype maxCount = 254;
 
-    std::vector<Byte> &mTo;
+    Byte *mTo;
     Digits mDigits;
 };
 
@@ -98,20 +103,20 @@ private:
 class KeyRanking {
 public:
     KeyRanking(const FoldedTexts &texts, Digits digits)
+        : mKeys(new Byte[KeyWriter::mostBytes * static_cast<std::size_t>(texts.length())
+                         + static_cast<std::size_t>(texts.size()) + wordBytes])
+        , mItems(static_cast<std::size_t>(texts.size()))
+        , mRanks(texts.size())
     {
-        const auto count = static_cast<std::size_t>(texts.size());
-        mBegins.reserve(count);
-        KeyWriter writer(mKeys, digits);
+        mBegins.reserve(mItems.size());
+        KeyWriter writer(mKeys.get(), digits);
+        Byte *end = mKeys.get();
         for (qsizetype number = 0; number < texts.size(); ++number) {
-            mBegins.push_back(mKeys.size());
-            writer.write(texts.at(number));
-            mKeys.push_back(0);
+            mBegins.push_back(end);
+            end = writer.write(texts.at(number));
+            mItems[static_cast<std::size_t>(number)].number = static_cast<quint32>(number);
         }
-        mKeys.insert(mKeys.end(), wordBytes, 0); // words may be read beyond the last key
-        mItems.resize(count);
-        for (std::size_t number = 0; number < count; ++number)
-            mItems[number].number = static_cast<quint32>(number);
-        mRanks.resize(texts.size());
+        std::fill_n(end, wordBytes, Byte{0}); // words may be read beyond the last key
     }
 
     QList<quint32> ranks()
@@ -128,9 +133,9 @@ private:
     using Items = std::span<Item>;
 
     /// Bytes behind the end of the key are 0.
-    [[nodiscard]] quint64 wordAt(std::size_t place) const
+    [[nodiscard]] static quint64 wordAt(const Byte *place)
     {
-        const auto word = qFromBigEndian<quint64>(&mKeys[place]);
+        const auto word = qFromBigEndian<quint64>(place);
         constexpr quint64 ones = 0x0101010101010101;
         constexpr quint64 highBits = 0x8080808080808080;
         if (((word - ones) & ~word & highBits) == 0)
@@ -181,8 +186,8 @@ private:
         ++mNext;
     }
 
-    std::vector<Byte> mKeys; ///< each ends with a 0
-    std::vector<std::size_t> mBegins;
+    std::unique_ptr<Byte[]> mKeys; ///< each ends with a 0
+    std::vector<const Byte *> mBegins;
     std::vector<Item> mItems;
     QList<quint32> mRanks;
     quint32 mNext = 0;

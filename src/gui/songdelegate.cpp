@@ -14,6 +14,9 @@ SongColumnInfo::Kind kindOf(const QModelIndex &index)
     return infoOf(static_cast<SongColumn>(index.column())).kind;
 }
 
+/// Numbers end at the right, where the text of the next column begins.
+constexpr QChar roomBehindNumbers(0x2002); // en space
+
 bool isCutOff(const QStyleOptionViewItem &option, const QStyledItemDelegate &delegate,
               const QModelIndex &index)
 {
@@ -31,9 +34,15 @@ QString shownLiterally(const QString &text)
 void SongDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    using enum SongColumnInfo::Kind;
+    const auto kind = kindOf(index);
     option->textElideMode = Qt::ElideRight;
-    if (kindOf(index) == SongColumnInfo::Kind::Icon || kindOf(index) == SongColumnInfo::Kind::Mark)
+    if (kind == Icon || kind == Mark)
         option->decorationAlignment = Qt::AlignCenter;
+    if (kind == Icon)
+        option->state.setFlag(QStyle::State_HasFocus, false); // a frame round no text
+    if (kind == Number)
+        option->text += roomBehindNumbers;
 }
 
 QWidget *SongDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,

@@ -65,6 +65,7 @@ SongTable::SongTable(MainController &controller, QWidget *parent)
     connect(&mModel, &QAbstractItemModel::modelAboutToBeReset, this, &SongTable::rememberSelection);
     connect(&mModel, &QAbstractItemModel::modelReset, this, &SongTable::restoreSelection);
     connect(&controller.shownSongs(), &VisibleSongs::sortingChanged, this, &SongTable::showSorting);
+    connect(&controller, &MainController::sourceChanged, this, &SongTable::showIndexOfPlaylist);
     connect(&controller.songs(), &LoadedSongs::loadFinished, viewport(),
             [this] { viewport()->update(); });
 }
@@ -128,7 +129,8 @@ void SongTable::saveColumns() const
 void SongTable::fillColumnsMenu(QMenu &menu)
 {
     for (const SongColumnInfo &info : songColumns()) {
-        if (info.shown == SongColumnInfo::Shown::Always)
+        if (info.shown == SongColumnInfo::Shown::Always
+            || info.shown == SongColumnInfo::Shown::InPlaylists)
             continue;
         const int section = static_cast<int>(info.column);
         QAction *action = menu.addAction(qtTrId(info.title));
@@ -138,8 +140,17 @@ void SongTable::fillColumnsMenu(QMenu &menu)
                 [this, section](bool isShown) { setColumnHidden(section, !isShown); });
     }
     menu.addSeparator();
-    menu.addAction(qtTrId("ColumnsRestore"), this,
-                   [this] { showColumnsAsAtFirst(*horizontalHeader()); });
+    menu.addAction(qtTrId("ColumnsRestore"), this, [this] {
+        showColumnsAsAtFirst(*horizontalHeader());
+        showIndexOfPlaylist();
+    });
+}
+
+/// Elsewhere there is no index.
+void SongTable::showIndexOfPlaylist()
+{
+    const bool isPlaylist = mController.songs().source().kind == SourceKind::Playlist;
+    setColumnHidden(static_cast<int>(SongColumn::Index), !isPlaylist);
 }
 
 /// A second click turns the order round.

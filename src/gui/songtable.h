@@ -48,6 +48,7 @@ private:
     void saveColumns() const;
     void sortByColumn(int section);
     void showSorting();
+    void showIndexOfPlaylist();
 
     void changeSongs(int row, SongColumn column, const TagValues &values);
     [[nodiscard]] SongList songsToChange(int row) const;

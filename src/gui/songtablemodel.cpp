@@ -114,10 +114,9 @@ QVariant SongTableModel::headerData(int section, Qt::Orientation orientation, in
     if (orientation != Qt::Horizontal)
         return {};
     const SongColumnInfo &info = infoOf(columnOf(section));
-    const bool isIcon = info.kind == SongColumnInfo::Kind::Icon;
     switch (role) {
     case Qt::DisplayRole:
-        return isIcon ? QString() : qtTrId(info.title);
+        return info.kind == SongColumnInfo::Kind::Icon ? QString() : qtTrId(info.title);
     case Qt::ToolTipRole:
     case Qt::AccessibleTextRole:
         return qtTrId(info.title);

@@ -25,7 +25,6 @@ int widthOf(SongColumn column)
     case SongColumn::Genre:
         return 14;
     case SongColumn::Artwork:
-    case SongColumn::Compilation:
         return 12;
     default:
         return 9;
@@ -40,7 +39,9 @@ void showColumnsAsAtFirst(QHeaderView &header)
     for (const SongColumnInfo &info : songColumns()) {
         const int section = static_cast<int>(info.column);
         header.moveSection(header.visualIndex(section), section);
-        header.setSectionHidden(section, info.shown == SongColumnInfo::Shown::OnDemand);
+        header.setSectionHidden(section,
+                                info.shown == SongColumnInfo::Shown::OnDemand
+                                    || info.shown == SongColumnInfo::Shown::InPlaylists);
         // A title is longer in some languages.
         header.resizeSection(
             section, std::max(widthOf(info.column) * character, header.sectionSizeHint(section)));
