@@ -9,6 +9,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <malloc.h>
 #include <numeric>
 
 namespace {
@@ -137,12 +138,20 @@ const QStringList &typedTexts()
     return texts;
 }
 
+double bytesInUse()
+{
+    const auto info = mallinfo2();
+    return static_cast<double>(info.uordblks + info.hblkhd);
+}
+
 void filterKeystroke(benchmark::State &state)
 {
     const SongList &songs = songsOf(state);
     SongKeys keys;
+    const double before = bytesInUse();
     if (!keys.makeKeys(songs, keysOfFilter()))
         state.SkipWithError("no keys");
+    state.counters["bytesOfSong"] = (bytesInUse() - before) / static_cast<double>(songs.size());
     const QString &text = typedTexts().at(state.range(1));
     for (auto _ : state)
         benchmark::DoNotOptimize(songsThatMatch(text, filterColumns(keys)));
