@@ -1252,7 +1252,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Einstellungen</translation>
     </message>
     <message id="PreferencesUseDeezer">
-        <source>Auch &amp;Deezer fragen</source>
+        <source>Also ask &amp;Deezer</source>
         <translation>Auch &amp;Deezer fragen</translation>
     </message>
     <message id="PreferencesUseDefaults">

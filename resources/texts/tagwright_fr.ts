@@ -1252,7 +1252,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Préférences</translation>
     </message>
     <message id="PreferencesUseDeezer">
-        <source>Interroger aussi &amp;Deezer</source>
+        <source>Also ask &amp;Deezer</source>
         <translation>Interroger aussi &amp;Deezer</translation>
     </message>
     <message id="PreferencesUseDefaults">
