@@ -823,6 +823,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>C&amp;lear Log</source>
         <translation>Protokoll &amp;leeren</translation>
     </message>
+    <message id="MenuColumns">
+        <source>C&amp;olumns</source>
+        <translation>Spa&amp;lten</translation>
+    </message>
     <message id="MenuCopyLog">
         <source>&amp;Copy Log</source>
         <translation>Protokoll &amp;kopieren</translation>

@@ -823,6 +823,10 @@ The selected songs have different artwork</translation>
         <source>C&amp;lear Log</source>
         <translation>C&amp;lear Log</translation>
     </message>
+    <message id="MenuColumns">
+        <source>C&amp;olumns</source>
+        <translation>C&amp;olumns</translation>
+    </message>
     <message id="MenuCopyLog">
         <source>&amp;Copy Log</source>
         <translation>&amp;Copy Log</translation>

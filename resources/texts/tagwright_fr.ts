@@ -823,6 +823,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>C&amp;lear Log</source>
         <translation>&amp;Effacer le journal</translation>
     </message>
+    <message id="MenuColumns">
+        <source>C&amp;olumns</source>
+        <translation>C&amp;olonnes</translation>
+    </message>
     <message id="MenuCopyLog">
         <source>&amp;Copy Log</source>
         <translation>&amp;Copier le journal</translation>

@@ -88,21 +88,29 @@ SongKeys::Column &SongKeys::columnOf(SongKey key)
     return mColumns.at(indexOf(key));
 }
 
+/// All keys of some songs at a time: these songs are in the processor's cache then.
 bool SongKeys::makeKeys(const SongList &songs, const SongKeyList &keys, QDeadlineTimer deadline)
 {
-    constexpr qsizetype betweenLooks = 256; // songs, at the clock
+    constexpr qsizetype atATime = 256; // songs
     const auto size = static_cast<qsizetype>(songs.size());
-    for (const SongKey key : keys) {
-        Column &column = columnOf(key);
-        while (column.count < size) {
-            const qsizetype end = std::min(size, column.count + betweenLooks);
-            for (; column.count < end; ++column.count)
-                add(column, key, *songs[static_cast<std::size_t>(column.count)]);
-            if (deadline.hasExpired())
-                return false;
-        }
+    qsizetype end = size;
+    for (const SongKey key : keys)
+        end = std::min(end, columnOf(key).count);
+    while (end < size) {
+        end = std::min(size, end + atATime);
+        for (const SongKey key : keys)
+            addUpTo(end, songs, key);
+        if (deadline.hasExpired())
+            return end == size;
     }
     return true;
+}
+
+void SongKeys::addUpTo(qsizetype end, const SongList &songs, SongKey key)
+{
+    Column &column = columnOf(key);
+    for (; column.count < end; ++column.count)
+        add(column, key, *songs[static_cast<std::size_t>(column.count)]);
 }
 
 void SongKeys::add(Column &column, SongKey key, SongFile &song)

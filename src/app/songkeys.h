@@ -67,6 +67,7 @@ private:
         qsizetype count = 0; ///< songs, from the first on
     };
 
+    void addUpTo(qsizetype end, const SongList &songs, SongKey key);
     static void add(Column &column, SongKey key, SongFile &song);
     static void changeText(Column &column, qsizetype position, const std::optional<QString> &text);
     [[nodiscard]] Column &columnOf(SongKey key);

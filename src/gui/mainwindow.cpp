@@ -20,6 +20,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
 #include <QSplitter>
@@ -143,6 +144,23 @@ void MainWindow::connectSongTable()
         else
             Q_EMIT filesDropped(paths);
     });
+    connect(mSongTable, &SongTable::contextMenuWanted, this, &MainWindow::showSongsMenu);
+}
+
+/// What can be done with the selected songs.
+void MainWindow::showSongsMenu(QPoint position)
+{
+    using enum MenuCommand;
+    QMenu menu(this);
+    menu.addActions({&mCommands[Begin], &mCommands[RevealFile]});
+    menu.addSeparator();
+    menu.addActions({&mCommands[CopyTags], &mCommands[PasteTags], &mCommands[StandardiseGenre]});
+    menu.addSeparator();
+    menu.addActions({&mCommands[AddArtwork], &mCommands[PasteArtwork], &mCommands[RemoveArtwork],
+                     &mCommands[RemoveLyrics]});
+    menu.addSeparator();
+    mSongTable->fillColumnsMenu(*menu.addMenu(qtTrId("MenuColumns")));
+    menu.exec(position);
 }
 
 void MainWindow::validateInterface()

@@ -35,6 +35,7 @@ private:
     void setUpParts();
     void connectCommands();
     void connectSongTable();
+    void showSongsMenu(QPoint position);
     /// Enables what can be done now.
     void validateInterface();
     void showTitle();
