@@ -43,9 +43,13 @@ void MusicBrainzInterface::lookUp(const QUrl &address)
     addSearchURL(address, [this](const FetchResult &result) { gotRelease(result); });
 }
 
+/// Of a service that fails nothing further is asked: the next release would be a worse one, and the
+/// song would keep it.
 void MusicBrainzInterface::gotRelease(const FetchResult &result)
 {
     const auto page = jsonPage(result);
+    if (!page && result.status != 404)
+        return;
     auto record = page ? releaseRecordOf(page->object()) : std::nullopt;
     if (record) {
         shelf().put(*record, result.url);

@@ -145,6 +145,13 @@ private Q_SLOTS:
              {lookUp(u"1"_s), record(u"1"_s, u"Ebb"_s)},
              {lookUp(u"2"_s), record(u"2"_s, two)}},
             {found2007}, 3);
+        row("no worse edition where the look-up fails", {},
+            {{byAlbum,
+              releases({found(u"'id':'@1','date':'2007'"_s),
+                        found(u"'id':'@2','track-count':9,'date':'2010'"_s)})},
+             {lookUp(u"1"_s), u"<p>busy</p>"_s},
+             {lookUp(u"2"_s), record(u"2"_s, two)}},
+            {}, 2);
         row("other edition's name", {.album = u"Salt & Iron (Live) [Bonus]"_s},
             {{QString(byAlbum).replace(u"iron"_s, u"iron%20%5C%28live%5C%29%20%5C%5Bbonus%5C%5D"_s),
               releases({one})},
