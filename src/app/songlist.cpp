@@ -37,6 +37,7 @@ LoadedSongs::~LoadedSongs()
 void LoadedSongs::load(SongSource source, const ReadOptions &options, const SongList &reused)
 {
     abandonReading();
+    Q_EMIT aboutToBeCleared();
     mSource = std::move(source);
     SongList discarded = std::exchange(mAllSongs, {});
     mCorruptSongs.clear();

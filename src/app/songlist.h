@@ -40,6 +40,8 @@ public:
     [[nodiscard]] bool isWorthShowingProgress() const;
 
 Q_SIGNALS:
+    /// The songs are still there.
+    void aboutToBeCleared();
     void cleared();
     /// The last `count` of allSongs() are new.
     void songsAdded(qsizetype count);

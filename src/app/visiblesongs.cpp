@@ -36,7 +36,7 @@ VisibleSongs::VisibleSongs(LoadedSongs &loaded)
 {
     mNextTurn.setSingleShot(true);
     connect(&mNextTurn, &QTimer::timeout, this, &VisibleSongs::work);
-    connect(&loaded, &LoadedSongs::cleared, this, &VisibleSongs::clear);
+    connect(&loaded, &LoadedSongs::aboutToBeCleared, this, &VisibleSongs::clear);
     connect(&loaded, &LoadedSongs::songsAdded, this, &VisibleSongs::append);
     connect(&loaded, &LoadedSongs::loadFinished, this, &VisibleSongs::finishLoading);
     append(static_cast<qsizetype>(loaded.allSongs().size()));

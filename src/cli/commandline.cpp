@@ -86,6 +86,7 @@ private:
     static void addSwitch(CLI::App &command, const char *on, const char *off,
                           const std::function<void(bool)> &set, const char *help);
     void sortPositionals();
+    void checkPathsAlone() const;
     void checkGatherSources() const;
 
     CLI::App mApp{"Finds on the web what the tags of your songs lack, and writes it into them.",
@@ -99,6 +100,7 @@ Parser::Parser(std::string_view command)
     mApp.set_version_flag("--version", "tagwright " TAGWRIGHT_VERSION);
     mApp.add_flag("--verbose", mArguments.verbose, "Write diagnostics to standard error");
     mApp.require_subcommand(0, 1);
+    mApp.add_option("PATH", mPositionals, "Songs and folders to fill in, in a small window");
     addShow();
     // The most called command is to start at once, and building the others' options takes time.
     if (command == "show")
@@ -316,11 +318,22 @@ void Parser::sortPositionals()
         throw CLI::ValidationError("set: no FIELD=VALUE was given");
     if (isSet && mArguments.paths.isEmpty())
         throw CLI::ValidationError("set: no PATH was given");
+    if (mArguments.command == Command::None)
+        checkPathsAlone();
     if (mArguments.command == Command::Sites && mArguments.sites == SitesAction::Update
         && mArguments.definitions)
         throw CLI::ValidationError("sites update: the definitions in a file are not updated");
     if (mArguments.command == Command::Gather)
         checkGatherSources();
+}
+
+/// A mistyped command is told as such, before a window opens for it.
+void Parser::checkPathsAlone() const
+{
+    for (const QString &path : mArguments.paths)
+        if (!QFile::exists(path))
+            throw CLI::ValidationError(path.toStdString()
+                                       + ": there is no such command, file or folder");
 }
 
 void Parser::checkGatherSources() const

@@ -123,7 +123,10 @@ void MainWindow::connectCommands()
                            qtTrId("AboutText").arg(QStringLiteral(TAGWRIGHT_VERSION)));
     });
     connect(mSourcePopUp, &SourcePopUp::folderWanted, this, &MainWindow::openFolder);
-    connect(&mController, &MainController::sourceChanged, this, &MainWindow::showTitle);
+    connect(&mController, &MainController::sourceChanged, this, [this] {
+        showTitle();
+        mSongTable->setFocus(Qt::OtherFocusReason);
+    });
     connect(&mController, &MainController::playlistNotFound, this,
             &MainWindow::showPlaylistNotFound);
     connect(&mController, &MainController::selectionChanged, this, &MainWindow::validateInterface);

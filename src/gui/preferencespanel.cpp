@@ -75,6 +75,8 @@ PreferencesPanel::PreferencesPanel(Engine &engine, QWidget *parent)
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     QPushButton *defaults =
         buttons->addButton(qtTrId("PreferencesUseDefaults"), QDialogButtonBox::ResetRole);
+    defaults->setAutoDefault(false); // Return must not reset anything
+    buttons->button(QDialogButtonBox::Close)->setDefault(true);
     connect(defaults, &QPushButton::clicked, this, &PreferencesPanel::useDefaults);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     auto *column = new QVBoxLayout(this);

@@ -45,6 +45,7 @@ CompilationWarning::CompilationWarning(PrefsController &prefs, QWidget *parent)
             [this](bool isOn) { preferences::dontWarnCompilation.set(mPrefs.settings(), isOn); });
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
+    setAttribute(Qt::WA_ShowWithoutActivating); // the run goes on, and so does the user
     auto *column = new QVBoxLayout(this);
     column->addWidget(mText);
     column->addWidget(dontWarn);

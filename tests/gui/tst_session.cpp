@@ -136,6 +136,16 @@ private Q_SLOTS:
         QTEST(panel.findChild<QLabel *>(slider + u"Field"_s)->text(), "shown");
     }
 
+    void returnKeyResetsNothing()
+    {
+        Ground ground;
+        PreferencesPanel panel(ground.engine, nullptr);
+        panel.orderFrontPreferencesPanel();
+        panel.findChild<QSlider *>(u"minSizeSlider"_s)->setValue(140);
+        QTest::keyClick(&panel, Qt::Key_Return);
+        QCOMPARE(ground.engine.prefs.gatheringOptions().minimumImageSize, 140.0);
+    }
+
     void noteWarnsOfSmallerArtwork()
     {
         Ground ground;

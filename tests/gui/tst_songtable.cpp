@@ -86,6 +86,15 @@ private Q_SLOTS:
         QCOMPARE(mController->selectedSongs(), SongList{song(u"Take 10"_s)});
     }
 
+    void reloadWithACurrentSong()
+    {
+        const int rows = mTable->model()->rowCount();
+        mTable->setCurrentIndex(mTable->model()->index(rows - 1, 1));
+        load();
+        QCOMPARE(mTable->model()->rowCount(), rows);
+        QVERIFY(!mTable->currentIndex().isValid());
+    }
+
     void typedValueIsWrittenAndUndone()
     {
         clickHeader(SongColumn::Title);
