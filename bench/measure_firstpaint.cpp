@@ -1,13 +1,13 @@
 // How long a window takes to its first painting: "bare", an empty main window of Qt, or "main",
 // ours with all that stands behind it. Ends once it was painted; started and timed from outside.
 
-#include "base/inplacefile.h"
 #include "base/log.h"
 #include "base/texts.h"
 #include "gui/icons.h"
-#include "gui/session.h"
+#include "gui/windowprogram.h"
 
 #include <QApplication>
+#include <QMainWindow>
 #include <QTimer>
 
 #include <cstdio>
@@ -44,13 +44,5 @@ int main(int argc, char **argv)
     QGuiApplication::setWindowIcon(icon(QStringLiteral("tagwright")));
     installDiagnostics(Diagnostics::ToLogFile);
     installTexts(TextLanguage::OfTheSystem);
-    if (SingleInstance::handOver({}))
-        return 1;
-    recoverInterruptedWrites();
-    Engine engine;
-    engine.start(Engine::Definitions::Live);
-    Session session(engine);
-    session.listen();
-    session.openMainWindow();
-    return QApplication::exec();
+    return runWindow({});
 }

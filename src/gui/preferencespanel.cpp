@@ -1,6 +1,7 @@
 #include "gui/preferencespanel.h"
 
 #include "app/pixelslider.h"
+#include "gui/hintlabel.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -26,19 +27,9 @@ constexpr int sliderStep = 10; // pixels
 constexpr int sliderPage = 100; // pixels
 constexpr int betweenGroups = 12; // pixels
 
-/// What explains a control, below it: smaller in weight, not in size.
-QLabel *hint(const QString &text)
-{
-    auto *label = new QLabel(text);
-    label->setWordWrap(true);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    return label;
-}
-
 QLabel *heading(const QString &text)
 {
-    auto *label = new QLabel(QStringLiteral("<b>%1</b>").arg(text.toHtmlEscaped()));
-    return label;
+    return new QLabel(QStringLiteral("<b>%1</b>").arg(text.toHtmlEscaped()));
 }
 
 struct TwoChoices {
@@ -101,7 +92,7 @@ QWidget *PreferencesPanel::artworkPage()
     addSlider(*form, PixelSliders::maximumSize, qtTrId("PreferencesMaxSize"));
     addSlider(*form, PixelSliders::overwriteSize, qtTrId("PreferencesOverwriteSize"));
     column->addLayout(form);
-    mNoteField = hint({});
+    mNoteField = new HintLabel({});
     mNoteField->setObjectName(QStringLiteral("noteField"));
     // Its space is kept while it is empty, so that nothing jumps.
     mNoteField->setMinimumHeight(2 * mNoteField->fontMetrics().lineSpacing());
@@ -170,7 +161,7 @@ QWidget *PreferencesPanel::filesPage()
     const auto dialect =
         addChoices(*column, qtTrId("PreferencesDialect"), qtTrId("PreferencesDialectStandard"),
                    qtTrId("PreferencesDialectClassic"));
-    column->addWidget(hint(qtTrId("PreferencesDialectHint")));
+    column->addWidget(new HintLabel(qtTrId("PreferencesDialectHint")));
     dialect.group->setObjectName(QStringLiteral("id3DialectMatrix"));
     connect(dialect.group, &QButtonGroup::buttonClicked, this,
             [&prefs, dialect] { prefs.setUsesStandardDialect(dialect.first->isChecked()); });
@@ -212,7 +203,7 @@ QWidget *PreferencesPanel::sourcesPage()
         cache->addItem(QString::number(megabytes));
     cache->setAccessibleName(qtTrId("PreferencesCache"));
     form->addRow(qtTrId("PreferencesCache"), cache);
-    form->addRow(QString(), hint(qtTrId("PreferencesCacheHint")));
+    form->addRow(QString(), new HintLabel(qtTrId("PreferencesCacheHint")));
     const auto storeCache = [this, cache] {
         preferences::cacheSizeMB.set(mEngine.prefs.settings(), cache->currentText().toInt());
         mEngine.adoptCacheSize();
@@ -229,7 +220,7 @@ QWidget *PreferencesPanel::sourcesPage()
     auto *key = new QLineEdit;
     key->setObjectName(QStringLiteral("acoustIDKeyField"));
     form->addRow(qtTrId("PreferencesAcoustIDKey"), key);
-    form->addRow(QString(), hint(qtTrId("PreferencesAcoustIDHint")));
+    form->addRow(QString(), new HintLabel(qtTrId("PreferencesAcoustIDHint")));
     connect(key, &QLineEdit::editingFinished, this, [key, &prefs] {
         if (key->isModified()) // it may come from the environment
             prefs.setAcoustIDKey(key->text());
