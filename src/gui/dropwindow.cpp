@@ -48,7 +48,7 @@ void showLine(QLabel *label, const QString &text)
 DropWindow::DropWindow(Engine &engine)
     : mLibrary({})
     , mContext(runContext(engine, mLibrary))
-    , mDropList(mContext, engine.prefs, engine.itunes, engine.log)
+    , mDropList(mContext, engine.prefs, engine.itunes, mLog)
     , mSimpleFile(line(QStringLiteral("simpleFile")))
     , mSimpleCount(line(QStringLiteral("simpleCount")))
     , mSimpleAchievement(line(QStringLiteral("simpleAchievement")))
@@ -75,15 +75,18 @@ DropWindow::DropWindow(Engine &engine)
     connect(&mDismissal, &QTimer::timeout, this, &DropWindow::reject);
     connect(&mDropList, &DropList::changed, this, &DropWindow::showState);
     connect(&mDropList, &DropList::finished, this, &DropWindow::finish);
-    connect(&engine.log, &UserLog::lineAdded, this, [this](const QString &text, LogColor color) {
-        if (color == LogColor::Error && mDropList.isActive())
+    connect(&mLog, &UserLog::lineAdded, &engine.log, &UserLog::addLog);
+    connect(&mLog, &UserLog::lineAdded, this, [this](const QString &text, LogColor color) {
+        if (color == LogColor::Error)
             noteProblem(text);
     });
 }
 
-void DropWindow::open(const QStringList &paths)
+void DropWindow::open(const QStringList &paths, const SongList &lenders)
 {
     mDismissal.stop();
+    if (!mDropList.isActive())
+        mLibrary = LibraryLending(lenders);
     if (!isVisible()) {
         mProblems = 0;
         mLastProblem.clear();

@@ -20,8 +20,9 @@ public:
     /// The engine must be started and outlive the window.
     explicit DropWindow(Engine &engine);
 
-    /// Files and folders; the window shows itself.
-    void open(const QStringList &paths);
+    /// Files and folders; the window shows itself. Those that begin a list borrow from `lenders`,
+    /// too.
+    void open(const QStringList &paths, const SongList &lenders = {});
     [[nodiscard]] DropList &dropList() { return mDropList; }
 
 Q_SIGNALS:
@@ -36,6 +37,7 @@ private:
     void finish();
     void noteProblem(const QString &line);
 
+    UserLog mLog; ///< of the dropped songs alone
     LibraryLending mLibrary;
     GatherContext mContext;
     DropList mDropList;

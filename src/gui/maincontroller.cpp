@@ -179,6 +179,18 @@ void MainController::pauseForReview(bool isFull)
                            LogColor::Plain);
 }
 
+void MainController::refreshSongs(const QSet<QString> &paths)
+{
+    SongList changed;
+    for (const auto &song : mSongs.allSongs())
+        if (song->activityStatus() != SongStatus::Processing && paths.contains(song->path())
+            && song->refresh()) {
+            mLibrary.songChanged(song);
+            changed.push_back(song);
+        }
+    tellChanged(changed);
+}
+
 void MainController::tellChanged(const SongList &songs)
 {
     if (!songs.empty())

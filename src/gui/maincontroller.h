@@ -9,6 +9,7 @@
 #include "gathering/librarylending.h"
 
 #include <QObject>
+#include <QSet>
 
 /// Connects what the window shows: the songs of the chosen source, those that are selected, and
 /// the run that gathers for them. The parts of the window know this and not each other.
@@ -52,6 +53,8 @@ public:
     void gather(const SongList &songs);
     void stopGathering() { mWorkList.stopGathering(); }
 
+    /// Looks again at the songs of these files, which somebody else changed.
+    void refreshSongs(const QSet<QString> &paths);
     /// To be called by whoever changed these songs, or what is told of them.
     void tellChanged(const SongList &songs);
 

@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QTimer>
 
+#include <utility>
+
 Session::Session(Engine &engine)
     : mEngine(engine)
 {
@@ -68,12 +70,24 @@ void Session::openPaths(const QStringList &paths)
         return openMainWindow();
     if (!mDropWindow) {
         mDropWindow = std::make_unique<DropWindow>(mEngine);
+        DropList &dropped = mDropWindow->dropList();
+        connect(&dropped, &DropList::songChanged, this,
+                [this](const std::shared_ptr<SongFile> &song) { mChangedPaths << song->path(); });
+        connect(&dropped, &DropList::finished, this, &Session::showDroppedChanges);
         connect(mDropWindow.get(), &DropWindow::dismissed, this, [this] {
             if (!mMainWindow || !mMainWindow->isVisible())
                 QCoreApplication::quit();
         });
     }
-    mDropWindow->open(paths);
+    mDropWindow->open(paths, mController ? mController->songs().allSongs() : SongList());
+}
+
+/// Once for a whole list, since every song of the table is looked at.
+void Session::showDroppedChanges()
+{
+    const QSet<QString> paths = std::exchange(mChangedPaths, {});
+    if (mController)
+        mController->refreshSongs(paths);
 }
 
 void Session::announce(const ReleaseAnnouncement &release)

@@ -4,6 +4,8 @@
 #include "gui/mainwindow.h"
 #include "gui/singleinstance.h"
 
+#include <QSet>
+
 #include <memory>
 
 /// The program from its start to its end: which window it opens, and what later starts hand to it.
@@ -28,10 +30,12 @@ private:
     void showInFront(MainWindow &window);
     void welcome(MainWindow &window);
     void announce(const ReleaseAnnouncement &release);
+    void showDroppedChanges();
 
     Engine &mEngine;
     SingleInstance mInstance;
     std::unique_ptr<MainController> mController; ///< with the main window
     std::unique_ptr<MainWindow> mMainWindow; ///< null until it is opened
     std::unique_ptr<DropWindow> mDropWindow; ///< null until something is dropped
+    QSet<QString> mChangedPaths; ///< of dropped songs, since the table was last brought up to date
 };
