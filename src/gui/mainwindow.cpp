@@ -24,6 +24,7 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QSplitter>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -55,11 +56,15 @@ void MainWindow::setUpToolBar()
     QToolBar *bar = addToolBar(qtTrId("ToolBarTitle"));
     bar->setObjectName(QStringLiteral("toolBar"));
     bar->setMovable(false);
-    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->setToolButtonStyle(Qt::ToolButtonIconOnly);
     mSourcePopUp = new SourcePopUp(mController, this);
     bar->addWidget(mSourcePopUp);
     bar->addSeparator();
     mCommands.fillToolBar(*bar);
+    // Texts on all of them would leave no room for the search field in large fonts.
+    for (const MenuCommand command : {MenuCommand::Begin, MenuCommand::Stop})
+        if (auto *button = qobject_cast<QToolButton *>(bar->widgetForAction(&mCommands[command])))
+            button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     auto *space = new QWidget(bar);
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar->addWidget(space);
