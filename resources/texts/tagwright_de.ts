@@ -391,6 +391,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Or choose one in the menu “File”</source>
         <translation>Oder wählen Sie einen im Menü „Datei“</translation>
     </message>
+    <message id="EmptySource">
+        <source>There are no songs here</source>
+        <translation>Hier sind keine Songs</translation>
+    </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
         <translation>„%1“ ist keine Adresse, die abgerufen werden kann: nur http und https</translation>

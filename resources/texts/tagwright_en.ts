@@ -391,6 +391,10 @@ The selected songs have different artwork</translation>
         <source>Or choose one in the menu “File”</source>
         <translation>Or choose one in the menu “File”</translation>
     </message>
+    <message id="EmptySource">
+        <source>There are no songs here</source>
+        <translation>There are no songs here</translation>
+    </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
         <translation>“%1” is no address that can be fetched: only http and https are</translation>

@@ -391,6 +391,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Or choose one in the menu “File”</source>
         <translation>Ou choisissez-en un dans le menu « Fichier »</translation>
     </message>
+    <message id="EmptySource">
+        <source>There are no songs here</source>
+        <translation>Il n’y a pas de morceaux ici</translation>
+    </message>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
         <translation>« %1 » n’est pas une adresse accessible : seules http et https le sont</translation>

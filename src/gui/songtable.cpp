@@ -358,6 +358,8 @@ EmptyState SongTable::emptyState() const
     if (!mController.songs().allSongs().empty())
         return {QStringLiteral("search"), qtTrId("EmptyNoMatch").arg(filter),
                 qtTrId("EmptyNoMatchHint")};
-    return {QStringLiteral("Menu-Directory"), qtTrId("EmptyNothingLoaded"),
+    const bool isLoaded = !mController.songs().source().windowTitle.isEmpty();
+    return {QStringLiteral("Menu-Directory"),
+            isLoaded ? qtTrId("EmptySource") : qtTrId("EmptyNothingLoaded"),
             qtTrId("EmptyNothingLoadedHint")};
 }
