@@ -1,14 +1,13 @@
 #include "cli/democommand.h"
 
+#include "base/interrupt.h"
 #include "cli/demoreport.h"
 #include "cli/gatherrun.h"
-#include "cli/interrupt.h"
 #include "cli/songopening.h"
-#include "demo/samplesites.h"
+#include "demo/sampleground.h"
 #include "demo/samplesongs.h"
 
 #include <QDir>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -47,8 +46,9 @@ GatheringOptions demoOptions(Assets overwrite)
 /// The demo's runs over its folders, and what they report.
 class Demo {
 public:
-    Demo(Engine &engine, Report &report)
+    Demo(Engine &engine, const Interrupt &interrupt, Report &report)
         : mEngine(engine)
+        , mInterrupt(interrupt)
         , mReport(report)
     {
     }
@@ -82,8 +82,8 @@ public:
 
 private:
     Engine &mEngine;
+    const Interrupt &mInterrupt;
     Report &mReport;
-    const Interrupt mInterrupt;
     std::vector<SongOutcome> mOutcomes;
 };
 
@@ -91,24 +91,17 @@ private:
 
 int runDemo(Report &report)
 {
-    const QTemporaryDir folder;
-    QString error = folder.isValid() ? makeSampleSongs(folder.path()) : folder.errorString();
-    SampleSites sites;
-    if (error.isEmpty() && !sites.listen())
-        error = QStringLiteral("no port of this machine can be listened on");
-    if (!error.isEmpty()) {
-        report.error(QStringLiteral("demo"), error);
+    const Interrupt interrupt; // before there is a folder that has to go
+    SampleGround ground;
+    if (!ground.error().isEmpty()) {
+        report.error(QStringLiteral("demo"), ground.error());
         return report.finish();
     }
-    // Pages of sites that live as long as this process are of no use to the next one.
-    Engine engine(Engine::Pages::InMemory);
-    engine.definitions.useDefinitions(sites.definitions(engine.definitions.liveResources()));
-    engine.start(Engine::Definitions::Fixed);
-
-    Demo demo(engine, report);
-    demo.gather(folder.filePath(songsWithGaps), {});
+    Demo demo(ground.engine(), interrupt, report);
+    const QDir songs(ground.songs());
+    demo.gather(songs.filePath(songsWithGaps), {});
     // Where titles may be overwritten, none is searched for: lyrics would not be found.
-    demo.gather(folder.filePath(songsWithoutTitles), AssetSongTitle);
+    demo.gather(songs.filePath(songsWithoutTitles), AssetSongTitle);
     demo.summarize();
     return report.finish();
 }

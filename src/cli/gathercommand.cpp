@@ -5,7 +5,7 @@
 #include "cli/chosendefinitions.h"
 #include "cli/chosenoptions.h"
 #include "cli/gathersummary.h"
-#include "cli/interrupt.h"
+#include "base/interrupt.h"
 #include "cli/retrysongs.h"
 #include "cli/sourceloading.h"
 

@@ -1,7 +1,7 @@
 #include "cli/gatherrun.h"
 
 #include "app/runcontext.h"
-#include "cli/interrupt.h"
+#include "base/interrupt.h"
 
 #include <QEventLoop>
 

@@ -2,7 +2,7 @@
 
 #include "app/sourcechoices.h"
 #include "cli/chosendefinitions.h"
-#include "cli/interrupt.h"
+#include "base/interrupt.h"
 #include "cli/sitesreport.h"
 
 #include <QEventLoop>

@@ -1,6 +1,6 @@
 #include "cli/sourceloading.h"
 
-#include "cli/interrupt.h"
+#include "base/interrupt.h"
 #include "cli/report.h"
 
 #include <QEventLoop>

@@ -1,45 +1,47 @@
 #include "gui/windowprogram.h"
 
 #include "base/inplacefile.h"
-#include "demo/samplesites.h"
-#include "demo/samplesongs.h"
+#include "base/interrupt.h"
+#include "demo/sampleground.h"
 #include "gui/session.h"
 
 #include <QApplication>
-#include <QTemporaryDir>
 
 #include <cstdio>
+
+namespace {
+/// An interrupt closes the windows, so that what was begun on songs is completed.
+int runEventLoop(const Interrupt &interrupt)
+{
+    QObject::connect(&interrupt, &Interrupt::interrupted, qApp, &QApplication::quit,
+                     Qt::QueuedConnection);
+    return QApplication::exec();
+}
+} // namespace
 
 int runWindow(const QStringList &paths)
 {
     if (SingleInstance::handOver(paths))
         return 0;
+    const Interrupt interrupt;
     recoverInterruptedWrites();
     Engine engine;
     engine.start(Engine::Definitions::Live);
     Session session(engine);
     session.listen();
     session.openPaths(paths);
-    return QApplication::exec();
+    return runEventLoop(interrupt);
 }
 
 int runDemoWindow()
 {
-    const QTemporaryDir folder;
-    const QString songs = folder.filePath(QStringLiteral("Demo"));
-    QString error =
-        folder.isValid() && QDir().mkpath(songs) ? makeSampleSongs(songs) : folder.errorString();
-    SampleSites sites;
-    if (error.isEmpty() && !sites.listen())
-        error = QStringLiteral("no port of this machine can be listened on");
-    if (!error.isEmpty()) {
-        std::fprintf(stderr, "tagwright: demo: %s\n", qUtf8Printable(error));
+    const Interrupt interrupt; // before there is a folder that has to go
+    SampleGround ground;
+    if (!ground.error().isEmpty()) {
+        std::fprintf(stderr, "tagwright: demo: %s\n", qUtf8Printable(ground.error()));
         return 1;
     }
-    Engine engine(Engine::Pages::InMemory, folder.filePath(QStringLiteral("settings")));
-    engine.definitions.useDefinitions(sites.definitions(engine.definitions.liveResources()));
-    engine.start(Engine::Definitions::Fixed);
-    Session session(engine);
-    session.openMainWindow(songs);
-    return QApplication::exec();
+    Session session(ground.engine());
+    session.openMainWindow(ground.songs());
+    return runEventLoop(interrupt);
 }

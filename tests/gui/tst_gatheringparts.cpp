@@ -1,6 +1,6 @@
 #include "app/review.h"
 #include "base/texts.h"
-#include "demo/samplesites.h"
+#include "demo/sampleground.h"
 #include "demo/samplesongs.h"
 #include "gui/gatheringstatus.h"
 #include "gui/logview.h"
@@ -29,16 +29,11 @@ private Q_SLOTS:
     void initTestCase()
     {
         installTexts(TextLanguage::English);
-        QCOMPARE(makeSampleSongs(mFolder.path()), QString());
-        QVERIFY(mSites.listen());
-        mEngine =
-            std::make_unique<Engine>(Engine::Pages::InMemory, mFolder.filePath(u"settings.ini"_s));
-        mEngine->definitions.useDefinitions(
-            mSites.definitions(mEngine->definitions.liveResources()));
-        mEngine->start(Engine::Definitions::Fixed);
+        QCOMPARE(mGround.error(), QString());
+        mEngine = &mGround.engine();
         mController = std::make_unique<MainController>(*mEngine);
         const QSignalSpy loaded(&mController->songs(), &LoadedSongs::loadFinished);
-        mController->setSongLibraryFolder(mFolder.filePath(songsWithGaps));
+        mController->setSongLibraryFolder(QDir(mGround.songs()).filePath(songsWithGaps));
         QTRY_COMPARE(loaded.size(), 1);
     }
 
@@ -169,9 +164,8 @@ private Q_SLOTS:
     }
 
 private:
-    QTemporaryDir mFolder;
-    SampleSites mSites;
-    std::unique_ptr<Engine> mEngine;
+    SampleGround mGround;
+    Engine *mEngine = nullptr;
     std::unique_ptr<MainController> mController;
 };
 

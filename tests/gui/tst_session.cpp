@@ -2,7 +2,7 @@
 
 #include "app/pixelslider.h"
 #include "base/texts.h"
-#include "demo/samplesites.h"
+#include "demo/sampleground.h"
 #include "demo/samplesongs.h"
 #include "gui/preferencespanel.h"
 #include "support/tempfiles.h"
@@ -20,24 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The sample songs and sites, with settings of a new user.
-struct Ground {
-    Ground()
-        : engine(Engine::Pages::InMemory, folder.filePath(u"settings"_s))
-    {
-        if (!makeSampleSongs(folder.path()).isEmpty() || !sites.listen())
-            qFatal("no sample songs or sites");
-        engine.definitions.useDefinitions(sites.definitions(engine.definitions.liveResources()));
-        engine.start(Engine::Definitions::Fixed);
-    }
-
-    [[nodiscard]] QString path(const QString &name) const { return folder.filePath(name); }
-
-    QTemporaryDir folder;
-    SampleSites sites;
-    Engine engine;
-};
 
 QByteArrayList bytesOfFilesIn(const QString &folder)
 {
@@ -62,10 +44,10 @@ private Q_SLOTS:
 
     void droppedSongsAreFilledIn()
     {
-        Ground ground;
-        const QString songs = ground.path(songsWithGaps);
+        SampleGround ground;
+        const QString songs = QDir(ground.songs()).filePath(songsWithGaps);
         const QByteArrayList before = bytesOfFilesIn(songs);
-        DropWindow window(ground.engine);
+        DropWindow window(ground.engine());
         QSignalSpy finished(&window.dropList(), &DropList::finished);
         QSignalSpy dismissed(&window, &DropWindow::dismissed);
         window.open({songs, songs});
@@ -80,10 +62,10 @@ private Q_SLOTS:
 
     void windowStaysWhereNothingIsASong()
     {
-        Ground ground;
-        QVERIFY(QDir(ground.folder.path()).mkdir(u"empty"_s));
-        DropWindow window(ground.engine);
-        window.open({ground.path(u"empty"_s)});
+        SampleGround ground;
+        QVERIFY(QDir(ground.songs()).mkdir(u"empty"_s));
+        DropWindow window(ground.engine());
+        window.open({QDir(ground.songs()).filePath(u"empty"_s)});
         auto *achievement = window.findChild<QLabel *>(u"simpleAchievement"_s);
         QTRY_VERIFY(achievement->toolTip().contains(u"empty"_s));
         QVERIFY(window.isVisible());
@@ -122,13 +104,13 @@ private Q_SLOTS:
     {
         QFETCH(const QString, slider);
         QFETCH(const int, position);
-        Ground ground;
-        PreferencesPanel panel(ground.engine, nullptr);
+        SampleGround ground;
+        PreferencesPanel panel(ground.engine(), nullptr);
         panel.orderFrontPreferencesPanel();
         auto *control = panel.findChild<QSlider *>(slider + u"Slider"_s);
         control->setValue(control->minimum() + 10);
         control->setValue(position);
-        const GatheringOptions options = ground.engine.prefs.gatheringOptions();
+        const GatheringOptions options = ground.engine().prefs.gatheringOptions();
         const QMap<QString, double> values{{u"minSize"_s, options.minimumImageSize},
                                            {u"maxSize"_s, options.maximumImageSize},
                                            {u"overwriteSize"_s, options.overwriteImageThreshold}};
@@ -138,18 +120,18 @@ private Q_SLOTS:
 
     void returnKeyResetsNothing()
     {
-        Ground ground;
-        PreferencesPanel panel(ground.engine, nullptr);
+        SampleGround ground;
+        PreferencesPanel panel(ground.engine(), nullptr);
         panel.orderFrontPreferencesPanel();
         panel.findChild<QSlider *>(u"minSizeSlider"_s)->setValue(140);
         QTest::keyClick(&panel, Qt::Key_Return);
-        QCOMPARE(ground.engine.prefs.gatheringOptions().minimumImageSize, 140.0);
+        QCOMPARE(ground.engine().prefs.gatheringOptions().minimumImageSize, 140.0);
     }
 
     void noteWarnsOfSmallerArtwork()
     {
-        Ground ground;
-        PreferencesPanel panel(ground.engine, nullptr);
+        SampleGround ground;
+        PreferencesPanel panel(ground.engine(), nullptr);
         panel.orderFrontPreferencesPanel();
         auto *note = panel.findChild<QLabel *>(u"noteField"_s);
         panel.findChild<QSlider *>(u"minSizeSlider"_s)->setValue(200);

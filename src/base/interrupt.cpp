@@ -1,4 +1,4 @@
-#include "cli/interrupt.h"
+#include "base/interrupt.h"
 
 #include <csignal>
 
@@ -48,6 +48,7 @@ Interrupt::~Interrupt()
 
 #else
 
+// Where there are no signals, an interrupt ends the process at once.
 Interrupt::Interrupt(QObject *parent)
     : QObject(parent)
 {
