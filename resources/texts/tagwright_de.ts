@@ -943,6 +943,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>&amp;Songs</source>
         <translation>&amp;Songs</translation>
     </message>
+    <message id="MenuSortBy">
+        <source>&amp;Sort by</source>
+        <translation>&amp;Sortieren nach</translation>
+    </message>
     <message id="MenuStandardiseGenre">
         <source>Standardise &amp;Genre</source>
         <translation>&amp;Genre vereinheitlichen</translation>
@@ -958,6 +962,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="MenuUndoNamed">
         <source>&amp;Undo %1</source>
         <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message id="MenuView">
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message id="MenuWelcome">
         <source>&amp;Welcome</source>
@@ -1590,6 +1598,14 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="SongsSelected">
         <source>%1 songs selected</source>
         <translation>%1 Songs ausgewählt</translation>
+    </message>
+    <message id="SortAscending">
+        <source>&amp;Ascending</source>
+        <translation>&amp;Aufsteigend</translation>
+    </message>
+    <message id="SortDescending">
+        <source>&amp;Descending</source>
+        <translation>A&amp;bsteigend</translation>
     </message>
     <message id="SourceLibrary">
         <source>Other songs of the album</source>

@@ -943,6 +943,10 @@ The selected songs have different artwork</translation>
         <source>&amp;Songs</source>
         <translation>&amp;Songs</translation>
     </message>
+    <message id="MenuSortBy">
+        <source>&amp;Sort by</source>
+        <translation>&amp;Sort by</translation>
+    </message>
     <message id="MenuStandardiseGenre">
         <source>Standardise &amp;Genre</source>
         <translation>Standardise &amp;Genre</translation>
@@ -958,6 +962,10 @@ The selected songs have different artwork</translation>
     <message id="MenuUndoNamed">
         <source>&amp;Undo %1</source>
         <translation>&amp;Undo %1</translation>
+    </message>
+    <message id="MenuView">
+        <source>&amp;View</source>
+        <translation>&amp;View</translation>
     </message>
     <message id="MenuWelcome">
         <source>&amp;Welcome</source>
@@ -1590,6 +1598,14 @@ The selected songs have different artwork</translation>
     <message id="SongsSelected">
         <source>%1 songs selected</source>
         <translation>%1 songs selected</translation>
+    </message>
+    <message id="SortAscending">
+        <source>&amp;Ascending</source>
+        <translation>&amp;Ascending</translation>
+    </message>
+    <message id="SortDescending">
+        <source>&amp;Descending</source>
+        <translation>&amp;Descending</translation>
     </message>
     <message id="SourceLibrary">
         <source>Other songs of the album</source>

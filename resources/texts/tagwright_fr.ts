@@ -943,6 +943,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>&amp;Songs</source>
         <translation>&amp;Morceaux</translation>
     </message>
+    <message id="MenuSortBy">
+        <source>&amp;Sort by</source>
+        <translation>&amp;Trier par</translation>
+    </message>
     <message id="MenuStandardiseGenre">
         <source>Standardise &amp;Genre</source>
         <translation>&amp;Normaliser le genre</translation>
@@ -958,6 +962,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="MenuUndoNamed">
         <source>&amp;Undo %1</source>
         <translation>&amp;Annuler : %1</translation>
+    </message>
+    <message id="MenuView">
+        <source>&amp;View</source>
+        <translation>Afficha&amp;ge</translation>
     </message>
     <message id="MenuWelcome">
         <source>&amp;Welcome</source>
@@ -1590,6 +1598,14 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="SongsSelected">
         <source>%1 songs selected</source>
         <translation>%1 morceaux sélectionnés</translation>
+    </message>
+    <message id="SortAscending">
+        <source>&amp;Ascending</source>
+        <translation>&amp;Croissant</translation>
+    </message>
+    <message id="SortDescending">
+        <source>&amp;Descending</source>
+        <translation>&amp;Décroissant</translation>
     </message>
     <message id="SourceLibrary">
         <source>Other songs of the album</source>

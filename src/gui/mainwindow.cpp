@@ -9,8 +9,10 @@
 #include "gui/loadingpanel.h"
 #include "gui/logview.h"
 #include "gui/optionsdrawer.h"
+#include "gui/pathdrops.h"
 #include "gui/preferencespanel.h"
 #include "gui/songtable.h"
+#include "gui/sortmenu.h"
 #include "gui/sourcepopup.h"
 #include "gui/unansweredsongs.h"
 #include "gui/welcomesheet.h"
@@ -45,10 +47,25 @@ MainWindow::MainWindow(MainController &controller)
     mCommands.fillMenuBar(*menuBar());
     setUpToolBar();
     setUpParts();
+    setUpViewMenu();
     connectCommands();
     connectSongTable();
     showTitle();
     validateInterface();
+}
+
+/// What the header of the table can do, for the keyboard.
+void MainWindow::setUpViewMenu()
+{
+    constexpr int behindEdit = 2;
+    auto *view = new QMenu(qtTrId("MenuView"), this);
+    view->addMenu(new SortMenu(mController, view));
+    QMenu *columns = view->addMenu(qtTrId("MenuColumns"));
+    connect(columns, &QMenu::aboutToShow, mSongTable, [this, columns] {
+        columns->clear();
+        mSongTable->fillColumnsMenu(*columns);
+    });
+    menuBar()->insertMenu(menuBar()->actions().at(behindEdit), view);
 }
 
 void MainWindow::setUpToolBar()
@@ -146,13 +163,19 @@ void MainWindow::connectSongTable()
     connect(mSearchField, &QLineEdit::returnPressed, mSongTable,
             [this] { mSongTable->setFocus(Qt::ShortcutFocusReason); });
     connect(&mController.songs(), &LoadedSongs::cleared, mSearchField, &QLineEdit::clear);
-    connect(mSongTable, &SongTable::pathsDropped, this, [this](const QStringList &paths) {
-        if (paths.size() == 1 && QFileInfo(paths.first()).isDir())
-            mController.setSongLibraryFolder(paths.first());
-        else
-            Q_EMIT filesDropped(paths);
-    });
+    auto *drops = new PathDrops(*this);
+    connect(drops, &PathDrops::hovered, mSongTable, &SongTable::showDropTarget);
+    connect(drops, &PathDrops::dropped, this, &MainWindow::takePaths);
     connect(mSongTable, &SongTable::contextMenuWanted, this, &MainWindow::showSongsMenu);
+}
+
+/// A folder is shown; of songs, what they lack is filled in.
+void MainWindow::takePaths(const QStringList &paths)
+{
+    if (paths.size() == 1 && QFileInfo(paths.first()).isDir())
+        mController.setSongLibraryFolder(paths.first());
+    else
+        Q_EMIT filesDropped(paths);
 }
 
 /// What can be done with the selected songs.
@@ -167,6 +190,7 @@ void MainWindow::showSongsMenu(QPoint position)
     menu.addActions({&mCommands[AddArtwork], &mCommands[PasteArtwork], &mCommands[RemoveArtwork],
                      &mCommands[RemoveLyrics]});
     menu.addSeparator();
+    menu.addMenu(new SortMenu(mController, &menu));
     mSongTable->fillColumnsMenu(*menu.addMenu(qtTrId("MenuColumns")));
     menu.exec(position);
 }

@@ -31,10 +31,12 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void setUpViewMenu();
     void setUpToolBar();
     void setUpParts();
     void connectCommands();
     void connectSongTable();
+    void takePaths(const QStringList &paths);
     void showSongsMenu(QPoint position);
     /// Enables what can be done now.
     void validateInterface();

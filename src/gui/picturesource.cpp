@@ -1,5 +1,8 @@
 #include "gui/picturesource.h"
 
+#include "gui/pathdrops.h"
+
+#include <QFileInfo>
 #include <QImage>
 #include <QMimeData>
 #include <QUrl>
@@ -17,15 +20,6 @@ constexpr std::array pictureFormats{QLatin1String("image/jpeg"), QLatin1String("
                                     QLatin1String("image/webp"), QLatin1String("image/gif"),
                                     QLatin1String("image/bmp"),  QLatin1String("image/tiff")};
 
-QStringList localFilesIn(const QMimeData &data)
-{
-    QStringList paths;
-    for (const QUrl &url : data.urls())
-        if (url.isLocalFile() && url.host().isEmpty())
-            paths << url.toLocalFile();
-    return paths;
-}
-
 /// The bytes of the first format that there is; empty without one.
 QByteArray encodedPictureIn(const QMimeData &data)
 {
@@ -38,14 +32,16 @@ QByteArray encodedPictureIn(const QMimeData &data)
 
 bool mayHoldPicture(const QMimeData &data)
 {
-    return !localFilesIn(data).isEmpty() || data.hasImage()
+    const QStringList files = localPathsIn(data);
+    const bool isFolder = files.size() == 1 && QFileInfo(files.first()).isDir();
+    return (!files.isEmpty() && !isFolder) || data.hasImage()
         || std::any_of(pictureFormats.begin(), pictureFormats.end(),
                        [&data](QLatin1String name) { return data.hasFormat(name); });
 }
 
 PictureSource picturesIn(const QMimeData &data)
 {
-    if (const QStringList files = localFilesIn(data); !files.isEmpty())
+    if (const QStringList files = localPathsIn(data); !files.isEmpty())
         return picturesInFiles(files);
     if (const QByteArray bytes = encodedPictureIn(data); mimeTypeBySignature(bytes))
         return [bytes] { return std::vector{pictureForSongs(bytes)}; };

@@ -4,16 +4,16 @@
 #include "gui/icons.h"
 #include "gui/maincontroller.h"
 #include "gui/songdelegate.h"
+#include "gui/songrowtexts.h"
 #include "gui/tablelayout.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QDragEnterEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QMimeData>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -24,13 +24,9 @@ constexpr int roomAroundText = 8; // pixels, of a row's height
 /// Qt goes through all ranges of a selection for each cell that it paints.
 constexpr qsizetype mostRanges = 1'000;
 
-QStringList localPaths(const QMimeData &data)
+bool isEditable(const QModelIndex &index)
 {
-    QStringList paths;
-    for (const QUrl &url : data.urls())
-        if (url.isLocalFile())
-            paths << url.toLocalFile();
-    return paths;
+    return index.flags().testFlag(Qt::ItemIsEditable);
 }
 
 QString questionOf(SongColumn column, const TagValues &values)
@@ -86,8 +82,7 @@ void SongTable::setUpAppearance()
     setCornerButtonEnabled(false);
     setTabKeyNavigation(false); // Tab leaves the table, as it does everywhere
     setHorizontalScrollMode(ScrollPerPixel);
-    setAcceptDrops(true);
-    setDragDropMode(DropOnly);
+    setAcceptDrops(false); // the window does
     setFrameShape(NoFrame);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -282,6 +277,40 @@ void SongTable::keyboardSearch(const QString &search)
     }
 }
 
+bool SongTable::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    if (trigger != EditKeyPressed || !index.isValid() || isEditable(index))
+        return QTableView::edit(index, trigger, event);
+    const QModelIndex cell = editableCellIn(index.row());
+    if (!cell.isValid()) {
+        tellWhyNotEditable(index);
+        return false;
+    }
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
+    return QTableView::edit(cell, trigger, event);
+}
+
+/// The title, or of the others the first one in sight.
+QModelIndex SongTable::editableCellIn(int row) const
+{
+    const QHeaderView &header = *horizontalHeader();
+    QList<int> sections{static_cast<int>(SongColumn::Title)};
+    for (int place = 0; place < header.count(); ++place)
+        sections << header.logicalIndex(place);
+    for (const int section : std::as_const(sections))
+        if (const QModelIndex cell = mModel.index(row, section);
+            !header.isSectionHidden(section) && isEditable(cell))
+            return cell;
+    return {};
+}
+
+void SongTable::tellWhyNotEditable(const QModelIndex &index)
+{
+    const QRect cell = visualRect(index);
+    QToolTip::showText(viewport()->mapToGlobal(cell.bottomLeft()),
+                       activityText(*mModel.songAtRow(index.row())), viewport(), cell);
+}
+
 void SongTable::keyPressEvent(QKeyEvent *event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -303,35 +332,6 @@ void SongTable::changeEvent(QEvent *event)
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         setRowHeight();
-}
-
-void SongTable::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (localPaths(*event->mimeData()).isEmpty())
-        return event->ignore();
-    event->setDropAction(Qt::CopyAction); // nothing is moved
-    event->accept();
-    showDropTarget(true);
-}
-
-void SongTable::dragMoveEvent(QDragMoveEvent *event)
-{
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-}
-
-void SongTable::dragLeaveEvent(QDragLeaveEvent *event)
-{
-    showDropTarget(false);
-    event->accept();
-}
-
-void SongTable::dropEvent(QDropEvent *event)
-{
-    showDropTarget(false);
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    Q_EMIT pathsDropped(localPaths(*event->mimeData()));
 }
 
 void SongTable::showDropTarget(bool isOne)

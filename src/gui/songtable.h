@@ -21,23 +21,22 @@ public:
     /// Commands that show and hide columns, and one that restores them.
     void fillColumnsMenu(QMenu &menu);
     void selectSongs(const SongList &songs);
+    /// Whether what is dragged just now can be dropped.
+    void showDropTarget(bool isOne);
     /// Finds the next song that begins so, as texts are typed into the table.
     void keyboardSearch(const QString &search) override;
 
 Q_SIGNALS:
-    /// Files and folders were dropped onto the table.
-    void pathsDropped(const QStringList &paths);
     void contextMenuWanted(QPoint globalPosition);
 
 protected:
+    /// By key, where the current column cannot be edited, one that can; where no column can, it is
+    /// said why.
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
-    void dragEnterEvent(QDragEnterEvent *event) override;
-    void dragMoveEvent(QDragMoveEvent *event) override;
-    void dragLeaveEvent(QDragLeaveEvent *event) override;
-    void dropEvent(QDropEvent *event) override;
     void selectionChanged(const QItemSelection &selected,
                           const QItemSelection &deselected) override;
 
@@ -52,6 +51,8 @@ private:
 
     void changeSongs(int row, SongColumn column, const TagValues &values);
     [[nodiscard]] SongList songsToChange(int row) const;
+    [[nodiscard]] QModelIndex editableCellIn(int row) const;
+    void tellWhyNotEditable(const QModelIndex &index);
 
     [[nodiscard]] QList<int> selectedRows() const;
     void selectRows(QList<int> rows);
@@ -59,7 +60,6 @@ private:
     void rememberSelection();
     void restoreSelection();
 
-    void showDropTarget(bool isOne);
     [[nodiscard]] EmptyState emptyState() const;
 
     MainController &mController;

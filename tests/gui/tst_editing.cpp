@@ -9,19 +9,23 @@
 #include "gui/tagpasting.h"
 #include "support/id3bytes.h"
 #include "support/songs.h"
+#include "support/table.h"
 #include "support/tempfiles.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLabel>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -60,7 +64,7 @@ private Q_SLOTS:
         QTRY_VERIFY(part<PictureFrame>().hint().startsWith(u"No artwork"));
         const QString file = mFolder->filePath(u"cover.bmp"_s);
         writeFile(file, plainPicture(300, 200, "BMP"));
-        drop(file);
+        drop(part<PictureFrame>(), file);
         QTRY_VERIFY(well.shownPicture());
         QCOMPARE(imagesOf(0).first().storedMimeFormat, u"image/png"_s); // no player knows BMP
         QTRY_COMPARE(part<PictureFrame>().picture().size(), QSize(300, 200));
@@ -73,9 +77,31 @@ private Q_SLOTS:
         command(u"MenuRemoveArtwork"_s);
         QTRY_VERIFY(!well.shownPicture());
         writeFile(file, "no picture");
-        drop(file);
+        drop(part<PictureFrame>(), file);
         QTRY_VERIFY(QApplication::activeModalWidget());
         QVERIFY(imagesOf(0).isEmpty());
+    }
+
+    void whatIsDroppedGoesWhereItBelongs_data()
+    {
+        const Table<QString, QString, bool> row("part", "path", "isShown");
+        row("folder onto the songs", u"songTable"_s, u"music"_s, true);
+        row("folder onto the log", u"logView"_s, u"music"_s, true);
+        row("folder onto the artwork", u"artworkWell"_s, u"music"_s, true);
+        row("song onto the songs", u"songTable"_s, u"music/1.mp3"_s, false);
+    }
+
+    void whatIsDroppedGoesWhereItBelongs()
+    {
+        QFETCH(QString, part);
+        QFETCH(QString, path);
+        writtenSong(music() + u"/1.mp3"_s, {.title = u"One"_s});
+        const QSignalSpy songs(mWindow.get(), &MainWindow::filesDropped);
+        drop(*mWindow->findChild<QWidget *>(part), mFolder->filePath(path));
+        QFETCH(bool, isShown);
+        if (isShown)
+            QTRY_COMPARE(mController->songs().allSongs().size(), std::size_t(1));
+        QCOMPARE(songs.size(), isShown ? 0 : 1);
     }
 
     void severalSongsAreShownBeforeTheyAreChanged()
@@ -219,11 +245,17 @@ private:
         action->trigger();
     }
 
-    void drop(const QString &file)
+    /// As a file manager drops onto the part, or onto what is behind it.
+    void drop(QWidget &part, const QString &file)
     {
         QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(file)});
-        Q_EMIT part<ArtworkWell>().dropped(&data);
+        data.setUrls({QUrl::fromLocalFile(file), QUrl(u"http://host/b"_s)});
+        const QPoint place = part.mapTo(mWindow.get(), part.rect().center());
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(mWindow->windowHandle(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent dropped(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(mWindow->windowHandle(), &dropped);
     }
 
     std::unique_ptr<QTemporaryDir> mFolder;

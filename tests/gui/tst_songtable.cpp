@@ -3,18 +3,18 @@
 #include "app/songsources.h"
 #include "base/texts.h"
 #include "gui/maincontroller.h"
+#include "gui/sortmenu.h"
 #include "songs/cachedinfotag.h"
 #include "support/songs.h"
 #include "support/table.h"
 
 #include <QDialog>
-#include <QDropEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -175,25 +175,63 @@ private Q_SLOTS:
         QCOMPARE(title.data(Qt::ToolTipRole).toString(), held->path() + u'\n' + toolTip);
     }
 
+    void returnEditsWhatCanBeEdited_data()
+    {
+        const Table<Qt::Key, SongColumn, SongColumn, SongStatus> row("key", "current", "edited",
+                                                                     "status");
+        row("where it stands", Qt::Key_Return, SongColumn::Album, SongColumn::Album,
+            SongStatus::Ready);
+        row("from the activity", Qt::Key_F2, SongColumn::Activity, SongColumn::Title,
+            SongStatus::Ready);
+        row("from the artwork", Qt::Key_Return, SongColumn::Artwork, SongColumn::Title,
+            SongStatus::Ready);
+        row("says why not", Qt::Key_Return, SongColumn::Activity, SongColumn::Activity,
+            SongStatus::Locked);
+    }
+
+    void returnEditsWhatCanBeEdited()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(SongColumn, current);
+        QFETCH(SongStatus, status);
+        song(u"Cellar"_s)->setActivityStatus(status);
+        const int row = mController->shownSongs().rowOf(*song(u"Cellar"_s));
+        mTable->setCurrentIndex(cell(row, current));
+        QTest::keyClick(mTable.get(), key);
+        QTEST(SongColumn(mTable->currentIndex().column()), "edited");
+        QCOMPARE(mTable->findChild<QLineEdit *>() != nullptr, status == SongStatus::Ready);
+        QCOMPARE(QToolTip::text(),
+                 status == SongStatus::Ready ? QString() : qtTrId("ErrorSongLocked"));
+        QToolTip::hideText();
+    }
+
+    void menuSorts()
+    {
+        SortMenu menu(*mController);
+        const auto choose = [&menu](const QString &text) {
+            Q_EMIT menu.aboutToShow();
+            for (QAction *action : menu.actions())
+                if (action->text().remove(u'&') == text)
+                    action->trigger();
+            Q_EMIT menu.aboutToShow();
+        };
+        choose(u"Title"_s);
+        QCOMPARE(titles(), u"Anchor, Cellar, Low Water, Neon Rain, Take 9, Take 10"_s);
+        choose(u"Descending"_s);
+        QCOMPARE(titles(), u"Take 10, Take 9, Neon Rain, Low Water, Cellar, Anchor"_s);
+        QStringList chosen;
+        for (const QAction *action : menu.actions())
+            if (action->isChecked())
+                chosen << action->text();
+        QCOMPARE(chosen, (QStringList{u"Title"_s, u"&Descending"_s}));
+    }
+
     void typingFinds()
     {
         clickHeader(SongColumn::Title);
         mTable->setCurrentIndex(cell(0, SongColumn::Title));
         QTest::keyClicks(mTable.get(), u"take 1"_s);
         QCOMPARE(mTable->currentIndex().data().toString(), u"Take 10"_s);
-    }
-
-    void droppedFilesAreTold()
-    {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(u"/music/a"_s), QUrl(u"http://host/b"_s)});
-        QSignalSpy dropped(mTable.get(), &SongTable::pathsDropped);
-        QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(mTable->viewport(), &enter);
-        QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(mTable->viewport(), &drop);
-        QCOMPARE(dropped.size(), 1);
-        QCOMPARE(dropped.at(0).at(0).toStringList(), QStringList{u"/music/a"_s});
     }
 
 private:
