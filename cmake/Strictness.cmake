@@ -16,3 +16,8 @@ endif()
 if(TAGWRIGHT_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
+
+# g++ 12 warns of allocations inside Qt's QHash that it makes up when it optimizes while linking.
+if(CMAKE_INTERPROCEDURAL_OPTIMIZATION AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_link_options(-Wno-alloc-size-larger-than)
+endif()

@@ -125,7 +125,7 @@ Ziehen Sie ein Bild hierher oder fügen Sie eines ein</translation>
     </message>
     <message id="ArtworkSaveTitle">
         <source>Save picture</source>
-        <translation>Bild sichern</translation>
+        <translation>Bild speichern</translation>
     </message>
     <message id="ArtworkSeveral">
         <source>Several pictures
@@ -173,7 +173,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ChangeSheetCount">
         <source>Songs to be changed: %1</source>
-        <translation>Zu ändernde Songs: %1.</translation>
+        <translation>Zu ändernde Songs: %1</translation>
     </message>
     <message id="ChangeSheetRefused">
         <source>Of these, %1 cannot be written and will stay as they are.</source>
@@ -216,8 +216,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Nichts gewählt: %1 Alben passen, und kein Verfahren wählt eines davon aus</translation>
     </message>
     <message id="ChoiceNoUsableYear">
-        <source>Nothing chosen: none of %1 albums has a usable year</source>
-        <translation>Nichts gewählt: Keines von %1 Alben hat ein brauchbares Jahr</translation>
+        <source>Nothing chosen: of the albums that fit (%1), none has a usable year</source>
+        <translation>Nichts gewählt: Von den passenden Alben (%1) hat keines ein brauchbares Jahr</translation>
     </message>
     <message id="ChoiceNothingFound">
         <source>Nothing chosen: no album was found</source>
@@ -281,7 +281,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ColumnTrack">
         <source>Track</source>
-        <translation>Track</translation>
+        <translation>Titelnr.</translation>
     </message>
     <message id="ColumnVersion">
         <source>Tag Version</source>
@@ -373,7 +373,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="EditingProgress">
         <source>Writing songs…</source>
-        <translation>Songs werden geschrieben…</translation>
+        <translation>Songs werden geschrieben …</translation>
     </message>
     <message id="EmptyNoMatch">
         <source>Nothing matches “%1”</source>
@@ -492,8 +492,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>In der Zwischenablage sind keine Tags.</translation>
     </message>
     <message id="ErrorNoYear">
-        <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
-        <translation>%1 Alben für %2 – %3 gefunden, aber keines mit brauchbarem Jahr: %4</translation>
+        <source>No usable year in the albums found for %2 – %3 (%1): %4</source>
+        <translation>Kein brauchbares Jahr in den gefundenen Alben für %2 – %3 (%1): %4</translation>
     </message>
     <message id="ErrorNotIdentified">
         <source>“%1” is not known by its sound: %2</source>
@@ -617,11 +617,11 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="FieldNotFound">
         <source>Not found in any source</source>
-        <translation>Keine Quelle hat es</translation>
+        <translation>In keiner Quelle gefunden</translation>
     </message>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>
-        <translation>Das gewählte Album, %1, sagt es nicht</translation>
+        <translation>Das gewählte Album, %1, gibt es nicht an</translation>
     </message>
     <message id="FieldPicture">
         <source>A picture that fits: %1</source>
@@ -680,8 +680,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Songs</translation>
     </message>
     <message id="LoadingPlaylist">
-        <source>Loading the playlist “%1” …</source>
-        <translation>Die Wiedergabeliste „%1“ wird geladen …</translation>
+        <source>Loading the playlist “%1”…</source>
+        <translation>Die Wiedergabeliste „%1“ wird geladen …</translation>
     </message>
     <message id="LoadingProgress">
         <source>Songs read</source>
@@ -692,16 +692,16 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Das Ergänzen wurde abgebrochen</translation>
     </message>
     <message id="LogFinished">
-        <source>Finished: %1 songs processed, %2 modified</source>
-        <translation>Fertig: %1 Songs bearbeitet, %2 geändert</translation>
+        <source>Finished. Songs processed: %1, modified: %2</source>
+        <translation>Fertig. Bearbeitete Songs: %1, geändert: %2</translation>
     </message>
     <message id="LogFoundInfo">
         <source>Found %1 for “%2”</source>
         <translation>%1 für „%2“ gefunden</translation>
     </message>
     <message id="LogNothingUnanswered">
-        <source>No song waits to be asked about again</source>
-        <translation>Kein Song wartet darauf, erneut gefragt zu werden</translation>
+        <source>There are no songs that sources are to be asked about again</source>
+        <translation>Es gibt keine Songs, nach denen erneut zu fragen wäre</translation>
     </message>
     <message id="LogPausedForReview">
         <source>Gathering waits: %1 songs are to be reviewed first</source>
@@ -728,20 +728,20 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Es gibt nichts zu bereinigen.</translation>
     </message>
     <message id="LyricsCleanUp">
-        <source>&amp;Clean up</source>
+        <source>&amp;Clean Up</source>
         <translation>&amp;Bereinigen</translation>
     </message>
     <message id="LyricsFilter">
         <source>Clean up lyrics when they are &amp;saved</source>
-        <translation>Songtexte beim &amp;Sichern bereinigen</translation>
+        <translation>Songtexte beim &amp;Speichern bereinigen</translation>
     </message>
     <message id="LyricsFind">
         <source>Find in lyrics</source>
         <translation>Im Songtext suchen</translation>
     </message>
     <message id="LyricsForAll">
-        <source>Lyrics for &amp;all…</source>
-        <translation>Songtext für &amp;alle…</translation>
+        <source>Lyrics for &amp;All…</source>
+        <translation>Songtext für &amp;alle …</translation>
     </message>
     <message id="LyricsForAllPrompt">
         <source>Lyrics for all selected songs:</source>
@@ -780,7 +780,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Den Songtext aus %1 Songs entfernen?</translation>
     </message>
     <message id="LyricsSet">
-        <source>Set lyrics</source>
+        <source>Set Lyrics</source>
         <translation>Songtext setzen</translation>
     </message>
     <message id="LyricsSetInSongs">
@@ -809,11 +809,11 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="MenuAdd">
         <source>A&amp;dd</source>
-        <translation>&amp;Hinzufügen</translation>
+        <translation>Hin&amp;zufügen</translation>
     </message>
     <message id="MenuAddArtwork">
         <source>&amp;Add Artwork…</source>
-        <translation>Cover &amp;hinzufügen…</translation>
+        <translation>Cover &amp;hinzufügen …</translation>
     </message>
     <message id="MenuArtwork">
         <source>&amp;Artwork</source>
@@ -836,7 +836,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Protokoll &amp;kopieren</translation>
     </message>
     <message id="MenuCopyTags">
-        <source>Copy &amp;Tags</source>
+        <source>&amp;Copy Tags</source>
         <translation>&amp;Tags kopieren</translation>
     </message>
     <message id="MenuEdit">
@@ -865,19 +865,19 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="MenuOpenFolder">
         <source>&amp;Open Folder…</source>
-        <translation>&amp;Ordner öffnen…</translation>
+        <translation>&amp;Ordner öffnen …</translation>
     </message>
     <message id="MenuPasteArtwork">
         <source>&amp;Paste Artwork</source>
         <translation>Cover &amp;einfügen</translation>
     </message>
     <message id="MenuPasteTags">
-        <source>P&amp;aste Tags</source>
+        <source>Paste &amp;Tags</source>
         <translation>Tags ei&amp;nfügen</translation>
     </message>
     <message id="MenuPreferences">
         <source>&amp;Preferences…</source>
-        <translation>&amp;Einstellungen…</translation>
+        <translation>&amp;Einstellungen …</translation>
     </message>
     <message id="MenuQuit">
         <source>&amp;Quit</source>
@@ -893,7 +893,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="MenuRegenerate">
         <source>&amp;Regenerate Tags…</source>
-        <translation>&amp;Tags neu schreiben…</translation>
+        <translation>&amp;Tags neu schreiben …</translation>
     </message>
     <message id="MenuRemoveAllArtwork">
         <source>Remove A&amp;ll Artwork</source>
@@ -905,31 +905,31 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="MenuRemoveLyrics">
         <source>Re&amp;move Lyrics</source>
-        <translation>Songtext ent&amp;fernen</translation>
+        <translation>Songtext entfe&amp;rnen</translation>
     </message>
     <message id="MenuReplaceArtwork">
         <source>R&amp;eplace Artwork…</source>
-        <translation>Cover e&amp;rsetzen…</translation>
+        <translation>Cover e&amp;rsetzen …</translation>
     </message>
     <message id="MenuRescan">
         <source>&amp;Rescan</source>
         <translation>&amp;Neu einlesen</translation>
     </message>
     <message id="MenuRetryUnanswered">
-        <source>&amp;Ask Again</source>
-        <translation>Er&amp;neut fragen</translation>
+        <source>&amp;Ask Sources Again</source>
+        <translation>Quellen er&amp;neut fragen</translation>
     </message>
     <message id="MenuRevealFile">
         <source>&amp;Show in File Manager</source>
-        <translation>Im Dateimanager &amp;zeigen</translation>
+        <translation>Im &amp;Dateimanager zeigen</translation>
     </message>
     <message id="MenuReview">
         <source>&amp;Review…</source>
-        <translation>&amp;Durchsehen…</translation>
+        <translation>&amp;Durchsehen …</translation>
     </message>
     <message id="MenuSaveArtwork">
         <source>&amp;Save Artwork As…</source>
-        <translation>Cover &amp;sichern unter…</translation>
+        <translation>Cover &amp;speichern unter …</translation>
     </message>
     <message id="MenuSelectAll">
         <source>&amp;Select All</source>
@@ -948,8 +948,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>&amp;Sortieren nach</translation>
     </message>
     <message id="MenuStandardiseGenre">
-        <source>Standardise &amp;Genre</source>
-        <translation>&amp;Genre vereinheitlichen</translation>
+        <source>Standardise &amp;Genre…</source>
+        <translation>&amp;Genre vereinheitlichen …</translation>
     </message>
     <message id="MenuStop">
         <source>&amp;Stop</source>
@@ -985,7 +985,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="NoLimit">
         <source>No limit</source>
-        <translation>Keine Grenze</translation>
+        <translation>Unbegrenzt</translation>
     </message>
     <message id="NumberRemaining">
         <source>%1 (%2 remaining)</source>
@@ -1008,7 +1008,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Suchen nach</translation>
     </message>
     <message id="OptionsIdentify">
-        <source>Know songs by their sound</source>
+        <source>Know unnamed songs by their sound</source>
         <translation>Songs ohne Namen am Klang erkennen</translation>
     </message>
     <message id="OptionsOverwrite">
@@ -1077,7 +1077,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="OverwriteTitleMessage">
         <source>Titles will be looked for by track number and replace those that the songs have. Songs whose track number is wrong get wrong titles.</source>
-        <translation>Titel werden nach der Titelnummer gesucht und ersetzen die vorhandenen. Songs mit falscher Titelnummer erhalten falsche Titel.</translation>
+        <translation>Titel werden anhand der Titelnummer gesucht und ersetzen die vorhandenen. Songs mit falscher Titelnummer erhalten falsche Titel.</translation>
     </message>
     <message id="OverwriteTitleProceed">
         <source>Replace</source>
@@ -1184,8 +1184,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Bildschirmfoto</translation>
     </message>
     <message id="PlaylistNotFoundMessage">
-        <source>There is no playlist “%1” that can be read</source>
-        <translation>Es gibt keine lesbare Wiedergabeliste „%1“</translation>
+        <source>There is no playlist “%1” that can be read.</source>
+        <translation>Es gibt keine lesbare Wiedergabeliste „%1“.</translation>
     </message>
     <message id="PlaylistNotFoundProceed">
         <source>OK</source>
@@ -1225,7 +1225,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="PreferencesDialectHint">
         <source>The standard way keeps everything that a file holds and is read by every player.</source>
-        <translation>Die Art des Standards bewahrt alles, was eine Datei enthält, und jeder Player liest sie.</translation>
+        <translation>Der Standard bewahrt alles, was eine Datei enthält, und wird von jedem Player gelesen.</translation>
     </message>
     <message id="PreferencesDialectStandard">
         <source>As the standard says</source>
@@ -1236,24 +1236,24 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Dateien</translation>
     </message>
     <message id="PreferencesIgnoreNonSquare">
-        <source>Ignore artwork that is far from &amp;square</source>
+        <source>Ignore artwork that is far from s&amp;quare</source>
         <translation>Nicht &amp;quadratische Cover übergehen</translation>
     </message>
     <message id="PreferencesKeepRefreshed">
         <source>&amp;Let the music library read songs again once they were written</source>
-        <translation>&amp;Mediathek geschriebene Songs neu lesen lassen</translation>
+        <translation>Geschriebene Songs von der &amp;Mediathek neu einlesen lassen</translation>
     </message>
     <message id="PreferencesMaxSize">
         <source>&amp;Largest size kept:</source>
-        <translation>&amp;Größtes aufbewahrtes Maß:</translation>
+        <translation>&amp;Höchstgröße:</translation>
     </message>
     <message id="PreferencesMinSize">
         <source>&amp;Smallest width accepted:</source>
-        <translation>&amp;Kleinste angenommene Breite:</translation>
+        <translation>&amp;Mindestbreite:</translation>
     </message>
     <message id="PreferencesOverwriteSize">
         <source>&amp;Replace artwork narrower than:</source>
-        <translation>Cover &amp;ersetzen, schmaler als:</translation>
+        <translation>Cover &amp;ersetzen, wenn schmaler als:</translation>
     </message>
     <message id="PreferencesSources">
         <source>Sources</source>
@@ -1261,7 +1261,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="PreferencesSyncedLyrics">
         <source>&amp;Prefer lyrics with the times of their lines</source>
-        <translation>Songtexte mit &amp;Zeiten der Zeilen vorziehen</translation>
+        <translation>Songtexte mit &amp;Zeitangaben bevorzugen</translation>
     </message>
     <message id="PreferencesTitle">
         <source>Preferences</source>
@@ -1288,8 +1288,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Größen in ID3v2.4-Tags</translation>
     </message>
     <message id="PreparingToGather">
-        <source>Preparing to gather …</source>
-        <translation>Das Ergänzen wird vorbereitet …</translation>
+        <source>Preparing to gather…</source>
+        <translation>Das Ergänzen wird vorbereitet …</translation>
     </message>
     <message id="ProblemExtendedHeader">
         <source>The extended header is larger than the tag.</source>
@@ -1352,7 +1352,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>%1; der bisherige Inhalt der Datei ist aufbewahrt und wird beim nächsten Start zurückgelegt</translation>
     </message>
     <message id="RegenerateAll">
-        <source>Regenerate &amp;all</source>
+        <source>Regenerate &amp;All</source>
         <translation>&amp;Alle neu schreiben</translation>
     </message>
     <message id="RegenerateBegun">
@@ -1393,14 +1393,14 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="RegenerateReading">
         <source>Reading…</source>
-        <translation>Wird gelesen…</translation>
+        <translation>Wird gelesen …</translation>
     </message>
     <message id="RegenerateResult">
         <source>Result</source>
         <translation>Ergebnis</translation>
     </message>
     <message id="RegenerateSelected">
-        <source>&amp;Regenerate selected</source>
+        <source>&amp;Regenerate Selected</source>
         <translation>Aus&amp;gewählte neu schreiben</translation>
     </message>
     <message id="RegenerateSong">
@@ -1481,7 +1481,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ReviewColumnTracks">
         <source>Tracks</source>
-        <translation>Titel</translation>
+        <translation>Titelanzahl</translation>
     </message>
     <message id="ReviewFields">
         <source>Fields of the song</source>
@@ -1501,7 +1501,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ReviewNothingAccepted">
         <source>Nothing of what was found</source>
-        <translation>Nichts vom Gefundenen</translation>
+        <translation>Nichts davon</translation>
     </message>
     <message id="ReviewNothingToWrite">
         <source>Nothing is to be written.</source>
@@ -1524,8 +1524,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>%1 – %2</translation>
     </message>
     <message id="ReviewStateApplying">
-        <source>Applying the album …</source>
-        <translation>Album wird übernommen …</translation>
+        <source>Applying the album…</source>
+        <translation>Album wird übernommen …</translation>
     </message>
     <message id="ReviewStateSkipped">
         <source>Skipped</source>
@@ -1536,8 +1536,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Zu schreiben</translation>
     </message>
     <message id="ReviewStateWriting">
-        <source>Writing …</source>
-        <translation>Wird geschrieben …</translation>
+        <source>Writing…</source>
+        <translation>Wird geschrieben …</translation>
     </message>
     <message id="ReviewStateWritten">
         <source>Written</source>
@@ -1564,16 +1564,16 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>&amp;Alle schreiben</translation>
     </message>
     <message id="Scanning">
-        <source>Looking for songs …</source>
-        <translation>Songs werden gesucht …</translation>
+        <source>Looking for songs…</source>
+        <translation>Songs werden gesucht …</translation>
     </message>
     <message id="ScanningDirectory">
-        <source>Looking for songs in the folder …</source>
-        <translation>Songs werden im Ordner gesucht …</translation>
+        <source>Looking for songs in the folder…</source>
+        <translation>Songs werden im Ordner gesucht …</translation>
     </message>
     <message id="ScanningiTunesLibrary">
-        <source>Reading the music library …</source>
-        <translation>Die Mediathek wird gelesen …</translation>
+        <source>Reading the music library…</source>
+        <translation>Die Mediathek wird gelesen …</translation>
     </message>
     <message id="SearchPlaceholder">
         <source>Search songs</source>
@@ -1613,7 +1613,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="SourceMenuFolder">
         <source>Folder…</source>
-        <translation>Ordner…</translation>
+        <translation>Ordner …</translation>
     </message>
     <message id="SourceMenuTitle">
         <source>Where the songs come from</source>
@@ -1621,14 +1621,14 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="StandardiseGenreExplanation">
         <source>Genres are given the names of the genre table. Choose which are changed; a click on a new genre chooses another one.</source>
-        <translation>Genres erhalten die Namen der Genretabelle. Wählen Sie, welche geändert werden; ein Klick auf ein neues Genre wählt ein anderes.</translation>
+        <translation>Genres erhalten die Namen der Genretabelle. Wählen Sie, welche geändert werden; klicken Sie auf ein neues Genre, um ein anderes zu wählen.</translation>
     </message>
     <message id="StandardiseGenreNone">
         <source>None of the selected songs has a genre.</source>
         <translation>Keiner der ausgewählten Songs hat ein Genre.</translation>
     </message>
     <message id="StandardiseGenreProceed">
-        <source>Change genres</source>
+        <source>Change Genres</source>
         <translation>Genres ändern</translation>
     </message>
     <message id="StandardiseGenreTitle">
@@ -1645,7 +1645,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ToolTipAllowSubstrings">
         <source>Also takes albums and tracks whose name is a part of the song’s, or the other way round.</source>
-        <translation>Nimmt auch Alben und Titel, deren Name ein Teil des Namens beim Song ist, oder umgekehrt.</translation>
+        <translation>Nimmt auch Alben und Titel, deren Name nur ein Teil dessen ist, was der Song angibt, oder umgekehrt.</translation>
     </message>
     <message id="ToolTipGather">
         <source>Fills this in where a song lacks it.</source>
@@ -1661,7 +1661,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="ToolTipIdentify">
         <source>For songs without artist or title. Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
-        <translation>Sendet einen Fingerabdruck des Klangs an den Dienst AcoustID, sonst nichts vom Song.</translation>
+        <translation>Für Songs ohne Interpret oder Titel. Sendet einen Fingerabdruck des Klangs an den Dienst AcoustID, sonst nichts vom Song.</translation>
     </message>
     <message id="ToolTipIdentifyNoKey">
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
@@ -1717,15 +1717,15 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="WelcomeBegin">
         <source>Begin with a folder of songs, or watch a demo on sample songs first.</source>
-        <translation>Beginnen Sie mit einem Ordner voller Songs, oder sehen Sie sich zuerst eine Vorführung mit Beispielen an.</translation>
+        <translation>Beginnen Sie mit einem Ordner voller Songs, oder sehen Sie sich zuerst eine Demo mit Beispielsongs an.</translation>
     </message>
     <message id="WelcomeDemo">
         <source>Show the Demo</source>
-        <translation>Vorführung zeigen</translation>
+        <translation>Demo zeigen</translation>
     </message>
     <message id="WelcomeFolder">
         <source>Choose a Folder…</source>
-        <translation>Ordner wählen…</translation>
+        <translation>Ordner wählen …</translation>
     </message>
     <message id="WelcomeLater">
         <source>Not Now</source>
@@ -1741,7 +1741,7 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     </message>
     <message id="WelcomeWhat">
         <source>Tagwright looks at the tags of your songs, finds on the web what they lack (album, title, genre, year, track number, artwork and lyrics) and writes it into the files.</source>
-        <translation>Tagwright sieht die Tags Ihrer Songs an, findet im Netz, was ihnen fehlt (Album, Titel, Genre, Jahr, Titelnummer, Cover und Songtext), und schreibt es in die Dateien.</translation>
+        <translation>Tagwright sieht sich die Tags Ihrer Songs an, findet im Netz, was ihnen fehlt (Album, Titel, Genre, Jahr, Titelnummer, Cover und Songtext), und schreibt es in die Dateien.</translation>
     </message>
     <message id="WindowTitleDirectory">
         <source>%1 – Tagwright</source>
@@ -1784,8 +1784,8 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <translation>Herunterladen</translation>
     </message>
     <message id="newVersionMessage">
-        <source>Tagwright &lt;version&gt; is there.</source>
-        <translation>Tagwright &lt;version&gt; ist da.</translation>
+        <source>Tagwright &lt;version&gt; has been released.</source>
+        <translation>Tagwright &lt;version&gt; ist erschienen.</translation>
     </message>
     <message id="newVersionTitle">
         <source>A newer version is available</source>

@@ -216,8 +216,8 @@ The selected songs have different artwork</translation>
         <translation>Nothing chosen: %1 albums fit, and no method picks one of them</translation>
     </message>
     <message id="ChoiceNoUsableYear">
-        <source>Nothing chosen: none of %1 albums has a usable year</source>
-        <translation>Nothing chosen: none of %1 albums has a usable year</translation>
+        <source>Nothing chosen: of the albums that fit (%1), none has a usable year</source>
+        <translation>Nothing chosen: of the albums that fit (%1), none has a usable year</translation>
     </message>
     <message id="ChoiceNothingFound">
         <source>Nothing chosen: no album was found</source>
@@ -492,8 +492,8 @@ The selected songs have different artwork</translation>
         <translation>There are no tags on the clipboard.</translation>
     </message>
     <message id="ErrorNoYear">
-        <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
-        <translation>%1 albums found for %2 – %3, but none with a usable year: %4</translation>
+        <source>No usable year in the albums found for %2 – %3 (%1): %4</source>
+        <translation>No usable year in the albums found for %2 – %3 (%1): %4</translation>
     </message>
     <message id="ErrorNotIdentified">
         <source>“%1” is not known by its sound: %2</source>
@@ -680,8 +680,8 @@ The selected songs have different artwork</translation>
         <translation>Songs</translation>
     </message>
     <message id="LoadingPlaylist">
-        <source>Loading the playlist “%1” …</source>
-        <translation>Loading the playlist “%1” …</translation>
+        <source>Loading the playlist “%1”…</source>
+        <translation>Loading the playlist “%1”…</translation>
     </message>
     <message id="LoadingProgress">
         <source>Songs read</source>
@@ -692,16 +692,16 @@ The selected songs have different artwork</translation>
         <translation>Gathering was cancelled</translation>
     </message>
     <message id="LogFinished">
-        <source>Finished: %1 songs processed, %2 modified</source>
-        <translation>Finished: %1 songs processed, %2 modified</translation>
+        <source>Finished. Songs processed: %1, modified: %2</source>
+        <translation>Finished. Songs processed: %1, modified: %2</translation>
     </message>
     <message id="LogFoundInfo">
         <source>Found %1 for “%2”</source>
         <translation>Found %1 for “%2”</translation>
     </message>
     <message id="LogNothingUnanswered">
-        <source>No song waits to be asked about again</source>
-        <translation>No song waits to be asked about again</translation>
+        <source>There are no songs that sources are to be asked about again</source>
+        <translation>There are no songs that sources are to be asked about again</translation>
     </message>
     <message id="LogPausedForReview">
         <source>Gathering waits: %1 songs are to be reviewed first</source>
@@ -728,8 +728,8 @@ The selected songs have different artwork</translation>
         <translation>There is nothing to clean up.</translation>
     </message>
     <message id="LyricsCleanUp">
-        <source>&amp;Clean up</source>
-        <translation>&amp;Clean up</translation>
+        <source>&amp;Clean Up</source>
+        <translation>&amp;Clean Up</translation>
     </message>
     <message id="LyricsFilter">
         <source>Clean up lyrics when they are &amp;saved</source>
@@ -740,8 +740,8 @@ The selected songs have different artwork</translation>
         <translation>Find in lyrics</translation>
     </message>
     <message id="LyricsForAll">
-        <source>Lyrics for &amp;all…</source>
-        <translation>Lyrics for &amp;all…</translation>
+        <source>Lyrics for &amp;All…</source>
+        <translation>Lyrics for &amp;All…</translation>
     </message>
     <message id="LyricsForAllPrompt">
         <source>Lyrics for all selected songs:</source>
@@ -780,8 +780,8 @@ The selected songs have different artwork</translation>
         <translation>Remove the lyrics from %1 songs?</translation>
     </message>
     <message id="LyricsSet">
-        <source>Set lyrics</source>
-        <translation>Set lyrics</translation>
+        <source>Set Lyrics</source>
+        <translation>Set Lyrics</translation>
     </message>
     <message id="LyricsSetInSongs">
         <source>Set these lyrics in %1 songs?</source>
@@ -836,8 +836,8 @@ The selected songs have different artwork</translation>
         <translation>&amp;Copy Log</translation>
     </message>
     <message id="MenuCopyTags">
-        <source>Copy &amp;Tags</source>
-        <translation>Copy &amp;Tags</translation>
+        <source>&amp;Copy Tags</source>
+        <translation>&amp;Copy Tags</translation>
     </message>
     <message id="MenuEdit">
         <source>&amp;Edit</source>
@@ -872,8 +872,8 @@ The selected songs have different artwork</translation>
         <translation>&amp;Paste Artwork</translation>
     </message>
     <message id="MenuPasteTags">
-        <source>P&amp;aste Tags</source>
-        <translation>P&amp;aste Tags</translation>
+        <source>Paste &amp;Tags</source>
+        <translation>Paste &amp;Tags</translation>
     </message>
     <message id="MenuPreferences">
         <source>&amp;Preferences…</source>
@@ -916,8 +916,8 @@ The selected songs have different artwork</translation>
         <translation>&amp;Rescan</translation>
     </message>
     <message id="MenuRetryUnanswered">
-        <source>&amp;Ask Again</source>
-        <translation>&amp;Ask Again</translation>
+        <source>&amp;Ask Sources Again</source>
+        <translation>&amp;Ask Sources Again</translation>
     </message>
     <message id="MenuRevealFile">
         <source>&amp;Show in File Manager</source>
@@ -948,8 +948,8 @@ The selected songs have different artwork</translation>
         <translation>&amp;Sort by</translation>
     </message>
     <message id="MenuStandardiseGenre">
-        <source>Standardise &amp;Genre</source>
-        <translation>Standardise &amp;Genre</translation>
+        <source>Standardise &amp;Genre…</source>
+        <translation>Standardise &amp;Genre…</translation>
     </message>
     <message id="MenuStop">
         <source>&amp;Stop</source>
@@ -1008,8 +1008,8 @@ The selected songs have different artwork</translation>
         <translation>Look for</translation>
     </message>
     <message id="OptionsIdentify">
-        <source>Know songs by their sound</source>
-        <translation>Know songs by their sound</translation>
+        <source>Know unnamed songs by their sound</source>
+        <translation>Know unnamed songs by their sound</translation>
     </message>
     <message id="OptionsOverwrite">
         <source>Replace</source>
@@ -1184,8 +1184,8 @@ The selected songs have different artwork</translation>
         <translation>Screen capture</translation>
     </message>
     <message id="PlaylistNotFoundMessage">
-        <source>There is no playlist “%1” that can be read</source>
-        <translation>There is no playlist “%1” that can be read</translation>
+        <source>There is no playlist “%1” that can be read.</source>
+        <translation>There is no playlist “%1” that can be read.</translation>
     </message>
     <message id="PlaylistNotFoundProceed">
         <source>OK</source>
@@ -1236,8 +1236,8 @@ The selected songs have different artwork</translation>
         <translation>Files</translation>
     </message>
     <message id="PreferencesIgnoreNonSquare">
-        <source>Ignore artwork that is far from &amp;square</source>
-        <translation>Ignore artwork that is far from &amp;square</translation>
+        <source>Ignore artwork that is far from s&amp;quare</source>
+        <translation>Ignore artwork that is far from s&amp;quare</translation>
     </message>
     <message id="PreferencesKeepRefreshed">
         <source>&amp;Let the music library read songs again once they were written</source>
@@ -1288,8 +1288,8 @@ The selected songs have different artwork</translation>
         <translation>Sizes in ID3v2.4 tags</translation>
     </message>
     <message id="PreparingToGather">
-        <source>Preparing to gather …</source>
-        <translation>Preparing to gather …</translation>
+        <source>Preparing to gather…</source>
+        <translation>Preparing to gather…</translation>
     </message>
     <message id="ProblemExtendedHeader">
         <source>The extended header is larger than the tag.</source>
@@ -1352,8 +1352,8 @@ The selected songs have different artwork</translation>
         <translation>%1; what the file held is kept, and is put back at the next start</translation>
     </message>
     <message id="RegenerateAll">
-        <source>Regenerate &amp;all</source>
-        <translation>Regenerate &amp;all</translation>
+        <source>Regenerate &amp;All</source>
+        <translation>Regenerate &amp;All</translation>
     </message>
     <message id="RegenerateBegun">
         <source>Waiting</source>
@@ -1400,8 +1400,8 @@ The selected songs have different artwork</translation>
         <translation>Result</translation>
     </message>
     <message id="RegenerateSelected">
-        <source>&amp;Regenerate selected</source>
-        <translation>&amp;Regenerate selected</translation>
+        <source>&amp;Regenerate Selected</source>
+        <translation>&amp;Regenerate Selected</translation>
     </message>
     <message id="RegenerateSong">
         <source>Song</source>
@@ -1524,8 +1524,8 @@ The selected songs have different artwork</translation>
         <translation>%1 – %2</translation>
     </message>
     <message id="ReviewStateApplying">
-        <source>Applying the album …</source>
-        <translation>Applying the album …</translation>
+        <source>Applying the album…</source>
+        <translation>Applying the album…</translation>
     </message>
     <message id="ReviewStateSkipped">
         <source>Skipped</source>
@@ -1536,8 +1536,8 @@ The selected songs have different artwork</translation>
         <translation>To be written</translation>
     </message>
     <message id="ReviewStateWriting">
-        <source>Writing …</source>
-        <translation>Writing …</translation>
+        <source>Writing…</source>
+        <translation>Writing…</translation>
     </message>
     <message id="ReviewStateWritten">
         <source>Written</source>
@@ -1564,16 +1564,16 @@ The selected songs have different artwork</translation>
         <translation>Write &amp;All</translation>
     </message>
     <message id="Scanning">
-        <source>Looking for songs …</source>
-        <translation>Looking for songs …</translation>
+        <source>Looking for songs…</source>
+        <translation>Looking for songs…</translation>
     </message>
     <message id="ScanningDirectory">
-        <source>Looking for songs in the folder …</source>
-        <translation>Looking for songs in the folder …</translation>
+        <source>Looking for songs in the folder…</source>
+        <translation>Looking for songs in the folder…</translation>
     </message>
     <message id="ScanningiTunesLibrary">
-        <source>Reading the music library …</source>
-        <translation>Reading the music library …</translation>
+        <source>Reading the music library…</source>
+        <translation>Reading the music library…</translation>
     </message>
     <message id="SearchPlaceholder">
         <source>Search songs</source>
@@ -1628,8 +1628,8 @@ The selected songs have different artwork</translation>
         <translation>None of the selected songs has a genre.</translation>
     </message>
     <message id="StandardiseGenreProceed">
-        <source>Change genres</source>
-        <translation>Change genres</translation>
+        <source>Change Genres</source>
+        <translation>Change Genres</translation>
     </message>
     <message id="StandardiseGenreTitle">
         <source>Standardise genres</source>
@@ -1784,8 +1784,8 @@ The selected songs have different artwork</translation>
         <translation>Download</translation>
     </message>
     <message id="newVersionMessage">
-        <source>Tagwright &lt;version&gt; is there.</source>
-        <translation>Tagwright &lt;version&gt; is there.</translation>
+        <source>Tagwright &lt;version&gt; has been released.</source>
+        <translation>Tagwright &lt;version&gt; has been released.</translation>
     </message>
     <message id="newVersionTitle">
         <source>A newer version is available</source>

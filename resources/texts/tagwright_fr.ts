@@ -45,7 +45,7 @@
     </message>
     <message id="All">
         <source>All</source>
-        <translation>Tous</translation>
+        <translation>Toutes</translation>
     </message>
     <message id="Artist">
         <source>Artist</source>
@@ -173,7 +173,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ChangeSheetCount">
         <source>Songs to be changed: %1</source>
-        <translation>Morceaux à modifier : %1.</translation>
+        <translation>Morceaux à modifier : %1</translation>
     </message>
     <message id="ChangeSheetRefused">
         <source>Of these, %1 cannot be written and will stay as they are.</source>
@@ -216,8 +216,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Rien n’est choisi : %1 albums conviennent et aucune méthode n’en retient un</translation>
     </message>
     <message id="ChoiceNoUsableYear">
-        <source>Nothing chosen: none of %1 albums has a usable year</source>
-        <translation>Rien n’est choisi : aucun des %1 albums n’a d’année utilisable</translation>
+        <source>Nothing chosen: of the albums that fit (%1), none has a usable year</source>
+        <translation>Rien n’est choisi : parmi les albums qui conviennent (%1), aucun n’a d’année utilisable</translation>
     </message>
     <message id="ChoiceNothingFound">
         <source>Nothing chosen: no album was found</source>
@@ -492,8 +492,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Il n’y a pas d’étiquettes dans le presse-papiers.</translation>
     </message>
     <message id="ErrorNoYear">
-        <source>%1 albums found for %2 – %3, but none with a usable year: %4</source>
-        <translation>%1 albums trouvés pour %2 – %3, mais aucun avec une année utilisable : %4</translation>
+        <source>No usable year in the albums found for %2 – %3 (%1): %4</source>
+        <translation>Aucune année utilisable dans les albums trouvés pour %2 – %3 (%1) : %4</translation>
     </message>
     <message id="ErrorNotIdentified">
         <source>“%1” is not known by its sound: %2</source>
@@ -617,7 +617,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="FieldNotFound">
         <source>Not found in any source</source>
-        <translation>Aucune source ne l’a</translation>
+        <translation>Dans aucune source</translation>
     </message>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>
@@ -680,7 +680,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Morceaux</translation>
     </message>
     <message id="LoadingPlaylist">
-        <source>Loading the playlist “%1” …</source>
+        <source>Loading the playlist “%1”…</source>
         <translation>Chargement de la liste de lecture « %1 »…</translation>
     </message>
     <message id="LoadingProgress">
@@ -692,16 +692,16 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>La collecte a été annulée</translation>
     </message>
     <message id="LogFinished">
-        <source>Finished: %1 songs processed, %2 modified</source>
-        <translation>Terminé : %1 morceaux traités, %2 modifiés</translation>
+        <source>Finished. Songs processed: %1, modified: %2</source>
+        <translation>Terminé. Morceaux traités : %1, modifiés : %2</translation>
     </message>
     <message id="LogFoundInfo">
         <source>Found %1 for “%2”</source>
-        <translation>%1 trouvé pour « %2 »</translation>
+        <translation>Trouvé pour « %2 » : %1</translation>
     </message>
     <message id="LogNothingUnanswered">
-        <source>No song waits to be asked about again</source>
-        <translation>Aucun morceau n’attend d’être redemandé</translation>
+        <source>There are no songs that sources are to be asked about again</source>
+        <translation>Il n’y a aucun morceau pour lequel réinterroger les sources</translation>
     </message>
     <message id="LogPausedForReview">
         <source>Gathering waits: %1 songs are to be reviewed first</source>
@@ -713,7 +713,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="LogSetInfo">
         <source>Set %1 of “%2”</source>
-        <translation>%1 de « %2 » défini</translation>
+        <translation>Défini dans « %2 » : %1</translation>
     </message>
     <message id="LogTitle">
         <source>Log</source>
@@ -728,7 +728,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Il n’y a rien à nettoyer.</translation>
     </message>
     <message id="LyricsCleanUp">
-        <source>&amp;Clean up</source>
+        <source>&amp;Clean Up</source>
         <translation>&amp;Nettoyer</translation>
     </message>
     <message id="LyricsFilter">
@@ -740,7 +740,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Rechercher dans les paroles</translation>
     </message>
     <message id="LyricsForAll">
-        <source>Lyrics for &amp;all…</source>
+        <source>Lyrics for &amp;All…</source>
         <translation>Paroles pour &amp;tous…</translation>
     </message>
     <message id="LyricsForAllPrompt">
@@ -780,7 +780,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Supprimer les paroles de %1 morceaux ?</translation>
     </message>
     <message id="LyricsSet">
-        <source>Set lyrics</source>
+        <source>Set Lyrics</source>
         <translation>Définir les paroles</translation>
     </message>
     <message id="LyricsSetInSongs">
@@ -836,7 +836,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>&amp;Copier le journal</translation>
     </message>
     <message id="MenuCopyTags">
-        <source>Copy &amp;Tags</source>
+        <source>&amp;Copy Tags</source>
         <translation>Copier les éti&amp;quettes</translation>
     </message>
     <message id="MenuEdit">
@@ -869,10 +869,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="MenuPasteArtwork">
         <source>&amp;Paste Artwork</source>
-        <translation>&amp;Coller la pochette</translation>
+        <translation>Co&amp;ller la pochette</translation>
     </message>
     <message id="MenuPasteTags">
-        <source>P&amp;aste Tags</source>
+        <source>Paste &amp;Tags</source>
         <translation>Coller les é&amp;tiquettes</translation>
     </message>
     <message id="MenuPreferences">
@@ -905,7 +905,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="MenuRemoveLyrics">
         <source>Re&amp;move Lyrics</source>
-        <translation>&amp;Supprimer les paroles</translation>
+        <translation>S&amp;upprimer les paroles</translation>
     </message>
     <message id="MenuReplaceArtwork">
         <source>R&amp;eplace Artwork…</source>
@@ -916,8 +916,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>&amp;Relire</translation>
     </message>
     <message id="MenuRetryUnanswered">
-        <source>&amp;Ask Again</source>
-        <translation>&amp;Redemander</translation>
+        <source>&amp;Ask Sources Again</source>
+        <translation>&amp;Réinterroger les sources</translation>
     </message>
     <message id="MenuRevealFile">
         <source>&amp;Show in File Manager</source>
@@ -948,8 +948,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>&amp;Trier par</translation>
     </message>
     <message id="MenuStandardiseGenre">
-        <source>Standardise &amp;Genre</source>
-        <translation>&amp;Normaliser le genre</translation>
+        <source>Standardise &amp;Genre…</source>
+        <translation>&amp;Normaliser le genre…</translation>
     </message>
     <message id="MenuStop">
         <source>&amp;Stop</source>
@@ -989,7 +989,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="NumberRemaining">
         <source>%1 (%2 remaining)</source>
-        <translation>%1 (%2 restants)</translation>
+        <translation>%1 (encore %2)</translation>
     </message>
     <message id="OpenFolderTitle">
         <source>Choose a folder of songs</source>
@@ -1008,7 +1008,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Rechercher</translation>
     </message>
     <message id="OptionsIdentify">
-        <source>Know songs by their sound</source>
+        <source>Know unnamed songs by their sound</source>
         <translation>Reconnaître au son les morceaux sans nom</translation>
     </message>
     <message id="OptionsOverwrite">
@@ -1184,8 +1184,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Capture d’écran</translation>
     </message>
     <message id="PlaylistNotFoundMessage">
-        <source>There is no playlist “%1” that can be read</source>
-        <translation>Il n’y a pas de liste de lecture « %1 » lisible</translation>
+        <source>There is no playlist “%1” that can be read.</source>
+        <translation>Il n’y a pas de liste de lecture « %1 » lisible.</translation>
     </message>
     <message id="PlaylistNotFoundProceed">
         <source>OK</source>
@@ -1236,8 +1236,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Fichiers</translation>
     </message>
     <message id="PreferencesIgnoreNonSquare">
-        <source>Ignore artwork that is far from &amp;square</source>
-        <translation>Ignorer les pochettes loin d’être ca&amp;rrées</translation>
+        <source>Ignore artwork that is far from s&amp;quare</source>
+        <translation>Ignorer les pochettes loin d’être &amp;carrées</translation>
     </message>
     <message id="PreferencesKeepRefreshed">
         <source>&amp;Let the music library read songs again once they were written</source>
@@ -1245,11 +1245,11 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="PreferencesMaxSize">
         <source>&amp;Largest size kept:</source>
-        <translation>Plus &amp;grande taille conservée :</translation>
+        <translation>Taille &amp;maximale conservée :</translation>
     </message>
     <message id="PreferencesMinSize">
         <source>&amp;Smallest width accepted:</source>
-        <translation>Plus &amp;petite largeur acceptée :</translation>
+        <translation>&amp;Largeur minimale acceptée :</translation>
     </message>
     <message id="PreferencesOverwriteSize">
         <source>&amp;Replace artwork narrower than:</source>
@@ -1261,7 +1261,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="PreferencesSyncedLyrics">
         <source>&amp;Prefer lyrics with the times of their lines</source>
-        <translation>Préférer les paroles &amp;minutées</translation>
+        <translation>Préférer les paroles s&amp;ynchronisées</translation>
     </message>
     <message id="PreferencesTitle">
         <source>Preferences</source>
@@ -1288,7 +1288,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Tailles dans les étiquettes ID3v2.4</translation>
     </message>
     <message id="PreparingToGather">
-        <source>Preparing to gather …</source>
+        <source>Preparing to gather…</source>
         <translation>Préparation de la collecte…</translation>
     </message>
     <message id="ProblemExtendedHeader">
@@ -1297,19 +1297,19 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ProblemFrameDangerous">
         <source>The frame %1 stands in a form that other programs stumble over.</source>
-        <translation>Le cadre %1 a une forme sur laquelle d’autres programmes butent.</translation>
+        <translation>La trame %1 a une forme sur laquelle d’autres programmes butent.</translation>
     </message>
     <message id="ProblemFrameOverrun">
         <source>The frame %1 is larger than what is left of the tag.</source>
-        <translation>Le cadre %1 est plus grand que le reste de l’étiquette.</translation>
+        <translation>La trame %1 est plus grande que le reste de l’étiquette.</translation>
     </message>
     <message id="ProblemFramePacked">
         <source>The frame %1 is compressed and cannot be unpacked.</source>
-        <translation>Le cadre %1 est compressé et ne peut pas être décompressé.</translation>
+        <translation>La trame %1 est compressée et ne peut pas être décompressée.</translation>
     </message>
     <message id="ProblemFrameSize">
         <source>The frame %1 has a size that cannot be.</source>
-        <translation>Le cadre %1 a une taille impossible.</translation>
+        <translation>La trame %1 a une taille impossible.</translation>
     </message>
     <message id="ProblemPicture">
         <source>A picture cannot be read.</source>
@@ -1352,7 +1352,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>%1 ; l’ancien contenu du fichier est conservé et sera rétabli au prochain démarrage</translation>
     </message>
     <message id="RegenerateAll">
-        <source>Regenerate &amp;all</source>
+        <source>Regenerate &amp;All</source>
         <translation>&amp;Tout régénérer</translation>
     </message>
     <message id="RegenerateBegun">
@@ -1400,7 +1400,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Résultat</translation>
     </message>
     <message id="RegenerateSelected">
-        <source>&amp;Regenerate selected</source>
+        <source>&amp;Regenerate Selected</source>
         <translation>&amp;Régénérer la sélection</translation>
     </message>
     <message id="RegenerateSong">
@@ -1441,7 +1441,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ReviewClear">
         <source>&amp;Clear Decided</source>
-        <translation>Retirer les &amp;réglés</translation>
+        <translation>Ret&amp;irer les traités</translation>
     </message>
     <message id="ReviewColumnChanges">
         <source>Changes</source>
@@ -1524,7 +1524,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>%1 – %2</translation>
     </message>
     <message id="ReviewStateApplying">
-        <source>Applying the album …</source>
+        <source>Applying the album…</source>
         <translation>Application de l’album…</translation>
     </message>
     <message id="ReviewStateSkipped">
@@ -1536,7 +1536,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>À écrire</translation>
     </message>
     <message id="ReviewStateWriting">
-        <source>Writing …</source>
+        <source>Writing…</source>
         <translation>Écriture…</translation>
     </message>
     <message id="ReviewStateWritten">
@@ -1564,15 +1564,15 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>&amp;Tout écrire</translation>
     </message>
     <message id="Scanning">
-        <source>Looking for songs …</source>
+        <source>Looking for songs…</source>
         <translation>Recherche de morceaux…</translation>
     </message>
     <message id="ScanningDirectory">
-        <source>Looking for songs in the folder …</source>
+        <source>Looking for songs in the folder…</source>
         <translation>Recherche de morceaux dans le dossier…</translation>
     </message>
     <message id="ScanningiTunesLibrary">
-        <source>Reading the music library …</source>
+        <source>Reading the music library…</source>
         <translation>Lecture de la bibliothèque musicale…</translation>
     </message>
     <message id="SearchPlaceholder">
@@ -1621,14 +1621,14 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="StandardiseGenreExplanation">
         <source>Genres are given the names of the genre table. Choose which are changed; a click on a new genre chooses another one.</source>
-        <translation>Les genres reçoivent les noms de la table des genres. Choisissez lesquels sont modifiés ; un clic sur un nouveau genre en choisit un autre.</translation>
+        <translation>Les genres reçoivent les noms de la table des genres. Choisissez lesquels sont modifiés ; cliquez sur un nouveau genre pour en choisir un autre.</translation>
     </message>
     <message id="StandardiseGenreNone">
         <source>None of the selected songs has a genre.</source>
         <translation>Aucun des morceaux sélectionnés n’a de genre.</translation>
     </message>
     <message id="StandardiseGenreProceed">
-        <source>Change genres</source>
+        <source>Change Genres</source>
         <translation>Modifier les genres</translation>
     </message>
     <message id="StandardiseGenreTitle">
@@ -1661,7 +1661,7 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     </message>
     <message id="ToolTipIdentify">
         <source>For songs without artist or title. Sends a fingerprint of the sound to the AcoustID service, nothing else of the song.</source>
-        <translation>Envoie une empreinte sonore au service AcoustID, et rien d’autre du morceau.</translation>
+        <translation>Pour les morceaux sans artiste ou sans titre. Envoie une empreinte sonore au service AcoustID, et rien d’autre du morceau.</translation>
     </message>
     <message id="ToolTipIdentifyNoKey">
         <source>Needs a key of yours for the AcoustID service, which you can enter in the preferences.</source>
@@ -1784,8 +1784,8 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <translation>Télécharger</translation>
     </message>
     <message id="newVersionMessage">
-        <source>Tagwright &lt;version&gt; is there.</source>
-        <translation>Tagwright &lt;version&gt; est disponible.</translation>
+        <source>Tagwright &lt;version&gt; has been released.</source>
+        <translation>Tagwright &lt;version&gt; est sorti.</translation>
     </message>
     <message id="newVersionTitle">
         <source>A newer version is available</source>

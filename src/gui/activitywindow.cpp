@@ -28,7 +28,10 @@ ActivityWindow::ActivityWindow(HVHTTPQueue &queue, QWidget *parent)
     table->setAlternatingRowColors(true);
     table->setTextElideMode(Qt::ElideMiddle);
     table->setWordWrap(false);
+    table->setTabKeyNavigation(false);
     table->verticalHeader()->hide();
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setSectionResizeMode(FetchQueueModel::URL, QHeaderView::Stretch);
     table->horizontalHeader()->resizeSection(FetchQueueModel::Status, statusWidth);
     auto *idle = new QLabel(qtTrId("ActivityIdle"), table);

@@ -56,10 +56,11 @@ QListView *listOf(const SongList &songs, QWidget *parent)
     auto *list = new QListView(parent);
     list->setModel(new SongNames(songs, list));
     list->setUniformItemSizes(true);
+    const int line = list->fontMetrics().lineSpacing();
+    list->setIconSize({line, line}); // or rows with an icon would not fit into those without
     list->setSelectionMode(QAbstractItemView::NoSelection);
     list->setAccessibleName(qtTrId("ChangeSheetSongs"));
-    list->setMinimumSize(list->fontMetrics().averageCharWidth() * 60,
-                         list->fontMetrics().lineSpacing() * 9);
+    list->setMinimumSize(list->fontMetrics().averageCharWidth() * 60, line * 9);
     return list;
 }
 

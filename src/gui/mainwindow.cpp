@@ -26,6 +26,7 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QSplitter>
+#include <QTextDocument>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -254,9 +255,10 @@ void MainWindow::showWelcome()
 
 void MainWindow::showPlaylistNotFound(const QString &name)
 {
-    auto *sheet =
-        new QMessageBox(QMessageBox::Critical, qtTrId("PlaylistNotFoundTitle"),
-                        qtTrId("PlaylistNotFoundMessage").arg(name), QMessageBox::NoButton, this);
+    auto *sheet = new QMessageBox(QMessageBox::Critical, qtTrId("PlaylistNotFoundTitle"),
+                                  qtTrId("PlaylistNotFoundTitle"), QMessageBox::NoButton, this);
+    sheet->setInformativeText(
+        Qt::convertFromPlainText(qtTrId("PlaylistNotFoundMessage").arg(name)));
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->addButton(qtTrId("PlaylistNotFoundProceed"), QMessageBox::AcceptRole);
     sheet->open();

@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QUrl>
 
 void showReleaseAlert(const ReleaseAnnouncement &release, QWidget *parent)
@@ -11,8 +12,8 @@ void showReleaseAlert(const ReleaseAnnouncement &release, QWidget *parent)
     auto *alert = new QMessageBox(QMessageBox::Information, qtTrId("newVersionTitle"),
                                   qtTrId("newVersionTitle"), QMessageBox::NoButton, parent);
     alert->setObjectName(QStringLiteral("releaseAlert"));
-    alert->setTextFormat(Qt::PlainText); // the notes come from the web
-    alert->setInformativeText(release.message);
+    // The notes come from the web, and the box takes them for markup if they look like it.
+    alert->setInformativeText(Qt::convertFromPlainText(release.message));
     alert->setAttribute(Qt::WA_DeleteOnClose);
     QPushButton *download = alert->addButton(qtTrId("newVersionDownload"), QMessageBox::AcceptRole);
     alert->addButton(qtTrId("newVersionCancel"), QMessageBox::RejectRole);

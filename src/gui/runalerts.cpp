@@ -38,7 +38,7 @@ CompilationWarning::CompilationWarning(PrefsController &prefs, QWidget *parent)
     setWindowTitle(qtTrId("CompilationWarningTitle"));
     mText->setTextFormat(Qt::PlainText);
     mText->setWordWrap(true);
-    mText->setMinimumWidth(textWidth);
+    mText->setFixedWidth(textWidth);
     auto *dontWarn = new QCheckBox(qtTrId("CompilationWarningDontWarn"), this);
     dontWarn->setObjectName(QStringLiteral("dontWarnCompilation"));
     connect(dontWarn, &QCheckBox::toggled, this,
@@ -50,12 +50,16 @@ CompilationWarning::CompilationWarning(PrefsController &prefs, QWidget *parent)
     column->addWidget(mText);
     column->addWidget(dontWarn);
     column->addWidget(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize); // for a longer text it grows
 }
 
 void CompilationWarning::warnAboutCompilationForTrack(const QString &title, const QString &artist)
 {
     if (preferences::dontWarnCompilation.value(mPrefs.settings()))
         return;
-    mText->setText(qtTrId("CompilationWarningText").arg(title, artist));
+    const auto inOneLine = [this](const QString &text) {
+        return mText->fontMetrics().elidedText(text, Qt::ElideRight, textWidth);
+    };
+    mText->setText(qtTrId("CompilationWarningText").arg(inOneLine(title), inOneLine(artist)));
     show();
 }

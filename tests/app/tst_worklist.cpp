@@ -78,7 +78,7 @@ private Q_SLOTS:
         QCOMPARE(mWorkList->songsProcessed(), 2);
         QCOMPARE(mWorkList->songsModified(), 1);
         QCOMPARE(mLines.first(), u"Set Album, Year of “Neon Rain”"_s);
-        QCOMPARE(mLines.last(), u"Finished: 2 songs processed, 1 modified"_s);
+        QCOMPARE(mLines.last(), u"Finished. Songs processed: 2, modified: 1"_s);
     }
 
     void doneSongIsShownByItsNewSummary()
@@ -130,7 +130,7 @@ private Q_SLOTS:
         const auto pending = song(u"Neon Rain"_s);
         pending->setActivityStatus(SongStatus::Pending);
         run({pending});
-        QCOMPARE(mLines, {u"Finished: 0 songs processed, 0 modified"_s});
+        QCOMPARE(mLines, {u"Finished. Songs processed: 0, modified: 0"_s});
     }
 
     void failedWriteDoesNotEndTheRun()
@@ -229,7 +229,7 @@ private Q_SLOTS:
         QCOMPARE(most, 6.0); // two songs and one, raised by the three that were selected
         QCOMPARE(mOutcomes[2].song, third);
         QVERIFY(!mOutcomes[2].written); // the run stays a dry one
-        QCOMPARE(mLines.last(), u"Finished: 3 songs processed, 1 modified"_s);
+        QCOMPARE(mLines.last(), u"Finished. Songs processed: 3, modified: 1"_s);
     }
 
     void cancelLeavesTheSongInHandAsItIs()

@@ -278,10 +278,10 @@ private Q_SLOTS:
     {
         const Table<QVariantMap, QString> row("changes", "message"); // empty: nothing is told
         row("notes behind", {{u"latestReleaseNotes"_s, u"Faster."_s}},
-            u"Tagwright 2.0 is there.\n\nFaster."_s);
+            u"Tagwright 2.0 has been released.\n\nFaster."_s);
         row("this release", {{u"latestReleaseNumber"_s, 116}}, {});
         row("notes in front", {{u"latestReleaseNotes"_s, u"!Urgent."_s}},
-            u"Urgent.\n\nTagwright 2.0 is there."_s);
+            u"Urgent.\n\nTagwright 2.0 has been released."_s);
     }
     void newerReleaseIsAnnounced()
     {
