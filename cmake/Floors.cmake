@@ -18,6 +18,8 @@ function(tagwright_floor name)
         tagwright_precompiles(tagwright_base
             <QByteArray> <QDir> <QFile> <QHash> <QList> <QMap> <QObject> <QString> <QStringList>
             <QUrl> <QVariant> <algorithm> <chrono> <functional> <memory> <optional> <vector>)
+    elseif(name STREQUAL gui)
+        tagwright_precompiles(tagwright_gui <QtWidgets>)
     else()
         tagwright_shares_precompiled(tagwright_${name} tagwright_base)
     endif()

@@ -18,7 +18,7 @@ class Review : public QObject {
 
 public:
     /// About 9000 songs with a dozen candidates each: what is gathered in a night.
-    static constexpr qint64 mostBytes = 128 * 1024 * 1024;
+    static constexpr qint64 mostBytes = qint64{128} * 1024 * 1024;
 
     /// All must outlive the review.
     Review(GatherContext &context, SongWriting &writing, const TagEditing &editing,
