@@ -459,6 +459,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>needs a key of yours for the AcoustID service: in the setting “acoustIDKey” or in TAGWRIGHT_ACOUSTID_KEY</source>
         <translation>braucht einen eigenen Schlüssel für den Dienst AcoustID: in der Einstellung „acoustIDKey“ oder in TAGWRIGHT_ACOUSTID_KEY</translation>
     </message>
+    <message id="ErrorNoFileManager">
+        <source>No program can show the folder %1</source>
+        <translation>Kein Programm kann den Ordner %1 zeigen</translation>
+    </message>
     <message id="ErrorNoLength">
         <source>its length cannot be told</source>
         <translation>seine Länge lässt sich nicht bestimmen</translation>

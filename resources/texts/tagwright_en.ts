@@ -459,6 +459,10 @@ The selected songs have different artwork</translation>
         <source>needs a key of yours for the AcoustID service: in the setting “acoustIDKey” or in TAGWRIGHT_ACOUSTID_KEY</source>
         <translation>needs a key of yours for the AcoustID service: in the setting “acoustIDKey” or in TAGWRIGHT_ACOUSTID_KEY</translation>
     </message>
+    <message id="ErrorNoFileManager">
+        <source>No program can show the folder %1</source>
+        <translation>No program can show the folder %1</translation>
+    </message>
     <message id="ErrorNoLength">
         <source>its length cannot be told</source>
         <translation>its length cannot be told</translation>

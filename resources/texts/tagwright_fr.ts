@@ -459,6 +459,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>needs a key of yours for the AcoustID service: in the setting “acoustIDKey” or in TAGWRIGHT_ACOUSTID_KEY</source>
         <translation>nécessite une clé personnelle pour le service AcoustID : dans le réglage « acoustIDKey » ou dans TAGWRIGHT_ACOUSTID_KEY</translation>
     </message>
+    <message id="ErrorNoFileManager">
+        <source>No program can show the folder %1</source>
+        <translation>Aucun programme ne peut montrer le dossier %1</translation>
+    </message>
     <message id="ErrorNoLength">
         <source>its length cannot be told</source>
         <translation>sa durée ne peut pas être déterminée</translation>

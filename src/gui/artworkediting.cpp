@@ -5,7 +5,9 @@
 #include "gui/changesheet.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QMimeData>
@@ -28,7 +30,8 @@ QString nameForFile(SongFile &song)
 
 QString foldersOfPictures()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QFileInfo::exists(folder) ? folder : QDir::homePath();
 }
 
 } // namespace

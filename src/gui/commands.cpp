@@ -83,15 +83,26 @@ std::vector<MenuRow> menuRows()
     };
 }
 
+/// Buttons tell the name alone, and the keys that do the same.
+void setTitle(QAction &action, const QString &text)
+{
+    action.setText(text);
+    const QString name = QString(text).remove(u'&').remove(u'…').trimmed();
+    const QString keys = action.shortcut().toString(QKeySequence::NativeText);
+    action.setIconText(name);
+    action.setToolTip(keys.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, keys));
+}
+
 } // namespace
 
 Commands::Commands(QObject *parent)
     : QObject(parent)
 {
     for (const CommandRow &row : commandRows()) {
-        auto *action = new QAction(qtTrId(row.textID), this);
+        auto *action = new QAction(this);
         action->setObjectName(QLatin1String(row.textID));
         action->setShortcut(row.shortcut);
+        setTitle(*action, qtTrId(row.textID));
         action->setIcon(icon(QLatin1String(row.icon)));
         mActions.emplace(row.command, action);
     }
@@ -122,6 +133,6 @@ void Commands::fillToolBar(QToolBar &bar) const
 void Commands::setBeginAddToMode(bool adds)
 {
     QAction &begin = (*this)[MenuCommand::Begin];
-    begin.setText(adds ? qtTrId("MenuAdd") : qtTrId("MenuBegin"));
+    setTitle(begin, adds ? qtTrId("MenuAdd") : qtTrId("MenuBegin"));
     begin.setIcon(icon(adds ? QStringLiteral("add") : QStringLiteral("begin")));
 }

@@ -123,5 +123,7 @@ void EditingCommands::revealFiles()
     QStringList paths;
     for (const auto &song : mController.selectedSongs())
         paths << song->path();
-    showInFileManager(paths, this);
+    showInFileManager(paths, this, [this](const QString &folder) {
+        mController.engine().log.addLog(qtTrId("ErrorNoFileManager").arg(folder), LogColor::Error);
+    });
 }

@@ -44,7 +44,8 @@ bool showByBus(const QStringList &urls)
 
 } // namespace
 
-void showInFileManager(const QStringList &paths, QObject *owner)
+void showInFileManager(const QStringList &paths, QObject *owner,
+                       const std::function<void(const QString &folder)> &failed)
 {
     QStringList urls;
     for (const QString &path : paths.first(qMin(paths.size(), mostFiles)))
@@ -53,8 +54,8 @@ void showInFileManager(const QStringList &paths, QObject *owner)
         return;
     const QString folder = QFileInfo(paths.first()).absolutePath();
     runInBackground([urls] { return showByBus(urls); }, owner,
-                    [folder](bool isShown) {
-                        if (!isShown)
-                            QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+                    [folder, failed](bool isShown) {
+                        if (!isShown && !QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
+                            failed(folder);
                     });
 }

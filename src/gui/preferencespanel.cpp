@@ -100,7 +100,7 @@ QWidget *PreferencesPanel::artworkPage()
     column->addWidget(mNoteField);
     addCheckBox(*column, qtTrId("PreferencesIgnoreNonSquare"),
                 QStringLiteral("ignoreNonSquareButton"), preferences::ignoreNonSquareArtwork);
-    column->addStretch();
+    column->addStretch(1);
     return page;
 }
 
@@ -184,7 +184,7 @@ QWidget *PreferencesPanel::filesPage()
     column->addSpacing(betweenGroups);
     addCheckBox(*column, qtTrId("PreferencesKeepRefreshed"), QStringLiteral("iTunesUpdatedButton"),
                 preferences::keepiTunesRefreshed);
-    column->addStretch();
+    column->addStretch(1);
     return page;
 }
 
@@ -233,7 +233,7 @@ QWidget *PreferencesPanel::sourcesPage()
                 preferences::useDeezer);
     addCheckBox(*column, qtTrId("PreferencesSyncedLyrics"), QStringLiteral("syncedLyricsButton"),
                 preferences::syncedLyrics);
-    column->addStretch();
+    column->addStretch(1);
     return page;
 }
 

@@ -154,6 +154,13 @@ int RegenerateList::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : ColumnCount;
 }
 
+/// What was not looked at yet is here because it probably is.
+bool RegenerateList::isDamaged(const Row &row)
+{
+    const bool isSound = row.plan && row.plan->reason.isEmpty() && row.plan->problem.isEmpty();
+    return row.state != Row::State::Done && !isSound;
+}
+
 QString RegenerateList::textOf(const Row &row, Column column)
 {
     if (column == Name)
@@ -189,7 +196,7 @@ QVariant RegenerateList::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         return column == Name ? row.song->path() : textOf(row, column);
     case Qt::DecorationRole:
-        if (column == Name && row.state != Row::State::Done)
+        if (column == Name && isDamaged(row))
             return icon(QStringLiteral("problem"));
         return {};
     default:

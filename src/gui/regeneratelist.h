@@ -50,6 +50,7 @@ private:
     void planNext();
     void setState(const std::shared_ptr<SongFile> &song, Row::State state, const QString &error);
     void rowChanged(std::size_t row);
+    [[nodiscard]] static bool isDamaged(const Row &row);
     [[nodiscard]] static QString textOf(const Row &row, Column column);
 
     std::vector<Row> mRows;

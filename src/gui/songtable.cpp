@@ -62,8 +62,10 @@ SongTable::SongTable(MainController &controller, QWidget *parent)
     connect(&mModel, &QAbstractItemModel::modelReset, this, &SongTable::restoreSelection);
     connect(&controller.shownSongs(), &VisibleSongs::sortingChanged, this, &SongTable::showSorting);
     connect(&controller, &MainController::sourceChanged, this, &SongTable::showIndexOfPlaylist);
-    connect(&controller.songs(), &LoadedSongs::loadFinished, viewport(),
-            [this] { viewport()->update(); });
+    const auto showAgain = [this] { viewport()->update(); };
+    connect(&controller.songs(), &LoadedSongs::loadFinished, viewport(), showAgain);
+    // A run that is cancelled leaves songs which waited for their turn.
+    connect(&controller, &MainController::gatheringChanged, viewport(), showAgain);
 }
 
 SongTable::~SongTable()
