@@ -195,6 +195,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>an album without a name</source>
         <translation>ein Album ohne Namen</translation>
     </message>
+    <message id="ChoiceCoverAlone">
+        <source>No album to choose: nothing but the cover of %1 was found</source>
+        <translation>Kein Album zur Wahl: gefunden wurde nur das Cover von %1</translation>
+    </message>
     <message id="ChoiceEarliestYear">
         <source>Chosen: %1, the earliest of %2 albums</source>
         <translation>Gewählt: %1, das früheste von %2 Alben</translation>
@@ -338,6 +342,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="DropWindowProgress">
         <source>Songs looked at</source>
         <translation>Angesehene Songs</translation>
+    </message>
+    <message id="DroppedCoverAlone">
+        <source>a cover alone, no album to choose</source>
+        <translation>nur ein Cover, kein Album zur Wahl</translation>
     </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>

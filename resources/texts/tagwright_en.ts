@@ -195,6 +195,10 @@ The selected songs have different artwork</translation>
         <source>an album without a name</source>
         <translation>an album without a name</translation>
     </message>
+    <message id="ChoiceCoverAlone">
+        <source>No album to choose: nothing but the cover of %1 was found</source>
+        <translation>No album to choose: nothing but the cover of %1 was found</translation>
+    </message>
     <message id="ChoiceEarliestYear">
         <source>Chosen: %1, the earliest of %2 albums</source>
         <translation>Chosen: %1, the earliest of %2 albums</translation>
@@ -338,6 +342,10 @@ The selected songs have different artwork</translation>
     <message id="DropWindowProgress">
         <source>Songs looked at</source>
         <translation>Songs looked at</translation>
+    </message>
+    <message id="DroppedCoverAlone">
+        <source>a cover alone, no album to choose</source>
+        <translation>a cover alone, no album to choose</translation>
     </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>

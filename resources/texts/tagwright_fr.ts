@@ -195,6 +195,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>an album without a name</source>
         <translation>un album sans nom</translation>
     </message>
+    <message id="ChoiceCoverAlone">
+        <source>No album to choose: nothing but the cover of %1 was found</source>
+        <translation>Aucun album à choisir : seule la pochette de %1 a été trouvée</translation>
+    </message>
     <message id="ChoiceEarliestYear">
         <source>Chosen: %1, the earliest of %2 albums</source>
         <translation>Choisi : %1, le plus ancien de %2 albums</translation>
@@ -338,6 +342,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="DropWindowProgress">
         <source>Songs looked at</source>
         <translation>Morceaux examinés</translation>
+    </message>
+    <message id="DroppedCoverAlone">
+        <source>a cover alone, no album to choose</source>
+        <translation>une pochette seule, pas un album à choisir</translation>
     </message>
     <message id="DroppedMerged">
         <source>counted with another album of the same name</source>

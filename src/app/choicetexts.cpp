@@ -23,6 +23,8 @@ QString textOfChoice(const AlbumVerdict &verdict)
         return {};
     case ChoiceReason::NothingFound:
         return qtTrId("ChoiceNothingFound");
+    case ChoiceReason::CoverAlone:
+        return qtTrId("ChoiceCoverAlone").arg(pickedName(verdict));
     case ChoiceReason::NoMethod:
         return qtTrId("ChoiceNoMethod").arg(verdict.left);
     case ChoiceReason::NoUsableYear:
@@ -156,6 +158,8 @@ std::optional<QString> textOfFate(AlbumFate fate)
         return qtTrId("DroppedOtherName");
     case AlbumFate::SongNotOnAlbum:
         return qtTrId("DroppedSongNotOnAlbum");
+    case AlbumFate::CoverAlone:
+        return qtTrId("DroppedCoverAlone");
     }
     return {};
 }

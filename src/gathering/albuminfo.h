@@ -47,6 +47,8 @@ public:
     [[nodiscard]] const QMap<QString, QString> &lyrics() const { return mLyrics; }
     /// The song that was searched has no words.
     [[nodiscard]] bool isInstrumental() const { return mIsInstrumental; }
+    /// Nothing but the picture of an album that the search named: no answer to what that is.
+    [[nodiscard]] bool isCoverAlone() const { return mIsCoverAlone; }
     [[nodiscard]] const QString &sourceInterfaceName() const { return mSourceInterface; }
     [[nodiscard]] int duplicates() const { return mDuplicates; }
     [[nodiscard]] int numberOfTracks() const;
@@ -66,6 +68,7 @@ public:
     void setArtURLString(std::optional<QString> url) { mArtURLString = std::move(url); }
     void setLyrics(const QString &text, const QString &forTitle) { mLyrics[forTitle] = text; }
     void setIsInstrumental(bool isInstrumental) { mIsInstrumental = isInstrumental; }
+    void setIsCoverAlone(bool isCoverAlone) { mIsCoverAlone = isCoverAlone; }
     void setSourceInterfaceName(const QString &name) { mSourceInterface = name; }
     void incDuplicates() { ++mDuplicates; }
     void setScore(int score) { mScore = score; }
@@ -105,4 +108,5 @@ private:
     std::optional<int> mScore;
     int mCandidateNumber = -1;
     bool mIsInstrumental = false;
+    bool mIsCoverAlone = false;
 };

@@ -214,6 +214,15 @@ AlbumInfo albumOfMostDuplicates(const AlbumList &albums)
                              });
 }
 
+template<typename Is>
+AlbumList takenOut(AlbumList &albums, Is isOne)
+{
+    const auto first = std::stable_partition(albums.begin(), albums.end(), std::not_fn(isOne));
+    const AlbumList taken(first, albums.end());
+    albums.erase(first, albums.end());
+    return taken;
+}
+
 AlbumList inOrderOfSources(AlbumList albums, const QStringList &sources)
 {
     std::stable_sort(albums.begin(), albums.end(), [&](const auto &one, const auto &other) {
@@ -299,6 +308,11 @@ AlbumList artworkCandidates(const AlbumList &albums, const QStringList &sources)
     return inOrderOfSources(candidates, sources);
 }
 
+AlbumList takeCovers(AlbumList &albums)
+{
+    return takenOut(albums, &AlbumInfo::isCoverAlone);
+}
+
 bool carriesOnlyLyrics(const AlbumInfo &album)
 {
     const bool tellsOfLyrics = album.isInstrumental() || !album.lyrics().isEmpty();
@@ -308,9 +322,5 @@ bool carriesOnlyLyrics(const AlbumInfo &album)
 
 AlbumList takeLyricsAlbums(AlbumList &albums, const QStringList &sources)
 {
-    const auto firstOfLyrics =
-        std::stable_partition(albums.begin(), albums.end(), std::not_fn(carriesOnlyLyrics));
-    const AlbumList lyrics(firstOfLyrics, albums.end());
-    albums.erase(firstOfLyrics, albums.end());
-    return inOrderOfSources(lyrics, sources);
+    return inOrderOfSources(takenOut(albums, carriesOnlyLyrics), sources);
 }

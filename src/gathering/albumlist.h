@@ -61,6 +61,10 @@ struct AlbumChoice {
 /// The albums with artwork, in the order of `sources` and from the last of a source to its first.
 [[nodiscard]] AlbumList artworkCandidates(const AlbumList &albums, const QStringList &sources);
 
+/// Takes the covers without an album out of the list. They would fit every filter and agree with
+/// everybody, since they bear the names that were searched.
+[[nodiscard]] AlbumList takeCovers(AlbumList &albums);
+
 [[nodiscard]] bool carriesOnlyLyrics(const AlbumInfo &album);
 
 /// Takes the albums that carry nothing but lyrics out of the list, and returns them in the order

@@ -20,6 +20,7 @@ enum class AlbumFate {
     OtherName, ///< while others are called as the song's tag says
     SongNotOnAlbum, ///< it was picked, but does not list the song
     Chosen,
+    CoverAlone, ///< it gives its picture to another one, and is none to choose
 };
 
 struct AlbumCandidate {
@@ -48,6 +49,7 @@ struct SourceAnswer {
 enum class ChoiceReason {
     NotSearched,
     NothingFound,
+    CoverAlone, ///< nothing but covers of the album that the song's tag names
     NoMethod, ///< several are left, and no method chooses among them
     NoUsableYear,
     SongNotOnAlbum, ///< of the picked one

@@ -58,7 +58,7 @@ void ChoiceRecorder::answered(const SourceAnswer &answer)
         mRecord.reason = ChoiceReason::NothingFound;
 }
 
-void ChoiceRecorder::begin(AlbumList &albums)
+void ChoiceRecorder::begin(AlbumList &albums, const AlbumList &covers)
 {
     mRound.clear();
     mRoundAlbums.clear();
@@ -69,6 +69,13 @@ void ChoiceRecorder::begin(AlbumList &albums)
         album.setCandidateNumber(static_cast<int>(mRound.size()));
         mRound.push_back(candidateOf(album));
         mRoundAlbums << album;
+    }
+    mFound = mRound.size();
+    for (const AlbumInfo &cover : covers) {
+        mRecord.told |= AssetArtwork;
+        mRound.push_back(candidateOf(cover));
+        mRound.back().fate = AlbumFate::CoverAlone;
+        mRoundAlbums << cover;
     }
 }
 
@@ -92,12 +99,20 @@ void ChoiceRecorder::end(const AlbumList &left, AlbumPick method, const AlbumCho
             dropped(album, AlbumFate::NotPicked);
         dropped(*choice.album, isOnAlbum ? AlbumFate::Chosen : AlbumFate::SongNotOnAlbum);
     }
-    mLatest = {reasonOf(left.size(), mRound.size(), method, choice, isOnAlbum),
-               choice.album ? shortened(choice.album->name()) : std::nullopt,
-               static_cast<int>(mRound.size()), static_cast<int>(left.size())};
+    if (mFound > 0)
+        conclude({reasonOf(left.size(), mFound, method, choice, isOnAlbum),
+                  choice.album ? shortened(choice.album->name()) : std::nullopt,
+                  static_cast<int>(mFound), static_cast<int>(left.size())});
+    else if (mRecord.reason == ChoiceReason::NothingFound)
+        conclude({ChoiceReason::CoverAlone, mRound.front().album, 0, 0});
+    keepRound();
+}
+
+void ChoiceRecorder::conclude(const AlbumVerdict &verdict)
+{
+    mLatest = verdict;
     if (!mRecord.isChosen()) // the first album that was chosen is the one to explain
         static_cast<AlbumVerdict &>(mRecord) = mLatest;
-    keepRound();
 }
 
 void ChoiceRecorder::taken(const AlbumInfo &album)

@@ -16,8 +16,9 @@ public:
 
     void answered(const SourceAnswer &answer);
 
-    /// Begins a round, and numbers the albums so that they are known again.
-    void begin(AlbumList &albums);
+    /// Begins a round, and numbers the albums so that they are known again. `covers`: what is none
+    /// to choose from.
+    void begin(AlbumList &albums, const AlbumList &covers = {});
     void dropped(const AlbumInfo &album, AlbumFate fate);
     /// Ends it. `left`: what the filters left; `isOnAlbum`: whether the chosen album may be the
     /// song's.
@@ -33,10 +34,12 @@ public:
     [[nodiscard]] const AlbumVerdict &latestVerdict() const { return mLatest; }
 
 private:
+    void conclude(const AlbumVerdict &verdict);
     void keepRound();
 
     std::vector<AlbumCandidate> mRound; ///< by number
     AlbumList mRoundAlbums; ///< by number
+    std::size_t mFound = 0; ///< how many of the round may be chosen; covers follow them
     AlbumVerdict mLatest;
     ChoiceRecord mRecord;
     AlbumList mAlbums;

@@ -175,12 +175,13 @@ void GatheringSteps::applyParallelAlbums()
 {
     if (isStopped())
         return finishAndNotify();
-    const AlbumList artAlbums = artworkCandidates(mParallelAlbums, mSources);
+    AlbumList artAlbums = artworkCandidates(mParallelAlbums, mSources);
     const AlbumList lyricsAlbums = takeLyricsAlbums(mParallelAlbums, mSources);
     const std::optional<AlbumInfo> album = chosenAlbum(mParallelAlbums);
-    // Without a chosen album the lyrics are still the song's, but whose artwork to take is open.
+    // Without a chosen album the lyrics are still the song's, and so is a cover of the album that
+    // its tag names; but whose other artwork to take is open.
     if (!album)
-        return finishParallelAlbums(lyricsAlbums, {});
+        return finishParallelAlbums(lyricsAlbums, takeCovers(artAlbums));
     const Step finishing = [this, lyricsAlbums, artAlbums] {
         finishParallelAlbums(lyricsAlbums, artAlbums);
     };
@@ -235,6 +236,17 @@ void GatheringSteps::serialSearchCompleted(const AlbumList &albums)
     if (album && isOnAlbum(*album))
         applyResourcesFromAlbum(*album, [this, album] { serialFetchArt(*album); });
     else
+        serialFetchCover(albums);
+}
+
+/// A cover alone is that of the album that the song has already.
+void GatheringSteps::serialFetchCover(const AlbumList &albums)
+{
+    const auto cover = std::find_if(albums.begin(), albums.end(),
+                                    [](const AlbumInfo &each) { return each.isCoverAlone(); });
+    if (cover != albums.end())
+        serialFetchArt(*cover);
+    else
         serialGatherDataOnline();
 }
 
@@ -262,9 +274,10 @@ std::optional<AlbumInfo> GatheringSteps::chosenAlbum(AlbumList albums)
 AlbumChoice GatheringSteps::choiceAmong(AlbumList &albums)
 {
     const AlbumPick method = mChoices.albumSelectionMethod;
+    const AlbumList covers = takeCovers(albums);
     if (method == AlbumPick::Best)
         rankByScore(albums, scoredSong(searchRequest(), tag(), mLedger), mSources);
-    mRecorder.begin(albums);
+    mRecorder.begin(albums, covers);
     filterAlbums(
         albums, songFacts(tag(), mLedger), mChoices.allowSubstrings,
         [this](const AlbumInfo &album, AlbumFate fate) { mRecorder.dropped(album, fate); });

@@ -77,6 +77,7 @@ private:
     void parallelNextArt();
     void serialGatherDataOnline();
     void serialSearchCompleted(const AlbumList &albums);
+    void serialFetchCover(const AlbumList &albums);
     void serialFetchArt(const AlbumInfo &album);
 
     [[nodiscard]] std::optional<AlbumInfo> chosenAlbum(AlbumList albums);

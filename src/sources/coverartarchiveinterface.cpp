@@ -125,6 +125,7 @@ void CoverArtArchiveInterface::gotListing(const FetchResult &result)
     if (const auto picture = addressInArchive(listed.value_or(QString()), result.url)) {
         AlbumInfo album(artist(), albumTitle());
         album.setArtURLString(picture->toString(QUrl::FullyEncoded));
+        album.setIsCoverAlone(true);
         return addAlbum(std::move(album));
     }
     mEmptyListings->insert(result.url);

@@ -266,6 +266,37 @@ private Q_SLOTS:
         QCOMPARE(answers, (QList{0, 1, 2}));
     }
 
+    void coversAreNoAlbumsToChoose_data()
+    {
+        const AlbumList night{albumOf(u"Night"_qs, u"1999"_qs, nightTracks)};
+        const Table<QString, AlbumList, QString, ChoiceReason> row("title", "albums", "changes",
+                                                                   "reason");
+        row("cover of the chosen album", u"Dawn"_qs, night, u"Artwork=Covers Year=Discs"_qs,
+            ChoiceReason::OnlyAlbum);
+        row("song is on no album", u"Noon"_qs, night, u"Artwork=Covers"_qs,
+            ChoiceReason::SongNotOnAlbum);
+        row("nothing but a cover", u"Dawn"_qs, {}, u"Artwork=Covers"_qs, ChoiceReason::CoverAlone);
+    }
+    void coversAreNoAlbumsToChoose()
+    {
+        QFETCH(QString, title);
+        QFETCH(AlbumList, albums);
+        World world;
+        AlbumInfo cover = albumOf(u"Night"_qs, {}, {}, world.art(u"/a"_qs, plainPicture(99, 99)));
+        cover.setIsCoverAlone(true);
+        world.adds(u"Covers"_qs, AssetArtwork, {cover});
+        world.adds(u"Discs"_qs, AssetYear, albums);
+        SongInfoTask &task =
+            world.taskFor({.title = title, .album = u"Night"_qs}, AssetArtwork | AssetYear);
+        task.setAlbumSelectionMethod(AlbumPick::Best);
+        QVERIFY(world.run());
+        QTEST(world.changes(), "changes");
+        const ChoiceRecord record = task.choices();
+        QTEST(record.reason, "reason");
+        QCOMPARE(record.candidates.size(), albums.size() + 1);
+        QCOMPARE(record.found, albums.size());
+    }
+
     void endsWithoutAnySource()
     {
         // None supplies it; its artwork is too small; nothing is desired.
