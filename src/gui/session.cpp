@@ -4,7 +4,7 @@
 #include "gui/releasealert.h"
 #include "gui/welcomesheet.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QTimer>
 
 #include <utility>
@@ -90,7 +90,9 @@ void Session::showDroppedChanges()
         mController->refreshSongs(paths);
 }
 
+/// In front of what is asked already, such as the welcome at the first start.
 void Session::announce(const ReleaseAnnouncement &release)
 {
-    showReleaseAlert(release, mMainWindow.get());
+    QWidget *asked = QApplication::activeModalWidget();
+    showReleaseAlert(release, asked ? asked : mMainWindow.get());
 }
