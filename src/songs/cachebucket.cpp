@@ -18,11 +18,12 @@ namespace {
 
 constexpr QByteArrayView signature = "twsongs1";
 constexpr auto hashMethod = QCryptographicHash::Sha1;
-/// Summaries of other versions of the program are made anew: they may have read tags otherwise.
-constexpr QLatin1String version(TAGWRIGHT_VERSION);
+/// Summaries of other versions of the program are made anew: they may have read tags otherwise. The
+/// second number counts what summaries hold.
+constexpr QLatin1String version(TAGWRIGHT_VERSION "/2");
 
 /// The texts of a summary by their keys in the file.
-constexpr std::array<std::pair<QLatin1String, QString CachedInfo::*>, 7> textKeys{{
+constexpr std::array<std::pair<QLatin1String, QString CachedInfo::*>, 8> textKeys{{
     {"tit"_L1, &CachedInfo::title},
     {"perf"_L1, &CachedInfo::artist},
     {"alb"_L1, &CachedInfo::album},
@@ -30,6 +31,7 @@ constexpr std::array<std::pair<QLatin1String, QString CachedInfo::*>, 7> textKey
     {"yr"_L1, &CachedInfo::year},
     {"gnr"_L1, &CachedInfo::genre},
     {"bpm"_L1, &CachedInfo::bpm},
+    {"ver"_L1, &CachedInfo::readVersion},
 }};
 constexpr auto modDateKey = "mod"_L1;
 constexpr auto changeDateKey = "chg"_L1;

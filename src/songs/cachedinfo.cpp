@@ -62,6 +62,7 @@ void CachedInfo::shareWith(const CachedInfo &neighbour)
     share(album, neighbour.album);
     share(year, neighbour.year);
     share(genre, neighbour.genre);
+    share(readVersion, neighbour.readVersion);
     share(icon, neighbour.icon);
 }
 

@@ -36,6 +36,7 @@ struct CachedInfo {
     QString year;
     QString genre;
     QString bpm;
+    QString readVersion; ///< of the tag, such as "2.3.0"
     QByteArray packedLyrics; ///< UTF-8, gzip where that is shorter; null without lyrics
     QByteArray icon; ///< see packedIcon(); null without pictures
 

@@ -37,6 +37,7 @@ std::optional<CachedInfo> CachedInfoTag::infoDictForTag(const AudioInfoTag &tag,
     info.year = storedText(tag.year());
     info.genre = storedText(tag.genres());
     info.bpm = storedText(tag.bpm());
+    info.readVersion = storedText(tag.readVersion());
     info.setLyrics(tag.lyrics());
     info.isCompilation = tag.isPartOfCompilation();
     info.numberOfArtworks = tag.numberOfImages();
@@ -89,6 +90,11 @@ bool CachedInfoTag::removeImageAtIndex(int)
 {
     whineAboutImmutability();
     return false;
+}
+
+std::optional<QString> CachedInfoTag::readVersion() const
+{
+    return presentText(mCachedInfo->readVersion);
 }
 
 std::shared_ptr<const QImage> CachedInfoTag::storedIcon() const

@@ -21,6 +21,7 @@ public:
     [[nodiscard]] TagType type() const override { return TagType::Cached; }
     [[nodiscard]] bool isPartOfCompilation() const override;
     [[nodiscard]] int numberOfImages() const override;
+    [[nodiscard]] std::optional<QString> readVersion() const override;
     /// Without unpacking them.
     [[nodiscard]] bool hasLyrics() const { return !mCachedInfo->packedLyrics.isNull(); }
 

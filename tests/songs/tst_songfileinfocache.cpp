@@ -59,6 +59,7 @@ private Q_SLOTS:
         QCOMPARE(tag->title(), real.title());
         QCOMPARE(tag->lyrics(), real.lyrics());
         QVERIFY(!tag->artist() && !tag->genres() && !tag->bpm());
+        QCOMPARE(tag->readVersion(), real.readVersion());
         QVERIFY(tag->isPartOfCompilation());
         QCOMPARE(tag->numberOfImages(), 1);
         QVERIFY(tag->images().isEmpty());
@@ -212,8 +213,8 @@ private:
         for (qsizetype i = 0; i + 1 < content.size(); i += 13)
             files << sealed(content.first(i));
         return files << sealed("\x83"
-                               "\x65"
-                               "0.1.0"
+                               "\x67"
+                               "0.1.0/2"
                                "\x80"
                                "\xbf\x61"
                                "a"
