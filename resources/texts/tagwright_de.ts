@@ -71,10 +71,6 @@
         <source>Choose a picture</source>
         <translation>Ein Bild wählen</translation>
     </message>
-    <message id="ArtworkNext">
-        <source>Next picture</source>
-        <translation>Nächstes Bild</translation>
-    </message>
     <message id="ArtworkNoSelection">
         <source>Select songs to see their artwork</source>
         <translation>Wählen Sie Songs aus, um ihr Cover zu sehen</translation>
@@ -91,13 +87,13 @@ Ziehen Sie ein Bild hierher oder fügen Sie eines ein</translation>
         <source>As in the first %1 of %2 songs</source>
         <translation>Wie bei den ersten %1 von %2 Songs</translation>
     </message>
+    <message id="ArtworkPictures">
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
     <message id="ArtworkPosition">
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
-    </message>
-    <message id="ArtworkPrevious">
-        <source>Previous picture</source>
-        <translation>Voriges Bild</translation>
     </message>
     <message id="ArtworkRefusedTitle">
         <source>Artwork</source>
@@ -142,6 +138,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="BPM">
         <source>BPM</source>
         <translation>BPM</translation>
+    </message>
+    <message id="ChangeByRegenerating">
+        <source>Regeneration</source>
+        <translation>Neuschreiben</translation>
     </message>
     <message id="ChangeColumnQuestion">
         <source>Change “%1” to “%2”?</source>
@@ -1379,13 +1379,17 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Regenerated</source>
         <translation>Neu geschrieben</translation>
     </message>
+    <message id="RegenerateDoneForGood">
+        <source>Regenerated, cannot be undone</source>
+        <translation>Neu geschrieben, nicht rückgängig zu machen</translation>
+    </message>
     <message id="RegenerateDropped">
         <source>Dropped</source>
         <translation>Verworfen</translation>
     </message>
     <message id="RegenerateExplanation">
-        <source>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</source>
-        <translation>Ein Tag wird mit dem neu geschrieben, was darin unversehrt und bekannt ist. Was verworfen wird, lässt sich nicht zurückholen.</translation>
+        <source>Regenerating writes a tag anew with what is sound and recognised in it, and drops the rest. As long as the program runs, it can be undone.</source>
+        <translation>Ein Tag wird mit dem neu geschrieben, was darin unversehrt und bekannt ist; der Rest wird verworfen. Solange das Programm läuft, lässt sich das rückgängig machen.</translation>
     </message>
     <message id="RegenerateKept">
         <source>Kept</source>

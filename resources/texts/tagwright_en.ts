@@ -71,10 +71,6 @@
         <source>Choose a picture</source>
         <translation>Choose a picture</translation>
     </message>
-    <message id="ArtworkNext">
-        <source>Next picture</source>
-        <translation>Next picture</translation>
-    </message>
     <message id="ArtworkNoSelection">
         <source>Select songs to see their artwork</source>
         <translation>Select songs to see their artwork</translation>
@@ -91,13 +87,13 @@ Drop or paste a picture here</translation>
         <source>As in the first %1 of %2 songs</source>
         <translation>As in the first %1 of %2 songs</translation>
     </message>
+    <message id="ArtworkPictures">
+        <source>Pictures</source>
+        <translation>Pictures</translation>
+    </message>
     <message id="ArtworkPosition">
         <source>%1 of %2</source>
         <translation>%1 of %2</translation>
-    </message>
-    <message id="ArtworkPrevious">
-        <source>Previous picture</source>
-        <translation>Previous picture</translation>
     </message>
     <message id="ArtworkRefusedTitle">
         <source>Artwork</source>
@@ -142,6 +138,10 @@ The selected songs have different artwork</translation>
     <message id="BPM">
         <source>BPM</source>
         <translation>BPM</translation>
+    </message>
+    <message id="ChangeByRegenerating">
+        <source>Regeneration</source>
+        <translation>Regeneration</translation>
     </message>
     <message id="ChangeColumnQuestion">
         <source>Change “%1” to “%2”?</source>
@@ -1379,13 +1379,17 @@ The selected songs have different artwork</translation>
         <source>Regenerated</source>
         <translation>Regenerated</translation>
     </message>
+    <message id="RegenerateDoneForGood">
+        <source>Regenerated, cannot be undone</source>
+        <translation>Regenerated, cannot be undone</translation>
+    </message>
     <message id="RegenerateDropped">
         <source>Dropped</source>
         <translation>Dropped</translation>
     </message>
     <message id="RegenerateExplanation">
-        <source>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</source>
-        <translation>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</translation>
+        <source>Regenerating writes a tag anew with what is sound and recognised in it, and drops the rest. As long as the program runs, it can be undone.</source>
+        <translation>Regenerating writes a tag anew with what is sound and recognised in it, and drops the rest. As long as the program runs, it can be undone.</translation>
     </message>
     <message id="RegenerateKept">
         <source>Kept</source>

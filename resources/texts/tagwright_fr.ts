@@ -71,10 +71,6 @@
         <source>Choose a picture</source>
         <translation>Choisir une image</translation>
     </message>
-    <message id="ArtworkNext">
-        <source>Next picture</source>
-        <translation>Image suivante</translation>
-    </message>
     <message id="ArtworkNoSelection">
         <source>Select songs to see their artwork</source>
         <translation>Sélectionnez des morceaux pour voir leur pochette</translation>
@@ -91,13 +87,13 @@ Déposez ou collez une image ici</translation>
         <source>As in the first %1 of %2 songs</source>
         <translation>Comme pour les %1 premiers morceaux sur %2</translation>
     </message>
+    <message id="ArtworkPictures">
+        <source>Pictures</source>
+        <translation>Images</translation>
+    </message>
     <message id="ArtworkPosition">
         <source>%1 of %2</source>
         <translation>%1 sur %2</translation>
-    </message>
-    <message id="ArtworkPrevious">
-        <source>Previous picture</source>
-        <translation>Image précédente</translation>
     </message>
     <message id="ArtworkRefusedTitle">
         <source>Artwork</source>
@@ -142,6 +138,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="BPM">
         <source>BPM</source>
         <translation>BPM</translation>
+    </message>
+    <message id="ChangeByRegenerating">
+        <source>Regeneration</source>
+        <translation>Régénération</translation>
     </message>
     <message id="ChangeColumnQuestion">
         <source>Change “%1” to “%2”?</source>
@@ -1379,13 +1379,17 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Regenerated</source>
         <translation>Régénéré</translation>
     </message>
+    <message id="RegenerateDoneForGood">
+        <source>Regenerated, cannot be undone</source>
+        <translation>Régénéré, ne peut pas être annulé</translation>
+    </message>
     <message id="RegenerateDropped">
         <source>Dropped</source>
         <translation>Abandonné</translation>
     </message>
     <message id="RegenerateExplanation">
-        <source>Regenerating writes a tag anew with what is sound and recognised in it. What is dropped cannot be brought back.</source>
-        <translation>Une étiquette est réécrite avec ce qui y est intact et reconnu. Ce qui est abandonné ne peut pas être récupéré.</translation>
+        <source>Regenerating writes a tag anew with what is sound and recognised in it, and drops the rest. As long as the program runs, it can be undone.</source>
+        <translation>Une étiquette est réécrite avec ce qui y est intact et reconnu ; le reste est abandonné. Tant que le programme est ouvert, cela peut être annulé.</translation>
     </message>
     <message id="RegenerateKept">
         <source>Kept</source>

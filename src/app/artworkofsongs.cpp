@@ -21,6 +21,16 @@ bool haveSameNumberOfImages(const SongList &songs, std::size_t count)
                        });
 }
 
+void addNewOnes(QList<ID3Image> &pictures, const QList<ID3Image> &images)
+{
+    constexpr qsizetype mostPictures = 40;
+    for (const ID3Image &image : images)
+        if (pictures.size() < mostPictures
+            && std::none_of(pictures.begin(), pictures.end(),
+                            [&image](const ID3Image &other) { return other.data == image.data; }))
+            pictures << image;
+}
+
 } // namespace
 
 ArtworkReading::ArtworkReading(const SongList &songs)
@@ -28,17 +38,17 @@ ArtworkReading::ArtworkReading(const SongList &songs)
     mKnown.songs = songs.size();
     mKnown.lookedAt = std::min(songs.size(), mostSongs);
     mKnown.isMixed = !haveSameNumberOfImages(songs, mKnown.lookedAt);
-    for (std::size_t i = 0; i < std::min(songs.size(), mostFilesRead) && !mKnown.isMixed; ++i)
+    for (std::size_t i = 0; i < std::min(songs.size(), mostFilesRead); ++i)
         mEntries.push_back({songs[i]->path(), songs[i]->readOptions()});
 }
 
 ArtworkOfSongs ArtworkReading::read() const
 {
     ArtworkOfSongs artwork = mKnown;
-    if (artwork.isMixed)
-        return artwork;
-    artwork.lookedAt = mEntries.size();
-    for (std::size_t i = 0; i < mEntries.size() && !artwork.isMixed; ++i) {
+    if (!artwork.isMixed)
+        artwork.lookedAt = mEntries.size();
+    QList<ID3Image> firstImages;
+    for (std::size_t i = 0; i < mEntries.size(); ++i) {
         const auto bytes = openForTag(mEntries[i].path);
         const TagOrReason read = bytes ? readTag(*bytes, mEntries[i].options)
                                        : TagOrReason{nullptr, qtTrId("ErrorCannotOpenForRead")};
@@ -46,11 +56,12 @@ ArtworkOfSongs ArtworkReading::read() const
         if (!read.tag)
             artwork.reason = read.reason;
         if (i == 0)
-            artwork.pictures = images;
-        artwork.isMixed = !haveSameData(images, artwork.pictures);
+            firstImages = images;
+        artwork.isMixed = artwork.isMixed || !haveSameData(images, firstImages);
+        addNewOnes(artwork.pictures, images);
     }
-    if (artwork.isMixed)
-        artwork.pictures.clear();
+    if (!artwork.isMixed)
+        artwork.pictures = firstImages;
     return artwork;
 }
 

@@ -9,7 +9,7 @@ struct ArtworkOfSongs {
     std::size_t songs = 0;
     std::size_t lookedAt = 0; ///< how many of them, from the first one on
     bool isMixed = false; ///< not all of those have the same pictures
-    QList<ID3Image> pictures; ///< that all of those have
+    QList<ID3Image> pictures; ///< that all of those have; of mixed ones, those of the first songs
     QString reason; ///< why the pictures cannot be read, one line for the user
 };
 

@@ -4,6 +4,7 @@
 #include "base/background.h"
 #include "gathering/picturereader.h"
 #include "gui/pictureframe.h"
+#include "gui/picturestrip.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -26,16 +27,6 @@ constexpr int insideGroup = 6; // pixels
 constexpr int captionLines = 4; // one of them wraps in some languages
 /// Larger than the well ever is on a screen of high density. In pixels.
 constexpr QSize largestShown(1024, 1024);
-
-QToolButton *arrow(Qt::ArrowType type, const QString &text, QWidget *parent)
-{
-    auto *button = new QToolButton(parent);
-    button->setArrowType(type);
-    button->setAutoRaise(true);
-    button->setToolTip(text);
-    button->setAccessibleName(text);
-    return button;
-}
 
 QString captionOf(const ID3Image &image, QSize size, const QLocale &locale)
 {
@@ -75,7 +66,12 @@ void ArtworkWell::setUpParts(const Commands &commands)
     mFrame->setAccessibleName(qtTrId("Artwork"));
     connect(mFrame, &PictureFrame::dropped, this, &ArtworkWell::dropped);
     column->addWidget(mFrame);
-    column->addWidget(pager());
+    mStrip = new PictureStrip(mController.engine().queue, this);
+    QSizePolicy policy = mStrip->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    mStrip->setSizePolicy(policy);
+    connect(mStrip, &PictureStrip::chosen, this, &ArtworkWell::showPictureAt);
+    column->addWidget(mStrip);
     mCaption = new QLabel(this);
     mCaption->setObjectName(QStringLiteral("artworkCaption"));
     mCaption->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
@@ -105,29 +101,6 @@ void ArtworkWell::setUpMenu(const Commands &commands)
     key(QKeySequence::Delete, RemoveArtwork);
 }
 
-/// Keeps its room while there is nothing to turn.
-QWidget *ArtworkWell::pager()
-{
-    auto *pager = new QWidget(this);
-    auto *row = new QHBoxLayout(pager);
-    row->setContentsMargins(0, 0, 0, 0);
-    mPrevious = arrow(Qt::LeftArrow, qtTrId("ArtworkPrevious"), pager);
-    mNext = arrow(Qt::RightArrow, qtTrId("ArtworkNext"), pager);
-    mPosition = new QLabel(pager);
-    mPosition->setAlignment(Qt::AlignCenter);
-    connect(mPrevious, &QToolButton::clicked, this, [this] { showPictureAt(mIndex - 1); });
-    connect(mNext, &QToolButton::clicked, this, [this] { showPictureAt(mIndex + 1); });
-    row->addWidget(mPrevious);
-    row->addWidget(mPosition, 1);
-    row->addWidget(mNext);
-    for (QWidget *part : {static_cast<QWidget *>(mPrevious), static_cast<QWidget *>(mNext)}) {
-        QSizePolicy policy = part->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        part->setSizePolicy(policy);
-    }
-    return pager;
-}
-
 QWidget *ArtworkWell::buttons(const Commands &commands)
 {
     using enum MenuCommand;
@@ -150,8 +123,9 @@ QWidget *ArtworkWell::buttons(const Commands &commands)
 
 std::optional<ID3Image> ArtworkWell::shownPicture() const
 {
-    return mIndex < mArtwork.pictures.size() ? std::optional(mArtwork.pictures[mIndex])
-                                             : std::nullopt;
+    return mIndex >= 0 && mIndex < mArtwork.pictures.size()
+        ? std::optional(mArtwork.pictures[mIndex])
+        : std::nullopt;
 }
 
 void ArtworkWell::songsChanged(const SongList &songs)
@@ -201,14 +175,14 @@ void ArtworkWell::showArtwork(const ArtworkOfSongs &artwork)
     mArtwork = artwork;
     mFrame->setTakesDrops(artwork.songs > 0);
     if (!isSame)
-        mIndex = 0;
+        mIndex = artwork.isMixed ? -1 : 0;
     showPictureAt(mIndex);
 }
 
 void ArtworkWell::showPictureAt(qsizetype index)
 {
     mIndex = index;
-    showPager();
+    showStrip();
     ++mDecoding;
     if (shownPicture())
         decodePicture();
@@ -274,17 +248,11 @@ void ArtworkWell::showCaption(const QString &caption)
     mCaption->setText(lines.join(u'\n'));
 }
 
-void ArtworkWell::showPager()
+/// Of songs whose pictures differ, those of each can be chosen.
+void ArtworkWell::showStrip()
 {
-    const qsizetype count = mArtwork.pictures.size();
-    mPosition->setText(
-        count > 1
-            ? qtTrId("ArtworkPosition").arg(locale().toString(mIndex + 1), locale().toString(count))
-            : QString());
-    mPrevious->setVisible(count > 1);
-    mNext->setVisible(count > 1);
-    mPrevious->setEnabled(mIndex > 0);
-    mNext->setEnabled(mIndex + 1 < count);
+    mStrip->setVisible(mArtwork.pictures.size() > (mArtwork.isMixed ? 0 : 1));
+    mStrip->setPictures(mArtwork.pictures, mIndex);
 }
 
 void ArtworkWell::changeEvent(QEvent *event)

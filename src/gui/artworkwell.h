@@ -10,8 +10,8 @@
 #include <QWidget>
 
 class PictureFrame;
+class PictureStrip;
 class QLabel;
-class QToolButton;
 
 /// Shows the artwork of the selected songs. It is read and decoded on another thread; until that
 /// is done, what was shown stays.
@@ -24,7 +24,8 @@ public:
     /// The songs whose artwork is shown: soon those that are selected.
     [[nodiscard]] const SongList &shownSongs() const { return mShownSongs; }
     [[nodiscard]] const ArtworkOfSongs &artwork() const { return mArtwork; }
-    /// The picture in sight; nothing without one, or of songs whose pictures differ.
+    /// The picture in sight; nothing without one, or while none was chosen of songs whose pictures
+    /// differ.
     [[nodiscard]] std::optional<ID3Image> shownPicture() const;
 
 Q_SIGNALS:
@@ -43,7 +44,6 @@ private:
 
     void setUpParts(const Commands &commands);
     void setUpMenu(const Commands &commands);
-    [[nodiscard]] QWidget *pager();
     [[nodiscard]] QWidget *buttons(const Commands &commands);
     void songsChanged(const SongList &songs);
     void readLater();
@@ -54,17 +54,15 @@ private:
     void showPicture(const Picture &picture);
     void showNoPicture();
     void showCaption(const QString &caption);
-    void showPager();
+    void showStrip();
 
     MainController &mController;
     PictureFrame *mFrame = nullptr;
     QLabel *mCaption = nullptr;
-    QLabel *mPosition = nullptr;
-    QToolButton *mPrevious = nullptr;
-    QToolButton *mNext = nullptr;
+    PictureStrip *mStrip = nullptr;
     SongList mShownSongs;
     ArtworkOfSongs mArtwork;
-    qsizetype mIndex = 0; ///< of the picture in sight
+    qsizetype mIndex = 0; ///< of the picture in sight; -1: none was chosen yet
     QTimer mSelectionRests; ///< so that walking through a list reads no file a step
     bool mIsReading = false;
     bool mIsOutOfDate = false; ///< the reading under way is of other songs
