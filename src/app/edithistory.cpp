@@ -4,14 +4,15 @@
 
 namespace {
 constexpr std::size_t mostChanges = 50;
-/// Of the pictures that all changes hold. The latest change can be undone whatever it holds.
-constexpr qint64 mostPictureBytes = qint64(256) * 1024 * 1024;
+/// Of the pictures and replaced tags that all changes hold. The latest change can be undone
+/// whatever it holds.
+constexpr qint64 mostHeldBytes = qint64(256) * 1024 * 1024;
 
-qint64 pictureBytesOf(const std::deque<TagEditResult> &results)
+qint64 heldBytesOf(const std::deque<TagEditResult> &results)
 {
     return std::accumulate(
         results.begin(), results.end(), qint64(0),
-        [](qint64 sum, const TagEditResult &result) { return sum + result.pictureBytes; });
+        [](qint64 sum, const TagEditResult &result) { return sum + result.heldBytes; });
 }
 } // namespace
 
@@ -24,15 +25,19 @@ EditHistory::EditHistory(TagEditing &editing)
 void EditHistory::change(const TagChange &change, const WriteOptions &options,
                          const TagEditing::Then &then)
 {
-    mEditing.change(change, options,
-                    [this, then, generation = mGeneration](const TagEditResult &result) {
-                        if (generation == mGeneration && !result.changed.empty()) {
-                            mRedo.clear();
-                            keep(mUndo, result);
-                        }
-                        if (then)
-                            then(result);
-                    });
+    mEditing.change(change, options, [this, then](const TagEditResult &result) {
+        add(result);
+        if (then)
+            then(result);
+    });
+}
+
+void EditHistory::add(const TagEditResult &result)
+{
+    if (result.changed.empty())
+        return;
+    mRedo.clear();
+    keep(mUndo, result);
 }
 
 void EditHistory::undo(const WriteOptions &options)
@@ -47,35 +52,59 @@ void EditHistory::redo(const WriteOptions &options)
 
 void EditHistory::revertLast(Results &from, Results &to, const WriteOptions &options)
 {
-    if (mEditing.isBusy() || from.empty())
+    if (mEditing.isBusy() || mIsStale || from.empty())
         return;
     const TagEditResult last = std::move(from.back());
     from.pop_back();
-    mEditing.revert(last, options,
-                    [this, &to, generation = mGeneration](const TagEditResult &reverted) {
-                        if (generation == mGeneration && !reverted.changed.empty())
-                            keep(to, reverted);
-                    });
+    mEditing.revert(last, options, [this, &to](const TagEditResult &reverted) {
+        if (!reverted.changed.empty())
+            keep(to, reverted);
+    });
 }
 
 void EditHistory::keep(Results &results, const TagEditResult &result)
 {
     results.push_back(result);
     while (results.size() > 1
-           && (results.size() > mostChanges || pictureBytesOf(results) > mostPictureBytes))
+           && (results.size() > mostChanges || heldBytesOf(results) > mostHeldBytes))
         results.pop_front();
     Q_EMIT changed();
 }
 
-void EditHistory::clear()
+void EditHistory::songsWillChange()
 {
-    mUndo.clear();
-    mRedo.clear();
-    ++mGeneration;
+    mIsStale = true;
     Q_EMIT changed();
+}
+
+void EditHistory::songsChanged(const SongList &songs)
+{
+    SongsByPath byPath;
+    for (const Results *results : {&mUndo, &mRedo})
+        for (const TagEditResult &result : *results)
+            for (const ChangedSong &each : result.changed)
+                byPath.insert(each.song->path(), nullptr);
+    if (!byPath.isEmpty())
+        for (const auto &song : songs)
+            if (const auto place = byPath.find(song->path()); place != byPath.end())
+                *place = song;
+    adoptSongs(mUndo, byPath);
+    adoptSongs(mRedo, byPath);
+    mIsStale = false;
+    Q_EMIT changed();
+}
+
+void EditHistory::adoptSongs(Results &results, const SongsByPath &byPath)
+{
+    for (TagEditResult &result : results) {
+        for (ChangedSong &each : result.changed)
+            each.song = byPath.value(each.song->path());
+        std::erase_if(result.changed, [](const ChangedSong &each) { return !each.song; });
+    }
+    std::erase_if(results, [](const TagEditResult &result) { return result.changed.empty(); });
 }
 
 QString EditHistory::nameOfLast(const Results &results) const
 {
-    return results.empty() || mEditing.isBusy() ? QString() : results.back().name;
+    return results.empty() || mIsStale || mEditing.isBusy() ? QString() : results.back().name;
 }

@@ -2,6 +2,8 @@
 
 #include "app/tagedit.h"
 
+#include <QHash>
+
 /// The changes that the user made to songs, to be undone and redone one by one.
 class EditHistory : public QObject {
     Q_OBJECT
@@ -16,8 +18,13 @@ public:
     // Nothing to do does nothing. While songs are being changed there is nothing.
     void undo(const WriteOptions &options);
     void redo(const WriteOptions &options);
-    /// Forgets everything, as when the songs are loaded anew.
-    void clear();
+    /// Takes what was changed in another way than by change().
+    void add(const TagEditResult &result);
+
+    /// The songs are being loaded anew: until that is done there is nothing to undo.
+    void songsWillChange();
+    /// Goes on with the records of the same files; changes of others are forgotten.
+    void songsChanged(const SongList &songs);
 
     /// The name of the change that undo() takes back; empty when there is none.
     [[nodiscard]] QString undoName() const { return nameOfLast(mUndo); }
@@ -28,13 +35,15 @@ Q_SIGNALS:
 
 private:
     using Results = std::deque<TagEditResult>;
+    using SongsByPath = QHash<QString, std::shared_ptr<SongFile>>;
 
     [[nodiscard]] QString nameOfLast(const Results &results) const;
     void revertLast(Results &from, Results &to, const WriteOptions &options);
     void keep(Results &results, const TagEditResult &result);
+    static void adoptSongs(Results &results, const SongsByPath &byPath);
 
     TagEditing &mEditing;
     Results mUndo; ///< the latest one last
     Results mRedo;
-    int mGeneration = 0; ///< rises with clear(): what was begun before it is not kept
+    bool mIsStale = false; ///< the songs are being loaded anew
 };

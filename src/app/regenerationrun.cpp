@@ -6,8 +6,12 @@
 
 #include <QElapsedTimer>
 
+#include <utility>
+
 namespace {
 constexpr qint64 timeOfATurn = 6; // milliseconds; a song in hand is finished
+/// Of replaced tags that a run holds. Songs that come after cannot be undone.
+constexpr qint64 mostHeldBytes = 128 * 1024 * 1024;
 } // namespace
 
 RegenerationRun::RegenerationRun(iTunesInterface &itunes, SongFileInfoCache *cache)
@@ -29,9 +33,12 @@ void RegenerationRun::add(const SongList &songs, const WriteOptions &options)
         mProgress.setMaximum(0);
         mProgress.setValue(0);
         mNextTurn.start();
+        mResult = {};
+        mResult.name = qtTrId("ChangeByRegenerating");
     }
     mOptions = options;
     mOptions.keptJournal = &*mKeptJournal;
+    mOptions.replaced = &mReplaced;
     mWaiting.insert(mWaiting.end(), songs.begin(), songs.end());
     mProgress.setMaximum(mProgress.maximum() + static_cast<double>(songs.size()));
 }
@@ -49,10 +56,12 @@ void RegenerationRun::takeTurn()
     time.start();
     while (isRunning() && time.elapsed() < timeOfATurn) {
         const std::shared_ptr<SongFile> song = mWaiting.front();
+        mReplaced.reset();
         const QString error = regenerate(*song);
+        const bool isKept = keepReplaced(song);
         mWaiting.pop_front();
         mProgress.advance(1);
-        Q_EMIT songDone(song, error);
+        Q_EMIT songDone(song, error, isKept);
     }
     if (isRunning())
         mNextTurn.start();
@@ -76,6 +85,8 @@ QString RegenerationRun::regenerate(SongFile &song)
     if (!sound->infotag())
         return sound->reasonOfNoTag();
     const auto outcome = Regeneration::regenerate(*sound, mOptions, mItunes);
+    if (outcome.kind != InPlaceFile::Outcome::Kind::Written)
+        mReplaced.reset(); // nothing was
     if (outcome.kind == InPlaceFile::Outcome::Kind::Failed)
         return outcome.error;
     song.adoptCurrentModificationDate();
@@ -84,9 +95,20 @@ QString RegenerationRun::regenerate(SongFile &song)
     return song.activityStatus() == SongStatus::Problem ? qtTrId("ErrorStillDamaged") : QString();
 }
 
+/// Whether the song can be given back what it held.
+bool RegenerationRun::keepReplaced(const std::shared_ptr<SongFile> &song)
+{
+    if (!mReplaced || mResult.heldBytes + mReplaced->bytes() > mostHeldBytes)
+        return false;
+    mResult.heldBytes += mReplaced->bytes();
+    mResult.changed.push_back(
+        {song, {}, {}, std::make_shared<const ReplacedBytes>(*std::move(mReplaced))});
+    return true;
+}
+
 void RegenerationRun::finish()
 {
     mWaiting.clear();
     mKeptJournal.reset();
-    Q_EMIT finished();
+    Q_EMIT finished(std::exchange(mResult, {}));
 }

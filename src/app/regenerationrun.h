@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/tagedit.h"
 #include "base/progress.h"
 #include "base/writejournal.h"
 #include "songs/songfile.h"
@@ -30,19 +31,23 @@ public:
     [[nodiscard]] Progress &progress() { return mProgress; }
 
 Q_SIGNALS:
-    /// `error` is empty when the song was written.
-    void songDone(const std::shared_ptr<SongFile> &song, const QString &error);
-    void finished();
+    /// `error` is empty when the song was written; then it is told whether that can be undone.
+    void songDone(const std::shared_ptr<SongFile> &song, const QString &error, bool canBeUndone);
+    /// With what can be undone.
+    void finished(const TagEditResult &result);
 
 private:
     void takeTurn();
     [[nodiscard]] QString regenerate(SongFile &song);
+    bool keepReplaced(const std::shared_ptr<SongFile> &song);
     void finish();
 
     iTunesInterface &mItunes;
     SongFileInfoCache *mCache;
     std::deque<std::shared_ptr<SongFile>> mWaiting;
     WriteOptions mOptions;
+    std::optional<ReplacedBytes> mReplaced; ///< by the song in hand
+    TagEditResult mResult;
     std::optional<KeptJournal> mKeptJournal; ///< while songs are written
     Progress mProgress;
     QTimer mNextTurn;

@@ -145,9 +145,9 @@ std::shared_ptr<SongFile> LoadedSongs::recordFor(const ReadEntry &read) const
         return read.song;
     const auto &song = *reused;
     if (read.info && song->activityStatus() != SongStatus::Processing) {
-        const SongStatus status = song->activityStatus();
+        const bool isPending = song->activityStatus() == SongStatus::Pending;
         song->adoptInfotag(tagWithCachedInfo(read.info));
-        song->setActivityStatus(status);
+        song->setActivityStatus(isPending ? SongStatus::Pending : read.song->activityStatus());
     }
     return song;
 }

@@ -1,6 +1,7 @@
 #include "app/tagedit.h"
 
 #include "app/songsummary.h"
+#include "songs/playbackpause.h"
 
 #include <QElapsedTimer>
 
@@ -16,12 +17,14 @@ std::optional<QString> reasonNotToTouch(const SongFile &song)
     const SongStatus status = song.activityStatus();
     if (status == SongStatus::Pending || status == SongStatus::Processing)
         return qtTrId("ErrorSongBeingGathered");
-    return song.reasonNotToWrite();
+    return std::nullopt;
 }
 
 /// Follows the song and reads its tag.
 std::optional<QString> reasonNotToChange(SongFile &song)
 {
+    if (const auto reason = song.reasonNotToWrite())
+        return reason;
     song.refresh();
     song.ensureInfotagIsReal();
     if (const auto reason = song.reasonNotToWrite())
@@ -70,6 +73,9 @@ void TagEditing::revert(const TagEditResult &result, const WriteOptions &options
         job.songs.push_back(changed.song);
     job.wanted = [changed = result.changed](std::size_t index, const AudioInfoTag &) {
         return Wanted{changed[index].before, changed[index].now};
+    };
+    job.replaced = [changed = result.changed](std::size_t index) {
+        return changed[index].replaced;
     };
     job.options = options;
     job.then = std::move(then);
@@ -124,6 +130,7 @@ void TagEditing::finishJob()
 void TagEditing::changeNextSong(Job &job)
 {
     const std::shared_ptr<SongFile> song = job.songs[job.done];
+    song->clearPassingProblem();
     if (const auto reason = reasonNotToTouch(*song)) {
         refuse(job, song, *reason);
     } else {
@@ -150,6 +157,8 @@ void TagEditing::showByFile(SongFile &song)
 /// Why it could not be done, or nothing.
 std::optional<QString> TagEditing::edit(Job &job, const std::shared_ptr<SongFile> &song)
 {
+    if (const auto replaced = job.replaced ? job.replaced(job.done) : nullptr)
+        return giveBack(job, song, *replaced);
     if (auto reason = reasonNotToChange(*song))
         return reason;
     AudioInfoTag &tag = *song->infotag();
@@ -179,7 +188,28 @@ std::optional<QString> TagEditing::write(Job &job, const std::shared_ptr<SongFil
         if (values->images)
             job.pictures.share(*values->images);
     job.result.changed.push_back(std::move(changed));
-    job.result.pictureBytes = job.pictures.bytes();
+    job.result.heldBytes = job.pictures.bytes();
+    return std::nullopt;
+}
+
+/// Also into a song that is damaged: it may become one again, or be regenerated once more.
+std::optional<QString> TagEditing::giveBack(Job &job, const std::shared_ptr<SongFile> &song,
+                                            const ReplacedBytes &replaced)
+{
+    song->refresh();
+    if (song->activityStatus() == SongStatus::Locked)
+        return song->reasonNotToWrite();
+    const PlaybackPause pause(mItunes, song->path());
+    auto undone = std::make_shared<ReplacedBytes>();
+    const auto outcome =
+        replaced.giveBack(song->path(), job.options.keepTime, &*mKeptJournal, *undone);
+    if (outcome.kind == InPlaceFile::Outcome::Kind::Failed)
+        return outcome.error;
+    song->adoptCurrentModificationDate();
+    song->uncacheInfotag();
+    song->infotag(); // tells whether the song is damaged now
+    job.result.heldBytes += undone->bytes();
+    job.result.changed.push_back({song, {}, {}, std::move(undone)});
     return std::nullopt;
 }
 

@@ -33,6 +33,7 @@ struct ChangedSong {
     std::shared_ptr<SongFile> song;
     TagValues before;
     TagValues now;
+    std::shared_ptr<const ReplacedBytes> replaced = nullptr; ///< if not null, counts instead
 };
 
 struct TagEditResult {
@@ -44,7 +45,8 @@ struct TagEditResult {
     QString name;
     std::vector<ChangedSong> changed; ///< not those that held these values already
     std::vector<Refusal> refused; ///< each was logged as well
-    qint64 pictureBytes = 0; ///< that `changed` holds, equal pictures counted once
+    /// Of pictures and replaced bytes that `changed` holds, equal pictures counted once.
+    qint64 heldBytes = 0;
     bool isCancelled = false; ///< some songs may not have been reached
 };
 
@@ -65,8 +67,8 @@ public:
 
     /// `then` is called on a later turn, exactly once.
     void change(const TagChange &change, const WriteOptions &options, Then then);
-    /// Gives the songs the values that they had before. A song whose fields hold other values than
-    /// the change gave them was changed by somebody else, and is refused.
+    /// Gives the songs the values or bytes that they had before. A song whose fields hold other
+    /// values than the change gave them was changed by somebody else, and is refused.
     void revert(const TagEditResult &result, const WriteOptions &options, Then then);
     /// Ends the change in hand after the song in hand.
     void cancel();
@@ -89,6 +91,8 @@ private:
     struct Job {
         SongList songs;
         std::function<Wanted(std::size_t index, const AudioInfoTag &tag)> wanted;
+        /// Given back instead, where it is not null.
+        std::function<std::shared_ptr<const ReplacedBytes>(std::size_t index)> replaced;
         WriteOptions options;
         Then then;
         TagEditResult result;
@@ -102,6 +106,8 @@ private:
     void changeNextSong(Job &job);
     void showByFile(SongFile &song);
     [[nodiscard]] std::optional<QString> edit(Job &job, const std::shared_ptr<SongFile> &song);
+    [[nodiscard]] std::optional<QString> giveBack(Job &job, const std::shared_ptr<SongFile> &song,
+                                                  const ReplacedBytes &replaced);
     [[nodiscard]] std::optional<QString> write(Job &job, const std::shared_ptr<SongFile> &song,
                                                const Wanted &wanted, const TagValues &before);
     void refuse(Job &job, const std::shared_ptr<SongFile> &song, const QString &reason);

@@ -32,6 +32,7 @@ MainController::MainController(Engine &engine)
     connect(&mReview, &Review::songTouched, this,
             [this](const std::shared_ptr<SongFile> &song) { tellChanged({song}); });
     connect(&mWorkList, &WorkList::runFinished, this, &MainController::gatheringChanged);
+    connect(&mEditing, &TagEditing::busyChanged, this, &MainController::renewHistory);
     connect(&mHistory, &EditHistory::changed, this, &MainController::historyChanged);
     mTellsEdited.setSingleShot(true);
     connect(&mTellsEdited, &QTimer::timeout, this, &MainController::tellEdited);
@@ -78,7 +79,8 @@ void MainController::load(const SongSource &source)
 {
     Q_EMIT sourceWillChange();
     setSelectedSongs({});
-    mHistory.clear(); // the records of its songs are no longer those of the list
+    mHistory.songsWillChange();
+    mHistoryIsStale = true;
     SongList kept = mWorkList.songs();
     const SongList reviewed = mReview.songs();
     kept.insert(kept.end(), reviewed.begin(), reviewed.end());
@@ -88,9 +90,24 @@ void MainController::load(const SongSource &source)
 
 void MainController::loadFinished()
 {
+    renewHistory();
     mLibraryIsStale = true;
     if (!mWorkList.isRunning())
         lendFromLoadedSongs();
+}
+
+/// With records that are those of the list, once it is there and no change is of the old ones.
+void MainController::renewHistory()
+{
+    if (!mSongs.isLoading() && !mEditing.isBusy() && std::exchange(mHistoryIsStale, false))
+        mHistory.songsChanged(mSongs.allSongs());
+}
+
+void MainController::addChange(const TagEditResult &result)
+{
+    mHistory.add(result);
+    mHistoryIsStale = true; // the songs may have been loaded anew meanwhile
+    renewHistory();
 }
 
 void MainController::lendFromLoadedSongs()
@@ -143,9 +160,11 @@ void MainController::gather(const SongList &songs)
         lendFromLoadedSongs();
     }
     SongList ready;
-    for (const auto &song : songs)
+    for (const auto &song : songs) {
+        song->clearPassingProblem();
         if (song->activityStatus() == SongStatus::Ready)
             ready.push_back(song);
+    }
     const GatheringOptions options = prefs().gatheringOptions();
     mWorkList.beginGathering(ready, options, prefs().writeOptions(),
                              options.review ? WriteSongs::AfterReview : WriteSongs::Yes);

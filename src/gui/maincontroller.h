@@ -44,6 +44,8 @@ public:
 
     /// Changes songs, which the user has seen, so that it can be undone. `then` may be empty.
     void change(const TagChange &change, const TagEditing::Then &then = {});
+    /// The same for songs that were changed in another way.
+    void addChange(const TagEditResult &result);
     void undo() { mHistory.undo(prefs().writeOptions()); }
     void redo() { mHistory.redo(prefs().writeOptions()); }
 
@@ -78,6 +80,7 @@ private:
     void songFinished(const SongOutcome &outcome);
     void songEdited(const std::shared_ptr<SongFile> &song);
     void pauseForReview(bool isFull);
+    void renewHistory();
     void lendFromLoadedSongs();
     void tellEdited();
     void connectShownSongs();
@@ -94,5 +97,6 @@ private:
     SongList mEdited; ///< of which is told on the next turn, since they come by the hundred
     QTimer mTellsEdited;
     SongList mSelectedSongs;
+    bool mHistoryIsStale = false; ///< its records are not yet those of the list
     bool mLibraryIsStale = false; ///< other songs were loaded than those that lend
 };

@@ -114,9 +114,22 @@ void RegenerateList::setBegun(const SongList &songs)
         setState(song, Row::State::Begun, {});
 }
 
-void RegenerateList::setDone(const std::shared_ptr<SongFile> &song, const QString &error)
+void RegenerateList::setDone(const std::shared_ptr<SongFile> &song, const QString &error,
+                             bool canBeUndone)
 {
-    setState(song, error.isEmpty() ? Row::State::Done : Row::State::Failed, error);
+    if (!error.isEmpty())
+        setState(song, Row::State::Failed, error);
+    else
+        setState(song, canBeUndone ? Row::State::Done : Row::State::DoneForGood, {});
+}
+
+void RegenerateList::songsChanged(const SongList &songs)
+{
+    for (const auto &song : songs)
+        if (const auto place = mPlaces.find(song.get()); place != mPlaces.end()
+            && mRows[place->second].state == Row::State::Done
+            && song->activityStatus() == SongStatus::Problem)
+            setState(song, Row::State::Waiting, {});
 }
 
 void RegenerateList::setCancelled()
@@ -158,7 +171,8 @@ int RegenerateList::columnCount(const QModelIndex &parent) const
 bool RegenerateList::isDamaged(const Row &row)
 {
     const bool isSound = row.plan && row.plan->reason.isEmpty() && row.plan->problem.isEmpty();
-    return row.state != Row::State::Done && !isSound;
+    const bool isDone = row.state == Row::State::Done || row.state == Row::State::DoneForGood;
+    return !isDone && !isSound;
 }
 
 QString RegenerateList::textOf(const Row &row, Column column)
@@ -173,6 +187,8 @@ QString RegenerateList::textOf(const Row &row, Column column)
             return qtTrId("RegenerateBegun");
         case Row::State::Done:
             return qtTrId("RegenerateDone");
+        case Row::State::DoneForGood:
+            return qtTrId("RegenerateDoneForGood");
         case Row::State::Failed:
             return row.error;
         }

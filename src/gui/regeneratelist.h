@@ -29,7 +29,9 @@ public:
 
     void setBegun(const SongList &songs);
     /// `error` is empty when the song was written.
-    void setDone(const std::shared_ptr<SongFile> &song, const QString &error);
+    void setDone(const std::shared_ptr<SongFile> &song, const QString &error, bool canBeUndone);
+    /// A song that was done and is damaged again, since that was undone, waits once more.
+    void songsChanged(const SongList &songs);
     /// Of songs that were begun and are not done.
     void setCancelled();
 
@@ -43,7 +45,7 @@ private:
     struct Row {
         std::shared_ptr<SongFile> song;
         std::optional<Regeneration::Plan> plan; ///< nothing until it was found out
-        enum class State { Waiting, Begun, Done, Failed } state = State::Waiting;
+        enum class State { Waiting, Begun, Done, DoneForGood, Failed } state = State::Waiting;
         QString error;
     };
 

@@ -37,6 +37,7 @@ RegeneratePanel::RegeneratePanel(MainController &controller, QWidget *window)
     // Songs may be done by the hundred.
     connect(mList, &QAbstractItemModel::dataChanged, &mValidation, qOverload<>(&QTimer::start));
     connect(mList, &QAbstractItemModel::modelReset, &mValidation, qOverload<>(&QTimer::start));
+    connect(&controller, &MainController::songsChanged, mList, &RegenerateList::songsChanged);
     connect(&controller.songs(), &LoadedSongs::loadFinished, this, [this] {
         if (const SongList &corrupt = mController.songs().corruptSongs(); !corrupt.empty())
             setCorruptSongsArray(corrupt);
@@ -137,14 +138,16 @@ void RegeneratePanel::begin(const SongList &songs)
     mList->setBegun(songs);
 }
 
-void RegeneratePanel::songDone(const std::shared_ptr<SongFile> &song, const QString &error)
+void RegeneratePanel::songDone(const std::shared_ptr<SongFile> &song, const QString &error,
+                               bool canBeUndone)
 {
-    mList->setDone(song, error);
+    mList->setDone(song, error, canBeUndone);
     mController.tellChanged({song});
 }
 
-void RegeneratePanel::finished()
+void RegeneratePanel::finished(const TagEditResult &result)
 {
+    mController.addChange(result);
     mList->setCancelled();
     validateInterface();
 }

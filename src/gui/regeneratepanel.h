@@ -33,8 +33,8 @@ private:
     [[nodiscard]] QWidget *buttons();
     void begin(const SongList &songs);
     void regenerateSelected();
-    void songDone(const std::shared_ptr<SongFile> &song, const QString &error);
-    void finished();
+    void songDone(const std::shared_ptr<SongFile> &song, const QString &error, bool canBeUndone);
+    void finished(const TagEditResult &result);
     void validateInterface();
 
     MainController &mController;

@@ -281,6 +281,8 @@ void SongTable::keyboardSearch(const QString &search)
 
 bool SongTable::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 {
+    if (index.isValid() && (trigger & (EditKeyPressed | DoubleClicked)) != 0)
+        mModel.songAtRow(index.row())->clearPassingProblem();
     if (trigger != EditKeyPressed || !index.isValid() || isEditable(index))
         return QTableView::edit(index, trigger, event);
     const QModelIndex cell = editableCellIn(index.row());

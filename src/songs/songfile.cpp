@@ -138,6 +138,18 @@ void SongFile::setDefaultActivityStatus()
         mStatus = mIsWritableFile ? SongStatus::Ready : SongStatus::Locked;
 }
 
+void SongFile::setPassingProblem()
+{
+    mStatus = SongStatus::Problem;
+    mHasPassingProblem = true;
+}
+
+void SongFile::clearPassingProblem()
+{
+    if (std::exchange(mHasPassingProblem, false) && mStatus == SongStatus::Problem)
+        setDefaultActivityStatus();
+}
+
 bool SongFile::canWriteToOriginalPath() const
 {
     return mStatus != SongStatus::Problem && mStatus != SongStatus::Locked;
@@ -165,7 +177,7 @@ void SongFile::updatePathFromAlias()
         return;
     const auto path = mAlias->path();
     if (!path)
-        mStatus = SongStatus::Problem;
+        setPassingProblem();
     else if (*path != QFileInfo(mPath).absoluteFilePath()) // a relative path stays as it was given
         mPath = *path; // not setPath(): the reference still holds
 }
@@ -183,7 +195,7 @@ bool SongFile::refresh()
         return false;
     const auto attributes = attributesOfFile(mPath);
     if (!attributes) {
-        mStatus = SongStatus::Problem;
+        setPassingProblem();
         return false;
     }
     if (isSameTime(mModDate, attributes->modified))
@@ -212,7 +224,7 @@ InPlaceFile::Outcome SongFile::writeToOriginalPath(const WriteOptions &options,
     setAliasFromPath();
     auto outcome = mInfotag ? writeTag(options, itunes) : failure(qtTrId("ErrorNoSong"));
     if (outcome.kind == InPlaceFile::Outcome::Kind::Failed) {
-        mStatus = SongStatus::Problem;
+        setPassingProblem();
         return outcome;
     }
     if (itunes && options.refreshLibrary)

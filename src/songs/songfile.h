@@ -73,6 +73,9 @@ public:
     void setActivityStatus(SongStatus status) { mStatus = status; }
     /// By the tag held, if there is one, and by whether the file was writable: nothing is read.
     void setDefaultActivityStatus();
+    /// A file that was gone or could not be written may be there again, or be written this time:
+    /// such a song is no problem until it turns out once more. Nothing is read.
+    void clearPassingProblem();
     [[nodiscard]] bool canWriteToOriginalPath() const;
     /// Why the song must not be written, one line for the user; nothing when it may be.
     [[nodiscard]] std::optional<QString> reasonNotToWrite() const;
@@ -96,6 +99,7 @@ public:
                                                            iTunesInterface *itunes);
 
 private:
+    void setPassingProblem();
     [[nodiscard]] InPlaceFile::Outcome writeTag(const WriteOptions &options,
                                                 iTunesInterface *itunes);
     void refreshInLibrary(iTunesInterface &itunes);
@@ -118,6 +122,7 @@ private:
     ReadOptions mReadOptions;
     SongStatus mStatus = SongStatus::Ready;
     bool mIsWritableFile = false;
+    bool mHasPassingProblem = false; ///< not one of the tag
 };
 
 using SongList = std::vector<std::shared_ptr<SongFile>>;

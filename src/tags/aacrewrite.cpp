@@ -121,7 +121,7 @@ try {
     if (made.contents.length() == 0)
         return failed(QStringLiteral("cannot generate atom data"));
     if (start == 0)
-        return file->replaceContents(made.contents, options.keepTime, options.keptJournal);
+        return writeContents(*file, made.contents, options);
     // Only now, since the song is known to be one that can be written.
     file.reset();
     if (!FileType::removeID3v2TagFromFileAtPath(path, options.keepTime))

@@ -114,8 +114,7 @@ try {
     const Tags tags = newTags(*file, old, frames, version, options);
     if (!tags.id3v2.error.isEmpty())
         return failed(qtTrId("ErrorCannotMakeID3"), tags.id3v2.error);
-    return file->replaceContents(contentsWith(tags, old, file->size()), options.keepTime,
-                                 options.keptJournal);
+    return writeContents(*file, contentsWith(tags, old, file->size()), options);
 } catch (const MalformedData &malformed) {
     return failed(qtTrId("ErrorFileChanged"), malformed.reason());
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/inplacefile.h"
+#include "base/replacedbytes.h"
 #include "tags/id3dialect.h"
 
 enum class MalformedInfo { Keep, Discard };
@@ -24,4 +24,10 @@ struct WriteOptions {
     bool refreshLibrary = false; ///< have the library program read the song again
     /// Of whoever writes many songs, one after the other.
     KeptJournal *keptJournal = nullptr;
+    /// Gets what the write takes away, where that can be given back.
+    std::optional<ReplacedBytes> *replaced = nullptr;
 };
+
+/// Writes into the song as these options say.
+[[nodiscard]] InPlaceFile::Outcome writeContents(InPlaceFile &file, const FileContents &contents,
+                                                 const WriteOptions &options);

@@ -129,7 +129,7 @@ private Q_SLOTS:
             QCOMPARE(bytesOf(*songs[1]), bytes);
     }
 
-    /// Its status says so until it is loaded again, and the list shows what the file still holds.
+    /// Its status says so until it is changed after all, and the list shows what the file holds.
     void songThatCannotBeWrittenShowsItsOldValues()
     {
         const auto stubborn = song(u"One"_s);
@@ -141,6 +141,11 @@ private Q_SLOTS:
         QCOMPARE(run(lost).refused.size(), 1u);
         QCOMPARE(stubborn->activityStatus(), SongStatus::Problem);
         QVERIFY(!stubborn->infotag());
+        QCOMPARE(change({stubborn}, artist(u"New"_s)).refused.size(), 1u);
+        QCOMPARE(stubborn->activityStatus(), SongStatus::Problem);
+        std::ignore = song(u"One"_s); // is there again
+        QCOMPARE(change({stubborn}, artist(u"New"_s)).changed.size(), 1u);
+        QCOMPARE(stubborn->activityStatus(), SongStatus::Ready);
     }
 
     void changesOfOthersAreNotUndone()

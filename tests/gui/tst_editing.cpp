@@ -4,6 +4,7 @@
 #include "gui/lyricsinspector.h"
 #include "gui/mainwindow.h"
 #include "gui/pictureframe.h"
+#include "gui/picturestrip.h"
 #include "gui/regeneratepanel.h"
 #include "gui/standardisegenre.h"
 #include "gui/tagpasting.h"
@@ -111,6 +112,11 @@ private Q_SLOTS:
         select({0, 1});
         QTRY_VERIFY(part<ArtworkWell>().artwork().isMixed);
         QVERIFY(part<PictureFrame>().hint().startsWith(u"Several pictures"));
+        auto &strip = part<PictureStrip>();
+        QCOMPARE(strip.count(), 1);
+        QVERIFY(!part<ArtworkWell>().shownPicture());
+        QTest::keyClick(&strip, Qt::Key_Right);
+        QCOMPARE(part<ArtworkWell>().shownPicture()->data, cover);
         QImage pasted(20, 20, QImage::Format_RGB32);
         pasted.fill(Qt::red);
         QApplication::clipboard()->setImage(pasted);
@@ -181,8 +187,8 @@ private Q_SLOTS:
     {
         const QByteArray frames = frame("TIT2", QByteArrayLiteral("\0Kept"))
             + frame("TPE1", QByteArrayLiteral("\0Lost")).first(12);
-        writeFile(music() + u"/1.mp3"_s,
-                  id3Tag(3, frames.first(frames.size() - 1)) + mpegFrames(50));
+        const QByteArray damaged = id3Tag(3, frames.first(frames.size() - 1)) + mpegFrames(50);
+        writeFile(music() + u"/1.mp3"_s, damaged);
         load({});
         auto &panel = part<RegeneratePanel>();
         QTRY_VERIFY(panel.isVisible());
@@ -195,9 +201,40 @@ private Q_SLOTS:
         auto buttons = panel.findChildren<QPushButton *>();
         buttons.last()->click(); // all
         QTRY_COMPARE(text(RegenerateList::Result), u"Regenerated"_s);
-        const auto &song = mController->songs().allSongs().front();
+        auto song = mController->songs().allSongs().front();
         QCOMPARE(song->activityStatus(), SongStatus::Ready);
         QCOMPARE(read(0)->title(), u"Kept"_s);
+        mController->setSongLibraryFolder(music()); // has records of its own
+        QTRY_VERIFY(!mController->songs().isLoading());
+        song = mController->songs().allSongs().front();
+        const QByteArray regenerated = fileContents(song->path());
+        command(u"MenuUndo"_s);
+        QTRY_COMPARE(fileContents(song->path()), damaged);
+        QCOMPARE(song->activityStatus(), SongStatus::Problem);
+        command(u"MenuRedo"_s);
+        QTRY_COMPARE(fileContents(song->path()), regenerated);
+        QVERIFY(song->activityStatus() != SongStatus::Problem);
+    }
+
+    void historyOutlivesARescan()
+    {
+        load({{.title = u"One"_s}, {.title = u"Two"_s}});
+        const SongList songs = mController->songs().allSongs();
+        mController->change(
+            TagChange::sameForAll(u"Name"_s, songs, {.texts = {{TagText::Artist, u"New"_s}}}));
+        mController->setSongLibraryFolder(music()); // while it is under way
+        QFile::remove(songs[0]->path());
+        mController->setSongLibraryFolder(music());
+        QVERIFY(mController->history().undoName().isEmpty());
+        QTRY_COMPARE(mController->history().undoName(), u"Name"_s);
+        QCOMPARE(read(0)->artist(), u"New"_s);
+        mController->undo();
+        QTRY_VERIFY(!read(0)->artist());
+        QVERIFY(!mController->songs().allSongs().front()->infotag()->artist());
+        QDir().mkdir(mFolder->filePath(u"other"_s));
+        mController->setSongLibraryFolder(mFolder->filePath(u"other"_s));
+        QTRY_VERIFY(!mController->songs().isLoading());
+        QCOMPARE(mController->history().redoName(), QString());
     }
 
 private:
