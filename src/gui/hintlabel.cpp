@@ -1,8 +1,6 @@
 #include "gui/hintlabel.h"
 
-#include <QAbstractButton>
 #include <QEvent>
-#include <QStyle>
 
 HintLabel::HintLabel(const QString &text, QWidget *parent)
     : QLabel(text, parent)
@@ -14,14 +12,6 @@ HintLabel::HintLabel(const QString &text, QWidget *parent)
         smaller.setPointSizeF(smaller.pointSizeF() * 0.9);
     setFont(smaller);
     setForegroundRole(QPalette::PlaceholderText);
-}
-
-void HintLabel::indentBelow(const QAbstractButton &button)
-{
-    const QStyle *style = button.style();
-    setContentsMargins(style->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth)
-                           + style->pixelMetric(QStyle::PM_RadioButtonLabelSpacing),
-                       0, 0, 0);
 }
 
 /// The calm colour of enabled texts would stand out among disabled ones.

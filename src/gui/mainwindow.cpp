@@ -25,13 +25,17 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
+#include <QScreen>
 #include <QSplitter>
 #include <QTextDocument>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
-constexpr QSize firstSize(1120, 720); // pixels
+/// Of a window with all its parts, and of what is around it on a screen without more room. Pixels.
+constexpr QSize firstSize(1360, 840);
+constexpr QSize aroundWindow(12, 40);
+const Setting<QByteArray> windowPlace{"mainWindowGeometry", {}};
 constexpr int searchFieldWidth = 220; // pixels
 constexpr int margin = 6; // pixels
 /// Of the height that the songs and the log share.
@@ -44,7 +48,8 @@ MainWindow::MainWindow(MainController &controller)
     , mGathering(new GatheringParts(controller, mCommands, *this))
 {
     setObjectName(QStringLiteral("mainWindow"));
-    resize(firstSize);
+    if (!restoreGeometry(windowPlace.value(controller.prefs().settings())))
+        resize(firstSize.boundedTo(screen()->availableSize() - aroundWindow));
     mCommands.fillMenuBar(*menuBar());
     setUpToolBar();
     setUpParts();
@@ -277,5 +282,6 @@ void MainWindow::closeEvent(QCloseEvent *event)
                 Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
         return event->ignore();
     }
+    windowPlace.set(mController.prefs().settings(), saveGeometry());
     event->accept();
 }

@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QRadioButton>
+#include <QStackedWidget>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -106,25 +107,33 @@ QGroupBox *OptionsDrawer::makePickingMethod()
     mPickingMethod->setObjectName(QStringLiteral("albumPickingMethod"));
     auto *column = new QVBoxLayout(mAdvanced);
     column->setSpacing(withinGroup);
+    auto *hints = new QStackedWidget; // as high as the longest one, so that nothing moves
     // The one that fits most users stands first; the numbers are those of the settings.
     for (const AlbumPick method :
          {AlbumPick::Best, AlbumPick::MostAgreement, AlbumPick::EarliestYear, AlbumPick::None})
-        addMethod(*column, method);
+        addMethod(*column, *hints, method);
+    column->addWidget(hints);
     connect(mPickingMethod, &QButtonGroup::idToggled, this, &OptionsDrawer::writePrefs);
     return mAdvanced;
 }
 
-void OptionsDrawer::addMethod(QVBoxLayout &column, AlbumPick method)
+/// What the chosen one means is said below them all.
+void OptionsDrawer::addMethod(QVBoxLayout &column, QStackedWidget &hints, AlbumPick method)
 {
     const int number = static_cast<int>(method);
     const MethodTexts &texts = methodTexts.at(static_cast<std::size_t>(number));
     auto *button = new QRadioButton(qtTrId(texts.name));
     button->setAccessibleDescription(qtTrId(texts.hint));
+    button->setToolTip(qtTrId(texts.hint));
     mPickingMethod->addButton(button, number);
     auto *hint = new HintLabel(qtTrId(texts.hint));
-    hint->indentBelow(*button);
+    hint->setAlignment(Qt::AlignTop);
+    hints.addWidget(hint);
+    connect(button, &QRadioButton::toggled, hint, [&hints, hint](bool isChosen) {
+        if (isChosen)
+            hints.setCurrentWidget(hint);
+    });
     column.addWidget(button);
-    column.addWidget(hint);
 }
 
 QGroupBox *OptionsDrawer::makeSearch()

@@ -8,6 +8,7 @@ class QButtonGroup;
 class QCheckBox;
 class QGridLayout;
 class QGroupBox;
+class QStackedWidget;
 class QVBoxLayout;
 class WorkList;
 
@@ -36,7 +37,7 @@ private:
     [[nodiscard]] QGroupBox *makeAssets();
     void addAsset(QGridLayout &grid, Asset asset, const QString &name, const char *textID);
     [[nodiscard]] QGroupBox *makePickingMethod();
-    void addMethod(QVBoxLayout &column, AlbumPick method);
+    void addMethod(QVBoxLayout &column, QStackedWidget &hints, AlbumPick method);
     [[nodiscard]] QGroupBox *makeSearch();
     void addCheckBox(QCheckBox *&box, QVBoxLayout &column, const char *name, const char *textID,
                      const char *toolTipID);
