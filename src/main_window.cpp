@@ -4,6 +4,7 @@
 #include "base/log.h"
 #include "base/texts.h"
 #include "cli/commandline.h"
+#include "gui/clearindicators.h"
 #include "gui/icons.h"
 #include "gui/windowprogram.h"
 
@@ -16,6 +17,7 @@ int main(int argc, char **argv)
     QApplication::setApplicationDisplayName(QStringLiteral("Tagwright"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tagwright"));
     QGuiApplication::setWindowIcon(icon(QStringLiteral("tagwright")));
+    useClearIndicators();
     installDiagnostics(arguments.verbose ? Diagnostics::ToStandardErrorToo
                                          : Diagnostics::ToLogFile);
     installTexts(TextLanguage::OfTheSystem);

@@ -60,6 +60,7 @@ PreferencesPanel::PreferencesPanel(Engine &engine, QWidget *parent)
     setObjectName(QStringLiteral("preferencesPanel"));
     setWindowTitle(qtTrId("PreferencesTitle"));
     auto *tabs = new QTabWidget(this);
+    tabs->setAccessibleName(windowTitle());
     tabs->addTab(artworkPage(), qtTrId("PreferencesArtwork"));
     tabs->addTab(filesPage(), qtTrId("PreferencesFiles"));
     tabs->addTab(sourcesPage(), qtTrId("PreferencesSources"));

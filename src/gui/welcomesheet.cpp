@@ -7,9 +7,11 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 constexpr Setting<bool> wasWelcomed{"wasWelcomed", false};
-constexpr int textWidth = 420; // pixels
+constexpr int leastTextWidth = 420; // pixels
 constexpr int margin = 24; // pixels
 constexpr int betweenParagraphs = 12; // pixels
 constexpr double titleScale = 1.5;
@@ -18,7 +20,7 @@ QLabel *paragraph(const QString &text)
 {
     auto *label = new QLabel(text);
     label->setWordWrap(true);
-    label->setFixedWidth(textWidth);
+    label->setMinimumWidth(std::max(leastTextWidth, label->fontMetrics().averageCharWidth() * 56));
     return label;
 }
 } // namespace
