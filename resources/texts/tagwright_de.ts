@@ -223,6 +223,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Nothing chosen: of the albums that fit (%1), none has a usable year</source>
         <translation>Nichts gewählt: Von den passenden Alben (%1) hat keines ein brauchbares Jahr</translation>
     </message>
+    <message id="ChoiceNoneFits">
+        <source>Nothing chosen: no album that was found fits the song</source>
+        <translation>Nichts gewählt: Kein gefundenes Album passt zum Song</translation>
+    </message>
     <message id="ChoiceNothingFound">
         <source>Nothing chosen: no album was found</source>
         <translation>Nichts gewählt: Es wurde kein Album gefunden</translation>
@@ -375,6 +379,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>it fits, but no album was picked</source>
         <translation>es passt, aber kein Album wurde gewählt</translation>
     </message>
+    <message id="DroppedUnseen">
+        <source>not looked up: %1</source>
+        <translation>nicht abgerufen: %1</translation>
+    </message>
     <message id="EditReview">
         <source>Reviewed changes</source>
         <translation>Durchgesehene Änderungen</translation>
@@ -406,6 +414,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
         <translation>„%1“ ist keine Adresse, die abgerufen werden kann: nur http und https</translation>
+    </message>
+    <message id="ErrorAlbumNotLookedUp">
+        <source>The album could not be looked up</source>
+        <translation>Das Album ließ sich nicht abrufen</translation>
     </message>
     <message id="ErrorCannotMakeID3">
         <source>The ID3 tag cannot be made</source>
@@ -1730,6 +1742,46 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="Track">
         <source>Track</source>
         <translation>Titelnummer</translation>
+    </message>
+    <message id="UnseenBehindOthers">
+        <source>others fit better</source>
+        <translation>andere passen besser</translation>
+    </message>
+    <message id="UnseenLaterWork">
+        <source>another album came out earlier</source>
+        <translation>ein anderes Album erschien früher</translation>
+    </message>
+    <message id="UnseenLittleAlike">
+        <source>the source finds it little alike</source>
+        <translation>die Quelle hält es für wenig ähnlich</translation>
+    </message>
+    <message id="UnseenOtherArtist">
+        <source>another artist</source>
+        <translation>ein anderer Interpret</translation>
+    </message>
+    <message id="UnseenOtherEdition">
+        <source>another edition of the same album</source>
+        <translation>eine andere Ausgabe desselben Albums</translation>
+    </message>
+    <message id="UnseenOtherKind">
+        <source>a less likely kind, such as a single or a collection</source>
+        <translation>eine weniger wahrscheinliche Art, etwa eine Single oder Sammlung</translation>
+    </message>
+    <message id="UnseenOtherLength">
+        <source>the song has another length there</source>
+        <translation>der Song hat dort eine andere Länge</translation>
+    </message>
+    <message id="UnseenOtherName">
+        <source>another name than the song’s album</source>
+        <translation>ein anderer Name als der des Albums</translation>
+    </message>
+    <message id="UnseenOtherTitle">
+        <source>another title than the song’s</source>
+        <translation>ein anderer Titel als der des Songs</translation>
+    </message>
+    <message id="UnseenUnofficial">
+        <source>a bootleg or otherwise not official</source>
+        <translation>ein Bootleg oder sonst nicht offiziell</translation>
     </message>
     <message id="WelcomeBegin">
         <source>Begin with a folder of songs, or watch a demo on sample songs first.</source>

@@ -223,6 +223,10 @@ The selected songs have different artwork</translation>
         <source>Nothing chosen: of the albums that fit (%1), none has a usable year</source>
         <translation>Nothing chosen: of the albums that fit (%1), none has a usable year</translation>
     </message>
+    <message id="ChoiceNoneFits">
+        <source>Nothing chosen: no album that was found fits the song</source>
+        <translation>Nothing chosen: no album that was found fits the song</translation>
+    </message>
     <message id="ChoiceNothingFound">
         <source>Nothing chosen: no album was found</source>
         <translation>Nothing chosen: no album was found</translation>
@@ -375,6 +379,10 @@ The selected songs have different artwork</translation>
         <source>it fits, but no album was picked</source>
         <translation>it fits, but no album was picked</translation>
     </message>
+    <message id="DroppedUnseen">
+        <source>not looked up: %1</source>
+        <translation>not looked up: %1</translation>
+    </message>
     <message id="EditReview">
         <source>Reviewed changes</source>
         <translation>Reviewed changes</translation>
@@ -406,6 +414,10 @@ The selected songs have different artwork</translation>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
         <translation>“%1” is no address that can be fetched: only http and https are</translation>
+    </message>
+    <message id="ErrorAlbumNotLookedUp">
+        <source>The album could not be looked up</source>
+        <translation>The album could not be looked up</translation>
     </message>
     <message id="ErrorCannotMakeID3">
         <source>The ID3 tag cannot be made</source>
@@ -1730,6 +1742,46 @@ The selected songs have different artwork</translation>
     <message id="Track">
         <source>Track</source>
         <translation>Track</translation>
+    </message>
+    <message id="UnseenBehindOthers">
+        <source>others fit better</source>
+        <translation>others fit better</translation>
+    </message>
+    <message id="UnseenLaterWork">
+        <source>another album came out earlier</source>
+        <translation>another album came out earlier</translation>
+    </message>
+    <message id="UnseenLittleAlike">
+        <source>the source finds it little alike</source>
+        <translation>the source finds it little alike</translation>
+    </message>
+    <message id="UnseenOtherArtist">
+        <source>another artist</source>
+        <translation>another artist</translation>
+    </message>
+    <message id="UnseenOtherEdition">
+        <source>another edition of the same album</source>
+        <translation>another edition of the same album</translation>
+    </message>
+    <message id="UnseenOtherKind">
+        <source>a less likely kind, such as a single or a collection</source>
+        <translation>a less likely kind, such as a single or a collection</translation>
+    </message>
+    <message id="UnseenOtherLength">
+        <source>the song has another length there</source>
+        <translation>the song has another length there</translation>
+    </message>
+    <message id="UnseenOtherName">
+        <source>another name than the song’s album</source>
+        <translation>another name than the song’s album</translation>
+    </message>
+    <message id="UnseenOtherTitle">
+        <source>another title than the song’s</source>
+        <translation>another title than the song’s</translation>
+    </message>
+    <message id="UnseenUnofficial">
+        <source>a bootleg or otherwise not official</source>
+        <translation>a bootleg or otherwise not official</translation>
     </message>
     <message id="WelcomeBegin">
         <source>Begin with a folder of songs, or watch a demo on sample songs first.</source>

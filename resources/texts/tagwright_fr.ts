@@ -223,6 +223,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Nothing chosen: of the albums that fit (%1), none has a usable year</source>
         <translation>Rien n’est choisi : parmi les albums qui conviennent (%1), aucun n’a d’année utilisable</translation>
     </message>
+    <message id="ChoiceNoneFits">
+        <source>Nothing chosen: no album that was found fits the song</source>
+        <translation>Rien n’est choisi : aucun album trouvé ne convient au morceau</translation>
+    </message>
     <message id="ChoiceNothingFound">
         <source>Nothing chosen: no album was found</source>
         <translation>Rien n’est choisi : aucun album n’a été trouvé</translation>
@@ -375,6 +379,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>it fits, but no album was picked</source>
         <translation>il convient, mais aucun album n’a été retenu</translation>
     </message>
+    <message id="DroppedUnseen">
+        <source>not looked up: %1</source>
+        <translation>non consulté : %1</translation>
+    </message>
     <message id="EditReview">
         <source>Reviewed changes</source>
         <translation>Modifications vérifiées</translation>
@@ -406,6 +414,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="ErrorAddressNotFetched">
         <source>“%1” is no address that can be fetched: only http and https are</source>
         <translation>« %1 » n’est pas une adresse accessible : seules http et https le sont</translation>
+    </message>
+    <message id="ErrorAlbumNotLookedUp">
+        <source>The album could not be looked up</source>
+        <translation>L’album n’a pas pu être consulté</translation>
     </message>
     <message id="ErrorCannotMakeID3">
         <source>The ID3 tag cannot be made</source>
@@ -1730,6 +1742,46 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="Track">
         <source>Track</source>
         <translation>Piste</translation>
+    </message>
+    <message id="UnseenBehindOthers">
+        <source>others fit better</source>
+        <translation>d’autres conviennent mieux</translation>
+    </message>
+    <message id="UnseenLaterWork">
+        <source>another album came out earlier</source>
+        <translation>un autre album est paru avant</translation>
+    </message>
+    <message id="UnseenLittleAlike">
+        <source>the source finds it little alike</source>
+        <translation>la source le juge peu ressemblant</translation>
+    </message>
+    <message id="UnseenOtherArtist">
+        <source>another artist</source>
+        <translation>un autre artiste</translation>
+    </message>
+    <message id="UnseenOtherEdition">
+        <source>another edition of the same album</source>
+        <translation>une autre édition du même album</translation>
+    </message>
+    <message id="UnseenOtherKind">
+        <source>a less likely kind, such as a single or a collection</source>
+        <translation>un genre moins probable, comme un single ou une compilation</translation>
+    </message>
+    <message id="UnseenOtherLength">
+        <source>the song has another length there</source>
+        <translation>le morceau y a une autre durée</translation>
+    </message>
+    <message id="UnseenOtherName">
+        <source>another name than the song’s album</source>
+        <translation>un autre nom que celui de l’album</translation>
+    </message>
+    <message id="UnseenOtherTitle">
+        <source>another title than the song’s</source>
+        <translation>un autre titre que celui du morceau</translation>
+    </message>
+    <message id="UnseenUnofficial">
+        <source>a bootleg or otherwise not official</source>
+        <translation>un bootleg ou une édition non officielle</translation>
     </message>
     <message id="WelcomeBegin">
         <source>Begin with a folder of songs, or watch a demo on sample songs first.</source>

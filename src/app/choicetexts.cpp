@@ -23,6 +23,8 @@ QString textOfChoice(const AlbumVerdict &verdict)
         return {};
     case ChoiceReason::NothingFound:
         return qtTrId("ChoiceNothingFound");
+    case ChoiceReason::NoneFits:
+        return qtTrId("ChoiceNoneFits");
     case ChoiceReason::CoverAlone:
         return qtTrId("ChoiceCoverAlone").arg(pickedName(verdict));
     case ChoiceReason::NoMethod:
@@ -115,6 +117,32 @@ QString textOfFieldAlone(const FieldReason &reason)
     return {};
 }
 
+QString whyNotLookedUp(AlbumFate fate)
+{
+    switch (fate) {
+    case AlbumFate::ByOtherArtist:
+        return qtTrId("UnseenOtherArtist");
+    case AlbumFate::OfOtherTitle:
+        return qtTrId("UnseenOtherTitle");
+    case AlbumFate::OfOtherName:
+        return qtTrId("UnseenOtherName");
+    case AlbumFate::LittleAlike:
+        return qtTrId("UnseenLittleAlike");
+    case AlbumFate::OfOtherLength:
+        return qtTrId("UnseenOtherLength");
+    case AlbumFate::Unofficial:
+        return qtTrId("UnseenUnofficial");
+    case AlbumFate::OfOtherKind:
+        return qtTrId("UnseenOtherKind");
+    case AlbumFate::OtherEdition:
+        return qtTrId("UnseenOtherEdition");
+    case AlbumFate::LaterWork:
+        return qtTrId("UnseenLaterWork");
+    default:
+        return qtTrId("UnseenBehindOthers");
+    }
+}
+
 QStringList unansweredSources(const ChoiceRecord &record)
 {
     QStringList sources;
@@ -160,6 +188,7 @@ std::optional<QString> textOfFate(AlbumFate fate)
         return qtTrId("DroppedSongNotOnAlbum");
     case AlbumFate::CoverAlone:
         return qtTrId("DroppedCoverAlone");
+    default:
+        return qtTrId("DroppedUnseen").arg(whyNotLookedUp(fate));
     }
-    return {};
 }

@@ -44,6 +44,7 @@ QJsonObject candidateAsJson(const AlbumCandidate &candidate)
         {u"tracks"_s, candidate.tracks},
         {u"art"_s, candidate.hasArtwork},
         {u"score"_s, candidate.score ? QJsonValue(*candidate.score) : QJsonValue()},
+        {u"lookedUp"_s, wasLookedUp(candidate.fate)},
         {u"dropped"_s, asJson(textOfFate(candidate.fate))},
     };
 }
@@ -113,7 +114,8 @@ QString choicesAsText(const SongOutcome &outcome)
 /// Whether the reader would wonder: albums were there and none was taken, and nothing says why.
 bool needsReason(const SongOutcome &outcome)
 {
-    return !outcome.choices.isChosen() && !outcome.choices.candidates.isEmpty() && !outcome.error
+    return !outcome.choices.isChosen() && outcome.choices.reason != ChoiceReason::CoverAlone
+        && !outcome.choices.candidates.isEmpty() && !outcome.error
         && outcome.undecidedCandidates <= 1;
 }
 

@@ -11,6 +11,13 @@
 
 using AlbumList = QList<AlbumInfo>;
 
+/// An album that a source found and left, mostly without having looked it up.
+struct PassedOverAlbum {
+    AlbumInfo album;
+    AlbumFate fate = AlbumFate::BehindOthers;
+    int tracks = 0; ///< as far as the source told
+};
+
 /// The numbers stand in the settings.
 enum class AlbumPick { None = 0, EarliestYear = 1, MostAgreement = 2, Best = 3 };
 

@@ -21,7 +21,23 @@ enum class AlbumFate {
     SongNotOnAlbum, ///< it was picked, but does not list the song
     Chosen,
     CoverAlone, ///< it gives its picture to another one, and is none to choose
+    // from here on the source itself left it, and did not look it up
+    ByOtherArtist,
+    OfOtherTitle, ///< of the song
+    OfOtherName, ///< of the album
+    LittleAlike, ///< by the source's own measure
+    OfOtherLength,
+    Unofficial,
+    OfOtherKind, ///< such as a single, or a collection while the song is on an album
+    OtherEdition,
+    LaterWork,
+    BehindOthers,
 };
+
+[[nodiscard]] constexpr bool wasLookedUp(AlbumFate fate)
+{
+    return fate < AlbumFate::ByOtherArtist;
+}
 
 struct AlbumCandidate {
     QString source; ///< class name
@@ -49,6 +65,7 @@ struct SourceAnswer {
 enum class ChoiceReason {
     NotSearched,
     NothingFound,
+    NoneFits, ///< a source left all that it found
     CoverAlone, ///< nothing but covers of the album that the song's tag names
     NoMethod, ///< several are left, and no method chooses among them
     NoUsableYear,

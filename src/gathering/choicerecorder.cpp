@@ -3,6 +3,7 @@
 #include "gathering/songfilling.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -51,11 +52,14 @@ ChoiceReason reasonOf(qsizetype left, std::size_t found, AlbumPick method,
 
 } // namespace
 
-void ChoiceRecorder::answered(const SourceAnswer &answer)
+void ChoiceRecorder::answered(const SourceAnswer &answer, const QList<PassedOverAlbum> &passedOver)
 {
     mRecord.answers << answer;
+    mPassedOver << passedOver;
     if (mRecord.reason == ChoiceReason::NotSearched)
         mRecord.reason = ChoiceReason::NothingFound;
+    if (mRecord.reason == ChoiceReason::NothingFound && !passedOver.isEmpty())
+        mRecord.reason = ChoiceReason::NoneFits;
 }
 
 void ChoiceRecorder::begin(AlbumList &albums, const AlbumList &covers)
@@ -89,8 +93,6 @@ void ChoiceRecorder::dropped(const AlbumInfo &album, AlbumFate fate)
 void ChoiceRecorder::end(const AlbumList &left, AlbumPick method, const AlbumChoice &choice,
                          bool isOnAlbum)
 {
-    if (mRound.empty())
-        return;
     for (const AlbumInfo &album : left)
         if (album.candidateNumber() >= 0)
             mRoundAlbums[album.candidateNumber()] = album;
@@ -103,7 +105,7 @@ void ChoiceRecorder::end(const AlbumList &left, AlbumPick method, const AlbumCho
         conclude({reasonOf(left.size(), mFound, method, choice, isOnAlbum),
                   choice.album ? shortened(choice.album->name()) : std::nullopt,
                   static_cast<int>(mFound), static_cast<int>(left.size())});
-    else if (mRecord.reason == ChoiceReason::NothingFound)
+    else if (!mRound.empty() && mRecord.reason < ChoiceReason::CoverAlone)
         conclude({ChoiceReason::CoverAlone, mRound.front().album, 0, 0});
     keepRound();
 }
@@ -121,17 +123,27 @@ void ChoiceRecorder::taken(const AlbumInfo &album)
     static_cast<AlbumVerdict &>(mRecord) = mLatest;
 }
 
-/// A later search may find again what an earlier one found; it is told of once.
+/// A later search may find again what an earlier one found; it is told of once. What the sources
+/// left follows what was looked at.
 void ChoiceRecorder::keepRound()
 {
-    QList<AlbumCandidate> &kept = mRecord.candidates;
-    const QList<AlbumCandidate> earlier = kept;
-    for (std::size_t i = 0; i < mRound.size(); ++i) {
-        const AlbumCandidate &candidate = mRound[i];
-        const bool hasRoom = kept.size() < mostCandidates || candidate.fate == AlbumFate::Chosen;
-        if (!hasRoom || earlier.contains(candidate))
-            continue;
-        kept << candidate;
-        mAlbums << mRoundAlbums.at(static_cast<qsizetype>(i));
+    const QList<AlbumCandidate> earlier = mRecord.candidates;
+    for (std::size_t i = 0; i < mRound.size(); ++i)
+        if (!earlier.contains(mRound[i]))
+            keep(mRound[i], mRoundAlbums.at(static_cast<qsizetype>(i)));
+    for (const PassedOverAlbum &left : std::exchange(mPassedOver, {})) {
+        AlbumCandidate candidate = candidateOf(left.album);
+        candidate.fate = left.fate;
+        candidate.tracks = left.tracks;
+        if (!mRecord.candidates.contains(candidate))
+            keep(candidate, left.album);
     }
+}
+
+void ChoiceRecorder::keep(const AlbumCandidate &candidate, const AlbumInfo &album)
+{
+    if (mRecord.candidates.size() >= mostCandidates && candidate.fate != AlbumFate::Chosen)
+        return;
+    mRecord.candidates << candidate;
+    mAlbums << album;
 }

@@ -14,7 +14,7 @@ public:
     /// Characters of a name; what a page holds may be of any length.
     static constexpr qsizetype longestText = 200;
 
-    void answered(const SourceAnswer &answer);
+    void answered(const SourceAnswer &answer, const QList<PassedOverAlbum> &passedOver);
 
     /// Begins a round, and numbers the albums so that they are known again. `covers`: what is none
     /// to choose from.
@@ -34,12 +34,14 @@ public:
     [[nodiscard]] const AlbumVerdict &latestVerdict() const { return mLatest; }
 
 private:
+    void keep(const AlbumCandidate &candidate, const AlbumInfo &album);
     void conclude(const AlbumVerdict &verdict);
     void keepRound();
 
     std::vector<AlbumCandidate> mRound; ///< by number
     AlbumList mRoundAlbums; ///< by number
     std::size_t mFound = 0; ///< how many of the round may be chosen; covers follow them
+    QList<PassedOverAlbum> mPassedOver; ///< since the last round
     AlbumVerdict mLatest;
     ChoiceRecord mRecord;
     AlbumList mAlbums;

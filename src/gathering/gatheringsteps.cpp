@@ -46,8 +46,26 @@ void GatheringSteps::begin(const std::optional<AlbumInfo> &taken)
     mIndicator.setValue(0);
     mIndicator.setMaximum(0);
     if (taken)
-        return beginWith(*taken);
+        return lookUp(*taken);
     identify([this] { applyResourcesFromLibrary([this] { gatherDataOnline(); }); });
+}
+
+/// An album that its source only listed is looked up first.
+void GatheringSteps::lookUp(const AlbumInfo &album)
+{
+    const bool isListedAlone = !album.identifiers().release.isEmpty() && !album.trackNames();
+    if (!isListedAlone || isStopped())
+        return beginWith(album);
+    SearchRequest request = searchRequest();
+    request.identifiers = album.identifiers();
+    const auto found = [this](const AlbumList &albums, const SourceAnswer &, const auto &) {
+        if (!albums.isEmpty())
+            return beginWith(albums.first());
+        mErrorMessage = qtTrId("ErrorAlbumNotLookedUp");
+        finishAndNotify();
+    };
+    if (!mSearches.start(album.sourceInterfaceName(), request, found))
+        beginWith(album);
 }
 
 void GatheringSteps::beginWith(const AlbumInfo &album)
@@ -155,8 +173,9 @@ void GatheringSteps::parallelGatherDataOnline()
     const SearchRequest request = searchRequest();
     for (const QString &source : std::as_const(mSources)) {
         mSearches.start(source, request,
-                        [this](const AlbumList &albums, const SourceAnswer &answer) {
-                            mRecorder.answered(answer);
+                        [this](const AlbumList &albums, const SourceAnswer &answer,
+                               const QList<PassedOverAlbum> &passedOver) {
+                            mRecorder.answered(answer, passedOver);
                             parallelSearchCompleted(albums);
                         });
     }
@@ -221,8 +240,9 @@ void GatheringSteps::serialGatherDataOnline()
     while (!isStopped() && mLedger.desired && mNextSource < mSources.size()) {
         const QString source = mSources.at(mNextSource++);
         if (mSearches.start(source, searchRequest(),
-                            [this](const AlbumList &albums, const SourceAnswer &answer) {
-                                mRecorder.answered(answer);
+                            [this](const AlbumList &albums, const SourceAnswer &answer,
+                                   const QList<PassedOverAlbum> &passedOver) {
+                                mRecorder.answered(answer, passedOver);
                                 serialSearchCompleted(albums);
                             }))
             return;

@@ -60,6 +60,7 @@ private:
     [[nodiscard]] bool isStopped() { return mCancelWhenPossible || !mSong->infotag(); }
     [[nodiscard]] AudioInfoTag &tag() { return *mSong->infotag(); }
 
+    void lookUp(const AlbumInfo &album);
     void beginWith(const AlbumInfo &album);
     void planArtwork();
     void identify(const Step &then);

@@ -33,6 +33,7 @@ void configure(WebDBInterface &source, const SearchRequest &request)
     source.setMinimumAcceptableImageSize(request.minImageWidth);
     source.setMaximumImageWidth(request.maxImageWidth);
     source.setSongDuration(request.songDuration);
+    source.setTrack(request.trackNumber, request.tracksOnAlbum);
     source.setIdentifiers(request.identifiers);
 }
 
@@ -48,6 +49,8 @@ SearchRequest searchRequestFor(const AudioInfoTag &tag, Assets desired)
         request.songTitle = tag.title();
     if (!desired.testFlag(AssetAlbumName))
         request.albumTitle = albumTitleToSearch(tag);
+    request.trackNumber = tag.trackNumber();
+    request.tracksOnAlbum = tag.numberOfTracksOnAlbum();
     request.isCompilation = tag.isPartOfCompilation() || containsWord(tag.genres(), soundtrack)
         || containsWord(request.artist, QLatin1String("various"));
     return request;
@@ -88,7 +91,7 @@ bool SourceSearches::start(const QString &className, const SearchRequest &reques
                      [this, source, completed = std::move(completed)] {
                          std::erase(mRunning, source);
                          noteAnswer(*source);
-                         completed(source->albums(), answerOf(*source));
+                         completed(source->albums(), answerOf(*source), source->passedOver());
                      });
     source->beginSearch();
     return true;

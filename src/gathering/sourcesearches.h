@@ -28,6 +28,8 @@ struct SearchRequest {
     float minImageWidth = 0; ///< pixels
     float maxImageWidth = std::numeric_limits<float>::max(); ///< pixels
     std::optional<qint64> songDuration{}; ///< milliseconds
+    int trackNumber = 0; ///< by the tag, 0: not known
+    int tracksOnAlbum = 0; ///< likewise
     ReleaseIdentifiers identifiers{}; ///< of the album that was found before
 };
 
@@ -43,7 +45,8 @@ struct SearchRequest {
 class SourceSearches {
 public:
     /// Called once for each source that was started, on a later turn.
-    using Completed = std::function<void(const AlbumList &, const SourceAnswer &)>;
+    using Completed = std::function<void(const AlbumList &, const SourceAnswer &,
+                                         const QList<PassedOverAlbum> &)>;
 
     /// `progress` follows the fetches of all sources.
     SourceSearches(const SourceCatalog &catalog, const SiteDefinitions &definitions,

@@ -306,6 +306,14 @@ void WebDBInterface::addAlbum(AlbumInfo album)
         mWaiting.clear();
 }
 
+void WebDBInterface::passOver(PassedOverAlbum album)
+{
+    if (mPassedOver.size() >= mostPassedOver)
+        return;
+    album.album.setSourceInterfaceName(className());
+    mPassedOver << std::move(album);
+}
+
 QString WebDBInterface::description() const
 {
     const QString none = QStringLiteral("(null)");

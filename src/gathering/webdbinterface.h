@@ -43,6 +43,12 @@ public:
     void setAlbumSelectionMethod(AlbumPick method) { mAlbumSelectionMethod = method; }
     void setAllowSubstringTrackMatches(Substrings allowed) { mAllowSubstrings = allowed; }
     void setSongDuration(std::optional<qint64> milliseconds) { mSongDuration = milliseconds; }
+    /// By the song's tag, 0 where it does not say.
+    void setTrack(int number, int of)
+    {
+        mTrackNumber = number;
+        mTracksOnAlbum = of;
+    }
     /// Of the album that was found for the song before, if it was.
     void setIdentifiers(ReleaseIdentifiers known) { mIdentifiers = std::move(known); }
     /// One bar shared by the sources of a task; may be null. (The name is spelled so.)
@@ -60,6 +66,10 @@ public:
     /// nothing was found then means little.
     [[nodiscard]] bool wasUnanswered() const { return mWasUnanswered; }
     [[nodiscard]] const AlbumList &albums() const { return mAlbums; }
+    /// What was found besides, and why the source left it; the first mostPassedOver of them.
+    [[nodiscard]] const QList<PassedOverAlbum> &passedOver() const { return mPassedOver; }
+    /// Further ones tell nobody anything.
+    static constexpr qsizetype mostPassedOver = 20;
     [[nodiscard]] int totalSearches() const { return mTotalSearches; }
     [[nodiscard]] QString description() const;
 
@@ -96,6 +106,8 @@ protected:
     [[nodiscard]] AlbumPick albumSelectionMethod() const { return mAlbumSelectionMethod; }
     [[nodiscard]] Substrings allowSubstrings() const { return mAllowSubstrings; }
     [[nodiscard]] std::optional<qint64> songDuration() const { return mSongDuration; }
+    [[nodiscard]] int trackNumber() const { return mTrackNumber; }
+    [[nodiscard]] int tracksOnAlbum() const { return mTracksOnAlbum; }
     [[nodiscard]] const ReleaseIdentifiers &identifiers() const { return mIdentifiers; }
     [[nodiscard]] const SiteDefinition &resources() const { return mResources; }
     [[nodiscard]] HVHTTPQueue &queue() { return mQueue; }
@@ -131,6 +143,7 @@ protected:
     /// Adds an album under this source's name. With the last of maxAlbums() nothing further is
     /// fetched.
     void addAlbum(AlbumInfo album);
+    void passOver(PassedOverAlbum album);
 
 private:
     struct Waiting {
@@ -159,6 +172,7 @@ private:
     Progress *mProgress = nullptr;
     SearchTrace *mTrace = nullptr;
     AlbumList mAlbums;
+    QList<PassedOverAlbum> mPassedOver;
     QList<QUrl> mLoadingURLs;
     QSet<QUrl> mAlreadyLoadedURLs;
     std::deque<Waiting> mWaiting;
@@ -168,6 +182,8 @@ private:
     std::optional<QString> mAlbumTitle;
     std::optional<qint64> mSongDuration; ///< milliseconds
     ReleaseIdentifiers mIdentifiers;
+    int mTrackNumber = 0;
+    int mTracksOnAlbum = 0;
     int mMaxAlbums = 50;
     AlbumPick mAlbumSelectionMethod = AlbumPick::None;
     int mTotalSearches = 0;

@@ -36,6 +36,12 @@ QString fateText(const ReviewedSong &song, int candidate)
                                                             : qtTrId("ReviewAlbumChosenBefore");
 }
 
+/// Of an album that was only listed no titles are known.
+QString tracksText(const AlbumCandidate &album)
+{
+    return album.tracks > 0 ? QString::number(album.tracks) : QString();
+}
+
 QString trackTitles(const AlbumInfo &album)
 {
     QStringList lines;
@@ -112,7 +118,7 @@ QString ReviewCandidatesModel::textAt(const ReviewedSong &song, int candidate, i
     case Year:
         return album.year().value_or(QString());
     case Tracks:
-        return album.numberOfTracks() > 0 ? QString::number(album.numberOfTracks()) : QString();
+        return tracksText(song.choices.candidates.at(candidate));
     case Source:
         return sourceTitle(album.sourceInterfaceName());
     default:

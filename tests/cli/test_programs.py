@@ -177,7 +177,7 @@ class Programs(ProgramCase):
         self.assertEqual(first["candidates"][0] | {"score": None},
                          {"source": "FreeDBInterface", "album": "Harbour Lights",
                           "artist": "Nila Oster", "year": "2007", "tracks": 2, "art": False,
-                          "score": None, "dropped": None})
+                          "score": None, "lookedUp": True, "dropped": None})
         self.assertIn("Harbour Lights", first["reason"])
         self.assertFalse(first["written"])
         self.assertEqual(summary["summary"]["modified"], 1)

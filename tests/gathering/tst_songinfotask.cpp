@@ -46,15 +46,18 @@ using Reasons = QMap<Asset, FieldReason::Kind>;
 struct World {
     World() { server.serve(u"/page"_qs, {}); }
 
-    void adds(const QString &name, Assets supplies, const AlbumList &albums, int artWidth = 1000)
+    void adds(const QString &name, Assets supplies, const AlbumList &albums, int artWidth = 1000,
+              const QList<PassedOverAlbum> &left = {})
     {
         names << name;
         definitions[u"res_"_qs + name] = QVariantMap{{u"maxPossibleArtWidth"_qs, artWidth}};
         entries.push_back(SampleSource::entry(name, supplies, [=, this](SampleSource &source) {
             searches << name + u':' + source.albumTitle().value_or(QString());
-            source.addSearchURL(server.url(u"/page?"_qs + name), [&source, albums](auto &) {
+            source.addSearchURL(server.url(u"/page?"_qs + name), [=, &source](auto &) {
                 for (const AlbumInfo &album : albums)
                     source.addAlbum(album);
+                for (const PassedOverAlbum &each : left)
+                    source.passOver(each);
             });
         }));
     }
@@ -244,7 +247,8 @@ private Q_SLOTS:
                    {albumOf(u"Night"_qs, u"1999"_qs, nightTracks),
                     albumOf(u"Day"_qs, u"1990"_qs, nightTracks),
                     albumOf(u"Noon"_qs, u"1980"_qs, {u"Other"_qs}), lyricsOf(u"la"_qs)});
-        world.adds(u"Silent"_qs, AssetGenre, {});
+        world.adds(u"Silent"_qs, AssetGenre, {}, 0,
+                   {{albumOf(u"Eve"_qs), AlbumFate::OtherEdition, 14}});
         world.adds(u"Dead"_qs, AssetGenre, {});
         world.server.serve(u"/page?Dead"_qs, {.status = 503});
         SongInfoTask &task = world.taskFor({.title = u"Dawn"_qs}, Assets(AssetYear) | AssetGenre);
@@ -258,12 +262,35 @@ private Q_SLOTS:
         QStringList candidates;
         for (const AlbumCandidate &candidate : record.candidates)
             candidates << *candidate.album + QString::number(static_cast<int>(candidate.fate));
-        QCOMPARE(candidates.join(u' '), u"Night1 Day7 Noon3"_qs);
+        QCOMPARE(candidates.join(u' '), u"Night1 Day7 Noon3 Eve16"_qs);
+        QCOMPARE(record.candidates.last().tracks, 14);
+        QCOMPARE(record.found, 3);
         QList<int> answers;
         for (const SourceAnswer &answer : record.answers)
             answers << static_cast<int>(answer.kind);
         std::sort(answers.begin(), answers.end()); // at once, they answer in any order
         QCOMPARE(answers, (QList{0, 1, 2}));
+    }
+
+    void anAlbumThatWasOnlyListedIsLookedUp_data()
+    {
+        const Table<AlbumList, QString, bool> row("albums", "year", "isProblem");
+        row("found", {albumOf(u"Night"_qs, u"1999"_qs, nightTracks)}, u"1999"_qs, false);
+        row("not found any more", {}, {}, true);
+    }
+    void anAlbumThatWasOnlyListedIsLookedUp()
+    {
+        QFETCH(AlbumList, albums);
+        World world;
+        world.adds(u"Discs"_qs, AssetYear, albums);
+        SongInfoTask &task = world.taskFor({.title = u"Dawn"_qs, .album = u"Night"_qs}, AssetYear);
+        AlbumInfo listed = albumOf(u"Night"_qs, u"2001"_qs);
+        listed.setIdentifiers({u"release"_qs, {}});
+        listed.setSourceInterfaceName(u"Discs"_qs);
+        task.gatherFrom(listed);
+        QVERIFY(world.comesToAnEnd());
+        QTEST(world.tag().year().value_or(QString()), "year");
+        QTEST(task.errorMessage().has_value(), "isProblem");
     }
 
     void coversAreNoAlbumsToChoose_data()

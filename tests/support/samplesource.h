@@ -32,6 +32,7 @@ public:
     using WebDBInterface::finishedSearch;
     using WebDBInterface::Handler;
     using WebDBInterface::jsonPage;
+    using WebDBInterface::passOver;
     using WebDBInterface::postSearch;
     using WebDBInterface::resources;
     using WebDBInterface::songDuration;
