@@ -74,7 +74,7 @@ void CoverArtArchiveInterface::startSearch()
         return askFor(identifiers());
     if (!albumTitle() || artist().value_or(QString()).isEmpty())
         return;
-    if (const auto known = shelf().addressFor(wish()))
+    if (const auto known = addressOnShelf())
         addSearchURL(*known, [this](const FetchResult &result) { gotRelease(result); });
     else
         searchByWords();
@@ -87,10 +87,10 @@ void CoverArtArchiveInterface::gotRelease(const FetchResult &result)
         askFor(record->identifiers);
 }
 
-void CoverArtArchiveInterface::gotCandidates(QList<ReleaseCandidate> candidates)
+void CoverArtArchiveInterface::gotCandidates(ReleaseFindings found)
 {
-    if (!candidates.isEmpty())
-        askFor({candidates.first().id, candidates.first().group});
+    if (!found.fitting.isEmpty())
+        askFor({found.fitting.first().id, found.fitting.first().group});
 }
 
 /// The pictures of the very release, else of any of its editions.

@@ -25,7 +25,7 @@ public:
 
 protected:
     void startSearch() override;
-    void gotCandidates(QList<ReleaseCandidate> candidates) override;
+    void gotCandidates(ReleaseFindings found) override;
 
 private:
     void gotRelease(const FetchResult &result);

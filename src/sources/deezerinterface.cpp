@@ -131,10 +131,9 @@ void DeezerInterface::takeAlbum()
 {
     const ReleaseRecord record = shopRecord(mAlbum, mTracks);
     shelf().put(record, mAddress);
-    const qsizetype medium = record.mediumOf(songTitle(), allowSubstrings());
-    if (record.title.isEmpty() || (medium < 0 && songTitle()))
+    if (record.title.isEmpty() || record.lacks(soughtTrack()))
         return lookUpNext();
-    AlbumInfo album = record.albumWithMedium(medium);
+    AlbumInfo album = record.albumWith(record.mediumFor(soughtTrack()));
     const float width = std::max(maximumImageWidth(), minimumAcceptableImageSize());
     album.setArtURLString(pictureNearestAbove(shopCover(mAlbum), width));
     addAlbum(std::move(album));

@@ -4,7 +4,8 @@
 #include "sources/releasesearch.h"
 
 /// Albums, years, genres and track titles from the open music database that speaks JSON: one
-/// search, then the best release is looked up.
+/// search, then the best release is looked up. A release that is known by its identifier is looked
+/// up at once.
 class MusicBrainzInterface : public ReleaseSearch {
     Q_OBJECT
 
@@ -21,17 +22,22 @@ public:
 
 protected:
     void startSearch() override;
-    void gotCandidates(QList<ReleaseCandidate> candidates) override;
+    void gotCandidates(ReleaseFindings found) override;
 
 private:
     void search();
     void lookUpNext();
+    [[nodiscard]] ReleaseCandidate *nextCandidate();
+    [[nodiscard]] std::optional<QUrl> addressOf(const QString &release) const;
     void lookUp(const QUrl &address);
     void gotRelease(const FetchResult &result);
+    void take(const ReleaseRecord &record);
     void settleForLess();
+    void passOverOthers();
 
-    QList<ReleaseCandidate> mCandidates; ///< that are still to be looked up, the best first
-    std::optional<ReleaseRecord> mWithoutSong; ///< the best release that lacks the song
+    ReleaseFindings mFound;
+    qsizetype mNext = 0; ///< of those that fit
+    QList<ReleaseRecord> mWithoutSong; ///< that were looked up, the best first
     int mLookUps = 0;
     bool mSearchedByWords = false;
 };

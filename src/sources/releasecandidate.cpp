@@ -18,6 +18,10 @@ namespace {
 /// Recordings of one song that differ more are different versions of it.
 constexpr qint64 mostDifference = 7'000; // milliseconds
 
+constexpr int ofOtherVersion = 2; // how unlike the song it is
+
+constexpr qsizetype yearDigits = 4;
+
 /// Behind every date.
 const QString noDate = QStringLiteral("~");
 
@@ -77,11 +81,6 @@ bool isByArtist(const QJsonObject &entity, const ReleaseWish &wish)
                                wish.substrings);
 }
 
-bool scoresEnough(const QJsonObject &found, const ReleaseWish &wish)
-{
-    return found[key("score")].toDouble(100) >= wish.minScore;
-}
-
 QString dateOf(const QJsonObject &release)
 {
     const QString date = release[key("date")].toString();
@@ -92,6 +91,8 @@ ReleaseCandidate candidateOf(const QJsonObject &release, const ReleaseWish &wish
 {
     return {.id = identifierOf(release[key("id")]),
             .group = identifierOf(release[key("release-group")].toObject()[key("id")]),
+            .title = release[key("title")].toString(),
+            .artist = creditedArtist(release),
             .date = dateOf(release),
             .media = release[key("count")].toInt(),
             .tracks = release[key("track-count")].toInt(),
@@ -100,10 +101,35 @@ ReleaseCandidate candidateOf(const QJsonObject &release, const ReleaseWish &wish
             .oddKind = oddnessOf(release, wish.isCompilation)};
 }
 
-void addCandidate(QList<ReleaseCandidate> &candidates, ReleaseCandidate candidate)
+/// Why the candidate cannot be the song's, which is credited and scored as `found`.
+std::optional<AlbumFate> unfitness(const ReleaseCandidate &candidate, const QJsonObject &found,
+                                   const ReleaseWish &wish, bool mayBeByAnyone)
 {
-    if (!candidate.id.isEmpty() && candidate.unlikeAlbum != unfit && candidate.unlikeSong != unfit)
-        candidates << std::move(candidate);
+    if (!mayBeByAnyone && !isByArtist(found, wish))
+        return AlbumFate::ByOtherArtist;
+    if (candidate.unlikeSong == unfit)
+        return AlbumFate::OfOtherTitle;
+    if (candidate.unlikeAlbum == unfit)
+        return AlbumFate::OfOtherName;
+    if (found[key("score")].toDouble(100) < wish.minScore)
+        return AlbumFate::LittleAlike;
+    return std::nullopt;
+}
+
+void addCandidate(ReleaseFindings &findings, ReleaseCandidate candidate)
+{
+    if (!candidate.id.isEmpty())
+        (candidate.fate ? findings.unfit : findings.fitting) << std::move(candidate);
+}
+
+/// Leaves out what is among `seen`, which grows.
+void keepNew(QList<ReleaseCandidate> &candidates, QSet<QString> &seen)
+{
+    candidates.removeIf([&](const ReleaseCandidate &each) {
+        const bool isRepeated = seen.contains(each.id);
+        seen.insert(each.id);
+        return isRepeated;
+    });
 }
 
 QHash<QString, QString> earliestDates(const QList<ReleaseCandidate> &candidates)
@@ -118,25 +144,30 @@ QHash<QString, QString> earliestDates(const QList<ReleaseCandidate> &candidates)
 
 /// The work that came first, and of that the edition with the fewest discs: files are numbered as
 /// on one disc rather than by the sides of an old one.
-QList<ReleaseCandidate> bestFirst(QList<ReleaseCandidate> candidates)
+ReleaseFindings bestFirst(ReleaseFindings findings)
 {
+    QList<ReleaseCandidate> &candidates = findings.fitting;
     const QHash<QString, QString> firstDates = earliestDates(candidates);
-    const auto order = [&](const ReleaseCandidate &each) {
+    for (ReleaseCandidate &each : candidates)
+        each.firstDate = firstDates.value(each.group);
+    const auto order = [](const ReleaseCandidate &each) {
         return std::tuple(each.unlikeAlbum + each.unlikeSong, each.unofficial, each.oddKind,
-                          firstDates.value(each.group), each.group, each.media, each.date);
+                          each.firstDate, each.group, each.media, each.date);
     };
     std::stable_sort(candidates.begin(), candidates.end(),
                      [&](const auto &one, const auto &other) { return order(one) < order(other); });
     QSet<QString> seen;
-    candidates.removeIf([&](const ReleaseCandidate &each) {
-        const bool isRepeated = seen.contains(each.id);
-        seen.insert(each.id);
-        return isRepeated;
-    });
-    return candidates;
+    keepNew(candidates, seen);
+    keepNew(findings.unfit, seen);
+    return findings;
 }
 
 } // namespace
+
+QString ReleaseCandidate::knownSince() const
+{
+    return firstDate == noDate ? QString() : firstDate;
+}
 
 int unlikenessOfAlbum(const QString &listed, const ReleaseWish &wish)
 {
@@ -154,9 +185,21 @@ int unlikenessOfSong(const QString &listed, qint64 length, const ReleaseWish &wi
     const QString title = simplifyString(listed);
     if (!matchesListedTitle(wish.title, title, wish.substrings))
         return unfit;
-    const bool isOtherVersion =
-        wish.duration && length > 0 && qAbs(*wish.duration - length) > mostDifference;
-    return (isOtherVersion ? 2 : 0) + (title == wish.title ? 0 : 1);
+    return (isOtherVersion(wish.duration, length) ? ofOtherVersion : 0)
+        + (title == wish.title ? 0 : 1);
+}
+
+bool isOtherVersion(const std::optional<qint64> &duration, qint64 length)
+{
+    return duration && length > 0 && qAbs(*duration - length) > mostDifference;
+}
+
+std::optional<QString> yearOfDate(const QString &date)
+{
+    const QString year = date.left(yearDigits);
+    bool isNumber = false;
+    const int number = year.toInt(&isNumber);
+    return isNumber && number > 999 ? std::optional(year) : std::nullopt;
 }
 
 QString identifierOf(const QJsonValue &value)
@@ -179,34 +222,61 @@ bool isPlainAlbum(const QJsonObject &release)
     return kindOf(release) == ownAlbum && unofficialityOf(release) == 0;
 }
 
-QList<ReleaseCandidate> candidatesOfReleases(const QJsonObject &answer, const ReleaseWish &wish)
+ReleaseFindings candidatesOfReleases(const QJsonObject &answer, const ReleaseWish &wish)
 {
-    QList<ReleaseCandidate> candidates;
+    ReleaseFindings findings;
     const QJsonArray releases = answer[key("releases")].toArray();
     for (const QJsonValue &value : releases) {
         const QJsonObject release = value.toObject();
-        if (scoresEnough(release, wish) && (wish.isCompilation || isByArtist(release, wish)))
-            addCandidate(candidates, candidateOf(release, wish));
+        ReleaseCandidate candidate = candidateOf(release, wish);
+        candidate.fate = unfitness(candidate, release, wish, wish.isCompilation);
+        addCandidate(findings, std::move(candidate));
     }
-    return bestFirst(std::move(candidates));
+    return bestFirst(std::move(findings));
 }
 
-QList<ReleaseCandidate> candidatesOfRecordings(const QJsonObject &answer, const ReleaseWish &wish)
+ReleaseFindings candidatesOfRecordings(const QJsonObject &answer, const ReleaseWish &wish)
 {
-    QList<ReleaseCandidate> candidates;
+    ReleaseFindings findings;
     const QJsonArray recordings = answer[key("recordings")].toArray();
     for (const QJsonValue &value : recordings) {
         const QJsonObject recording = value.toObject();
         const int unlikeSong = unlikenessOfSong(recording[key("title")].toString(),
                                                 recording[key("length")].toInteger(), wish);
-        if (unlikeSong == unfit || !scoresEnough(recording, wish) || !isByArtist(recording, wish))
-            continue;
         const QJsonArray releases = recording[key("releases")].toArray();
         for (const QJsonValue &release : releases) {
             ReleaseCandidate candidate = candidateOf(release.toObject(), wish);
             candidate.unlikeSong = unlikeSong;
-            addCandidate(candidates, std::move(candidate));
+            candidate.fate = unfitness(candidate, recording, wish, false);
+            addCandidate(findings, std::move(candidate));
         }
     }
-    return bestFirst(std::move(candidates));
+    return bestFirst(std::move(findings));
+}
+
+AlbumFate fateBehind(const ReleaseCandidate &best, const ReleaseCandidate &candidate)
+{
+    if (candidate.unlikeAlbum > best.unlikeAlbum)
+        return AlbumFate::OfOtherName;
+    if (candidate.unlikeSong >= ofOtherVersion && best.unlikeSong < ofOtherVersion)
+        return AlbumFate::OfOtherLength;
+    if (candidate.unlikeSong > best.unlikeSong)
+        return AlbumFate::OfOtherTitle;
+    if (candidate.unofficial > best.unofficial)
+        return AlbumFate::Unofficial;
+    if (candidate.oddKind > best.oddKind)
+        return AlbumFate::OfOtherKind;
+    if (candidate.group == best.group)
+        return AlbumFate::OtherEdition;
+    return candidate.firstDate > best.firstDate ? AlbumFate::LaterWork : AlbumFate::BehindOthers;
+}
+
+AlbumInfo listedAlbum(const ReleaseCandidate &candidate)
+{
+    AlbumInfo album;
+    album.setName(candidate.title);
+    album.setArtist(candidate.artist);
+    album.setYear(yearOfDate(candidate.date));
+    album.setIdentifiers({candidate.id, candidate.group});
+    return album;
 }

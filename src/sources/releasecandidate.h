@@ -19,6 +19,8 @@ struct ReleaseWish {
 struct ReleaseCandidate {
     QString id; ///< 36 characters in lower case
     QString group; ///< the same of the release group
+    QString title;
+    QString artist;
     QString date; ///< "2007", "2007-05" or "2007-05-14"
     int media = 0;
     int tracks = 0; ///< on all media
@@ -28,22 +30,45 @@ struct ReleaseCandidate {
     int unlikeSong = 0;
     int unofficial = 0;
     int oddKind = 0;
+
+    QString firstDate{}; ///< of the listed releases of its group
+    std::optional<AlbumFate> fate{}; ///< why it is not looked up; absent: it may be
+
+    /// `firstDate`; empty where none of them has a date.
+    [[nodiscard]] QString knownSince() const;
 };
 
-/// The releases of an answer to a search of releases, and of an answer to a search of recordings
-/// (those that hold a recording of that title), that fit the wish; the best first, each once.
-[[nodiscard]] QList<ReleaseCandidate> candidatesOfReleases(const QJsonObject &answer,
-                                                           const ReleaseWish &wish);
-[[nodiscard]] QList<ReleaseCandidate> candidatesOfRecordings(const QJsonObject &answer,
-                                                             const ReleaseWish &wish);
+/// What a search found, each release once: those that fit the wish, the best first, and others.
+struct ReleaseFindings {
+    QList<ReleaseCandidate> fitting;
+    QList<ReleaseCandidate> unfit;
+};
+
+/// The releases of an answer to a search of releases, and of an answer to a search of recordings,
+/// where those fit that hold a recording of that title.
+[[nodiscard]] ReleaseFindings candidatesOfReleases(const QJsonObject &answer,
+                                                   const ReleaseWish &wish);
+[[nodiscard]] ReleaseFindings candidatesOfRecordings(const QJsonObject &answer,
+                                                     const ReleaseWish &wish);
+
+/// Why a release was left behind for that one.
+[[nodiscard]] AlbumFate fateBehind(const ReleaseCandidate &best, const ReleaseCandidate &candidate);
+
+/// The album as far as the search told of it: without tracks.
+[[nodiscard]] AlbumInfo listedAlbum(const ReleaseCandidate &candidate);
 
 /// What does not fit at all. Lesser numbers of what follows are nearer, 0 the nearest.
 inline constexpr int unfit = -1;
 
 /// "(Deluxe Edition)" and the like may stand in one name and not in the other.
 [[nodiscard]] int unlikenessOfAlbum(const QString &listed, const ReleaseWish &wish);
+/// Whether a recording is of another length than the song, in milliseconds; 0 where not known.
+[[nodiscard]] bool isOtherVersion(const std::optional<qint64> &duration, qint64 length);
 /// `length` in milliseconds, 0 where it is not known.
 [[nodiscard]] int unlikenessOfSong(const QString &listed, qint64 length, const ReleaseWish &wish);
+
+/// Of a date that begins with four digits.
+[[nodiscard]] std::optional<QString> yearOfDate(const QString &date);
 
 /// An MBID in lower case, as the service wants it; empty when the value is none.
 [[nodiscard]] QString identifierOf(const QJsonValue &value);

@@ -6,10 +6,9 @@
 #include <QJsonArray>
 
 #include <algorithm>
+#include <functional>
 
 namespace {
-
-constexpr qsizetype yearDigits = 4;
 
 QLatin1String key(const char *name)
 {
@@ -42,19 +41,21 @@ ReleaseRecord::Medium mediumOf(const QJsonValue &listed)
         const qint64 length = track[key("length")].toInteger();
         medium.lengths << std::max<qint64>(
             0, length > 0 ? length : recording[key("length")].toInteger());
+        medium.artists << creditedArtist(track.toObject());
+        medium.firstDates << recording[key("first-release-date")].toString();
     }
     return medium;
 }
 
-} // namespace
-
-std::optional<QString> yearOfDate(const QJsonValue &date)
+/// Unless none of them fits.
+template<typename Fits>
+void keepSome(QList<ReleaseRecord::Medium> &media, Fits fits)
 {
-    const QString year = date.toString().left(yearDigits);
-    bool isNumber = false;
-    const int number = year.toInt(&isNumber);
-    return isNumber && number > 999 ? std::optional(year) : std::nullopt;
+    if (std::any_of(media.begin(), media.end(), fits))
+        media.removeIf(std::not_fn(fits));
 }
+
+} // namespace
 
 std::optional<QString> votedGenre(const QJsonObject &release)
 {
@@ -83,9 +84,11 @@ std::optional<ReleaseRecord> releaseRecordOf(const QJsonObject &answer)
     if (record.identifiers.release.isEmpty() || record.title.isEmpty())
         return std::nullopt;
     record.artist = creditedArtist(answer);
-    record.year = yearOfDate(group[key("first-release-date")]);
+    record.date = answer[key("date")].toString();
+    record.firstDate = group[key("first-release-date")].toString();
+    record.year = yearOfDate(record.firstDate);
     if (!record.year)
-        record.year = yearOfDate(answer[key("date")]);
+        record.year = yearOfDate(record.date);
     record.genre = votedGenre(answer);
     record.isPlainAlbum = isPlainAlbum(answer);
     const QJsonArray media = answer[key("media")].toArray();
@@ -95,18 +98,64 @@ std::optional<ReleaseRecord> releaseRecordOf(const QJsonObject &answer)
     return record;
 }
 
-qsizetype ReleaseRecord::mediumOf(const std::optional<QString> &songTitle,
-                                  Substrings allowSubstrings) const
+std::optional<ReleaseRecord::Medium> ReleaseRecord::mediumFor(const SoughtTrack &track) const
 {
-    if (!songTitle)
-        return media.size() == 1 ? 0 : -1;
-    for (qsizetype medium = 0; medium < media.size(); ++medium)
-        if (albumWithMedium(medium).numberOfTrackNamed(*songTitle, allowSubstrings) > 0)
-            return medium;
-    return -1;
+    return track.title ? mediumWithTitle(track) : mediumWithNumber(track);
 }
 
-AlbumInfo ReleaseRecord::albumWithMedium(qsizetype medium) const
+/// Where several hold it, such as an album and its demos, that of the song's length.
+std::optional<ReleaseRecord::Medium> ReleaseRecord::mediumWithTitle(const SoughtTrack &track) const
+{
+    std::optional<Medium> first;
+    for (const Medium &medium : media) {
+        const int number = albumWith(medium).numberOfTrackNamed(*track.title, track.substrings);
+        if (number == 0)
+            continue;
+        if (!isOtherVersion(track.duration, medium.lengths.value(number - 1)))
+            return medium;
+        if (!first)
+            first = medium;
+    }
+    return first;
+}
+
+/// A file is numbered on its disc, or on all discs in a row: as many tracks as its tag says, then
+/// the track's length tell which. A title is not guessed.
+std::optional<ReleaseRecord::Medium> ReleaseRecord::mediumWithNumber(const SoughtTrack &track) const
+{
+    if (media.size() == 1)
+        return media.first();
+    const qsizetype at = track.number - 1;
+    QList<Medium> possible = media + QList{allInARow()};
+    possible.removeIf([&](const Medium &each) { return at < 0 || each.titles.size() <= at; });
+    keepSome(possible, [&](const Medium &each) { return each.titles.size() == track.of; });
+    keepSome(possible, [&](const Medium &each) {
+        return !isOtherVersion(track.duration, each.lengths.value(at));
+    });
+    const bool agree = std::all_of(possible.begin(), possible.end(), [&](const Medium &each) {
+        return each.titles.at(at) == possible.first().titles.at(at);
+    });
+    return agree && !possible.isEmpty() ? std::optional(possible.first()) : std::nullopt;
+}
+
+bool ReleaseRecord::lacks(const SoughtTrack &track) const
+{
+    if (track.title)
+        return !mediumWithTitle(track);
+    return !media.isEmpty() && track.number > allInARow().titles.size();
+}
+
+ReleaseRecord::Medium ReleaseRecord::allInARow() const
+{
+    Medium all;
+    for (const Medium &medium : media) {
+        all.titles << medium.titles;
+        all.lengths << medium.lengths;
+    }
+    return all;
+}
+
+AlbumInfo ReleaseRecord::albumWith(const std::optional<Medium> &medium) const
 {
     AlbumInfo album;
     album.setName(title);
@@ -114,9 +163,9 @@ AlbumInfo ReleaseRecord::albumWithMedium(qsizetype medium) const
     album.setYear(year);
     album.setGenres(genre);
     album.setIdentifiers(identifiers);
-    if (medium >= 0) {
-        album.setTrackNames(media[medium].titles);
-        album.setTrackLengths(media[medium].lengths);
+    if (medium) {
+        album.setTrackNames(medium->titles);
+        album.setTrackLengths(medium->lengths);
     }
     return album;
 }

@@ -4,6 +4,13 @@
 
 #include <QJsonArray>
 
+#include <utility>
+
+std::optional<QUrl> ReleaseSearch::addressOnShelf() const
+{
+    return isKnownByAlbum() ? std::nullopt : shelf().addressFor(wish());
+}
+
 void ReleaseSearch::searchByWords()
 {
     if (isKnownByAlbum())
@@ -45,10 +52,11 @@ void ReleaseSearch::search(const QString &key, const QStringList &terms, Reading
             return;
         if (page->object()[listKey].toArray().isEmpty())
             keepForThisRun(result);
-        QList<ReleaseCandidate> candidates = candidatesOf(page->object(), wish());
-        if (candidates.isEmpty() && !mSearchedRecordings)
-            searchRecordings();
-        else
-            gotCandidates(std::move(candidates));
+        ReleaseFindings found = candidatesOf(page->object(), wish());
+        found.unfit = std::exchange(mUnfit, {}) + found.unfit;
+        if (!found.fitting.isEmpty() || mSearchedRecordings || !songTitle())
+            return gotCandidates(std::move(found));
+        mUnfit = std::move(found.unfit);
+        searchRecordings();
     });
 }

@@ -19,3 +19,12 @@ ReleaseWish ReleaseSource::wish() const
             .isCompilation = isCompilation(),
             .minScore = resources().number(QStringLiteral("minScore"))};
 }
+
+SoughtTrack ReleaseSource::soughtTrack() const
+{
+    return {.title = songTitle(),
+            .substrings = allowSubstrings(),
+            .duration = songDuration(),
+            .number = trackNumber(),
+            .of = tracksOnAlbum()};
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gathering/webdbinterface.h"
+#include "sources/releaserecord.h"
 #include "sources/releaseshelf.h"
 
 /// What the sources share that find a release and then look it up.
@@ -14,7 +15,8 @@ public:
 
 protected:
     [[nodiscard]] ReleaseWish wish() const;
-    [[nodiscard]] ReleaseShelf &shelf() { return *mShelf; }
+    [[nodiscard]] SoughtTrack soughtTrack() const;
+    [[nodiscard]] ReleaseShelf &shelf() const { return *mShelf; }
     /// A release goes by its own name, but a compilation by many: the song on it tells it apart.
     [[nodiscard]] bool isKnownByAlbum() const
     {

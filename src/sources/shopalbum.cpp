@@ -87,6 +87,7 @@ ReleaseRecord::Medium mediumOf(const Disc &disc)
     for (const auto &[place, track] : disc) {
         medium.titles << track[key("title")].toString();
         medium.lengths << lengthOf(track);
+        medium.artists << artistOf(track);
     }
     return medium;
 }
@@ -134,7 +135,8 @@ ReleaseRecord shopRecord(const QJsonObject &album, const QJsonArray &tracks)
     ReleaseRecord record;
     record.title = album[key("title")].toString();
     record.artist = artistOf(album);
-    record.year = yearOfDate(album[key("release_date")]);
+    record.date = album[key("release_date")].toString();
+    record.year = yearOfDate(record.date);
     const QStringList genres = genresOf(album);
     record.genre = fittingGenre(genres);
     if (!record.genre && !genres.isEmpty())

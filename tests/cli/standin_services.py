@@ -225,7 +225,8 @@ class MusicBrainz:
         number = f"A{position}" if song.album == ON_DISCS else str(position)
         return {"id": identifier("track", song.id), "position": position, "number": number,
                 "title": song.title, "length": length,
-                "recording": {"id": song.id, "title": song.title, "length": length},
+                "recording": {"id": song.id, "title": song.title, "length": length,
+                              "first-release-date": min(r.date for r in song.releases)},
                 "artist-credit": artist_credit(song.artist, in_search=False)}
 
 

@@ -19,8 +19,8 @@ QString mbid(const QString &number)
 QByteArray json(QString text)
 {
     text.replace(u'\'', u'"');
-    for (const auto &number : {u"1"_s, u"2"_s, u"3"_s, u"4"_s})
-        text.replace(u'@' + number, mbid(number));
+    for (char number = '1'; number <= '8'; ++number)
+        text.replace(u"@%1"_s.arg(QLatin1Char(number)), mbid(QString(QLatin1Char(number))));
     return text.toUtf8();
 }
 
@@ -135,6 +135,30 @@ private Q_SLOTS:
         row("title looked for on one of two discs", noTitle,
             {{byAlbum, releases({one})}, {lookUp(u"1"_s), record(u"1"_s, two + u"/Flow"_s)}},
             {u"Nila Oster|Salt & Iron|2007|Rock|-|-"_s}, 2);
+        const auto byNumber = [&](const char *name, const SearchedSong &song,
+                                  const QString &tracks) {
+            row(name, song,
+                {{byAlbum, releases({one})},
+                 {lookUp(u"1"_s),
+                  record(u"1"_s, two + u"/Flow"_s)
+                      .replace(u"'Flow','length':215000"_s, u"'Flow','length':100000"_s)}},
+                {QString(found2007).replace(two, tracks)}, 2);
+        };
+        byNumber("title looked for on the disc of as many tracks",
+                 {.title = {}, .track = 1, .tracks = 1}, u"Flow"_s);
+        byNumber("title looked for on the disc with its length",
+                 {.title = {}, .duration = 101'000, .track = 1}, u"Flow"_s);
+        byNumber("title looked for on discs in a row", {.title = {}, .track = 3, .tracks = 3},
+                 two + u",Flow"_s);
+        row("disc of the song's length", {.duration = 101'000},
+            {{byAlbum, releases({one})},
+             {lookUp(u"1"_s),
+              record(u"1"_s, two + u"/Flow,First Light"_s)
+                  .replace(u"Light','length':215000}]}]"_s, u"Light','length':100000}]}]"_s)}},
+            {QString(found2007).replace(two, u"Flow,First Light"_s)}, 2);
+        row("release that the user took", {.identifiers = {mbid(u"1"_s), {}}},
+            {{lookUp(u"1"_s), record(u"1"_s, u"Ebb"_s)}}, {QString(found2007).replace(two, u"-"_s)},
+            1);
         row("disc of the song", {},
             {{byAlbum, releases({one})}, {lookUp(u"1"_s), record(u"1"_s, u"Flow/"_s + two)}},
             {found2007}, 2);
@@ -193,6 +217,43 @@ private Q_SLOTS:
         QTEST(int(scene.server.requests().size()), "requests");
     }
 
+    void tellsWhatItLeft()
+    {
+        const auto inGroup = [](const QString &group, QString release) {
+            return release.replace(u"'release-group':{'id':'@4'"_s,
+                                   u"'release-group':{'id':'@%1'"_s.arg(group));
+        };
+        const QString others =
+            recordings({inGroup(u"7"_s, found(u"'id':'@7'"_s))}, u",'length':9"_s);
+        const QString strangers = recordings({found(u"'id':'@8'"_s)}).replace(u"Nila"_s, u"Jon"_s);
+        const QString all = recordings(
+            {found(u"'id':'@1','date':'2007'"_s),
+             found(u"'id':'@2','date':'2019','track-count':14"_s),
+             inGroup(u"5"_s, found(u"'id':'@5','date':'2008-01'"_s)),
+             inGroup(u"6"_s, found(u"'id':'@6'"_s, u"'primary-type':'Single'"_s)),
+             inGroup(u"3"_s, found(u"'id':'@3'"_s)).replace(u"Official"_s, u"Bootleg"_s)},
+            u",'length':215000"_s);
+        Scene scene;
+        scene.serveJson({});
+        scene.server.serve(
+            byTitle,
+            {.body = json(all.chopped(2) + u","_s
+                          + QString(others).remove(u"{'recordings':["_s).chopped(2) + u","_s
+                          + QString(strangers).remove(u"{'recordings':["_s))});
+        scene.server.serve(lookUp(u"1"_s), {.body = json(record(u"1"_s, two))});
+        QCOMPARE(scene.search({.album = {}, .duration = 215'000}), QStringList{found2007});
+        using enum AlbumFate;
+        QStringList expected;
+        for (const auto &[told, fate] : {std::pair{u"2019|14"_s, OtherEdition},
+                                         {u"2008|0"_s, LaterWork},
+                                         {u"|0"_s, OfOtherKind},
+                                         {u"|0"_s, Unofficial},
+                                         {u"|0"_s, OfOtherLength},
+                                         {u"|0"_s, ByOtherArtist}})
+            expected << u"Salt & Iron|"_s + told + u'|' + QString::number(int(fate));
+        QCOMPARE(scene.passedOver, expected);
+    }
+
     void faultsAreNotKept_data()
     {
         const Table<HttpAnswer> row("fault");
@@ -219,6 +280,62 @@ private Q_SLOTS:
         QCOMPARE(album.trackLengths(), (QList<qint64>{215'000, 215'000}));
     }
 
+    void songsFindTheSameInAnyOrder_data()
+    {
+        const QString byEbb = QString(byTitle).replace(u"first%20light"_s, u"ebb"_s);
+        const QString on1 = found(u"'id':'@1','date':'2007'"_s);
+        const auto ofEbb = [](const QStringList &found, const QString &length) {
+            return recordings(found, u",'length':"_s + length).replace(u"First Light"_s, u"Ebb"_s);
+        };
+        const auto dated = [](QString record, const QString &title, const QString &date) {
+            return record.replace(
+                u"'%1',"_s.arg(title),
+                u"'%1','recording':{'first-release-date':'%2'},"_s.arg(title, date));
+        };
+        const Table<Pages, QStringList, qint64> row("pages", "albums", "lengthOfEbb");
+        const auto other = [&](const QString &release) {
+            return QString(release).replace(u"'id':'@4'"_s, u"'id':'@3'"_s);
+        };
+        row("other version on another album",
+            {{byTitle, recordings({on1})},
+             {byEbb, ofEbb({other(found(u"'id':'@2'"_s))}, u"400000"_s)},
+             {lookUp(u"1"_s), record(u"1"_s, two)},
+             {lookUp(u"2"_s), other(record(u"2"_s, u"Ebb"_s)).replace(u"215000"_s, u"400000"_s)}},
+            {two, u"Ebb"_s}, 400'000);
+        row("came out before on another album",
+            {{byTitle, recordings({on1})},
+             {byEbb, ofEbb({on1, other(found(u"'id':'@2','date':'1999'"_s))}, u"null"_s)},
+             {lookUp(u"1"_s), dated(record(u"1"_s, two), u"Ebb"_s, u"1999"_s)},
+             {lookUp(u"2"_s), other(record(u"2"_s, u"Ebb"_s)).replace(u"2007"_s, u"1999"_s)}},
+            {two, u"Ebb"_s});
+        const QString more = found(u"'id':'@2','date':'2019','track-count':3"_s);
+        row("edition with more tracks", // which the first song alone is on
+            {{byTitle, recordings({more})},
+             {byEbb, ofEbb({more, on1}, u"null"_s)},
+             {lookUp(u"1"_s), dated(record(u"1"_s, u"Ebb"_s), u"Ebb"_s, u"2007-05"_s)},
+             {lookUp(u"2"_s), dated(record(u"2"_s, two), u"Ebb"_s, u"2007-05"_s)}},
+            {two, u"Ebb"_s});
+    }
+    void songsFindTheSameInAnyOrder()
+    {
+        QFETCH(Pages, pages);
+        QFETCH(QStringList, albums);
+        QFETCH(qint64, lengthOfEbb);
+        SearchedSong ebb{.album = {}, .title = u"Ebb"_s};
+        if (lengthOfEbb > 0)
+            ebb.duration = lengthOfEbb;
+        for (const bool isEbbFirst : {false, true}) {
+            Scene scene;
+            for (const auto &[path, body] : pages.asKeyValueRange())
+                scene.server.serve(path, {.type = "application/json", .body = json(body)});
+            const QStringList before = isEbbFirst ? scene.search(ebb) : QStringList();
+            const QStringList found = scene.search(noAlbum);
+            const QStringList ofEbb = isEbbFirst ? before : scene.search(ebb);
+            QCOMPARE(found.value(0).section(u'|', 4, 4), albums.at(0));
+            QCOMPARE(ofEbb.value(0).section(u'|', 4, 4), albums.at(1));
+        }
+    }
+
     void songsOfAnAlbumShareItsRequests()
     {
         Scene scene;
@@ -229,6 +346,7 @@ private Q_SLOTS:
         QCOMPARE(scene.server.requests().size(), 2);
         const QByteArray agent = scene.server.requests().first().headers["user-agent"];
         QVERIFY(agent.startsWith("Tagwright/" TAGWRIGHT_VERSION " ( "));
+        QVERIFY(scene.passedOver.isEmpty());
         // Another artist's song of that title is not on it, nor is one of a collection.
         for (const SearchedSong &other : {SearchedSong{.artist = u"Jon Vale"_s, .album = {}},
                                           SearchedSong{.album = {}, .isCompilation = true}})

@@ -33,6 +33,15 @@ QStringList shown(const AlbumList &albums)
     return texts;
 }
 
+static QStringList shown(const QList<PassedOverAlbum> &albums)
+{
+    QStringList texts;
+    for (const auto &[album, fate, tracks] : albums)
+        texts << album.name().value_or(QString()) + u'|' + album.year().value_or(QString()) + u'|'
+                + QString::number(tracks) + u'|' + QString::number(int(fate));
+    return texts;
+}
+
 QStringList namesOf(const AlbumList &albums)
 {
     QStringList names;
@@ -92,6 +101,7 @@ AlbumList SampleSiteScene::run(std::unique_ptr<WebDBInterface> source, const Sea
     source->setMinimumAcceptableImageSize(song.minImageWidth);
     source->setMaximumImageWidth(song.maxImageWidth);
     source->setSongDuration(song.duration);
+    source->setTrack(song.track, song.tracks);
     source->setIdentifiers(song.identifiers);
     QSignalSpy complete(source.get(), &WebDBInterface::searchComplete);
     source->beginSearch();
@@ -101,5 +111,6 @@ AlbumList SampleSiteScene::run(std::unique_ptr<WebDBInterface> source, const Sea
     if (complete.size() != 1)
         return {AlbumInfo({}, QStringLiteral("the search completed twice"))};
     wasUnanswered = source->wasUnanswered();
+    passedOver = shown(source->passedOver());
     return source->albums();
 }

@@ -17,6 +17,8 @@ struct SearchedSong {
     std::optional<qint64> duration{}; ///< milliseconds
     ReleaseIdentifiers identifiers{};
     float maxImageWidth = 450; ///< pixels
+    int track = 0;
+    int tracks = 0;
 };
 
 /// The definition of a source in the built-in set.
@@ -58,6 +60,8 @@ public:
         return run(std::make_unique<Source>(SiteDefinition(definition), queue, more...), song);
     }
 
+    /// What the last search left, as "name|year|tracks|fate" with the fate's number.
+    QStringList passedOver;
     /// Whether the last search was told that the site could not be asked.
     bool wasUnanswered = false;
 
