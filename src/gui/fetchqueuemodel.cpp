@@ -28,6 +28,7 @@ void FetchQueueModel::takeRows()
 {
     std::vector<Row> rows;
     const int count = std::min(mQueue.numberOfRows(), mostRows);
+    rows.reserve(static_cast<std::size_t>(count));
     for (int row = 0; row < count; ++row)
         rows.push_back({mQueue.urlOfRow(row).toDisplayString(), mQueue.statusOfRow(row)});
     if (rows.size() != mRows.size()) {
