@@ -46,7 +46,8 @@ std::optional<QStringList> pathsIn(const QByteArray &message)
     if (error.error == QCborError::EndOfFile && message.size() < mostBytes)
         return std::nullopt;
     QStringList paths;
-    for (const QCborValue &path : value.toArray())
+    const QCborArray handed = value.toArray();
+    for (const auto &path : handed)
         paths << path.toString();
     paths.removeAll(QString());
     return paths;
