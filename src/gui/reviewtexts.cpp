@@ -43,6 +43,5 @@ QString sourceTitle(const QString &className)
 {
     if (className == QStringLiteral("library"))
         return qtTrId("SourceLibrary");
-    QString title = className;
-    return title.endsWith(QStringLiteral("Interface")) ? title.chopped(9) : title;
+    return className.endsWith(QStringLiteral("Interface")) ? className.chopped(9) : className;
 }

@@ -54,7 +54,7 @@ QMimeData *mimeDataOf(const Tags &tags)
 QString nameWithValue(const Field &field, const Tags &tags)
 {
     constexpr qsizetype longestValue = 30;
-    const QString name = qtTrId(field.textID);
+    QString name = qtTrId(field.textID);
     const QString value = tags.size() == 1 && field.text && field.text != TagText::Lyrics
         ? tags.first().texts.value(*field.text).simplified()
         : QString();
