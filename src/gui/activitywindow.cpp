@@ -1,6 +1,7 @@
 #include "gui/activitywindow.h"
 
 #include "gui/fetchqueuemodel.h"
+#include "gui/firstsize.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -18,7 +19,7 @@ ActivityWindow::ActivityWindow(HVHTTPQueue &queue, QWidget *parent)
 {
     setObjectName(QStringLiteral("activityWindow"));
     setWindowTitle(qtTrId("ActivityTitle"));
-    resize(firstSize);
+    resize(firstSizeOf(*this, firstSize));
     auto *model = new FetchQueueModel(queue, this);
     auto *table = new QTableView(this);
     table->setModel(model);

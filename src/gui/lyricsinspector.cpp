@@ -2,6 +2,7 @@
 
 #include "app/lyricstext.h"
 #include "gui/changesheet.h"
+#include "gui/firstsize.h"
 #include "songs/cachedinfotag.h"
 #include "text/lyricscleanup.h"
 
@@ -62,7 +63,7 @@ LyricsInspector::LyricsInspector(MainController &controller, QWidget *window)
 {
     setObjectName(QStringLiteral("lyricsInspector"));
     setWindowTitle(qtTrId("LyricsInspectorTitle"));
-    resize(firstSize);
+    resize(firstSizeOf(*this, firstSize));
     setUpParts();
     connect(&controller, &MainController::sourceWillChange, this, &LyricsInspector::flushEdits);
     connect(&controller, &MainController::selectionChanged, this,

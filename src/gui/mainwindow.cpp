@@ -4,6 +4,7 @@
 #include "gui/artworkwell.h"
 #include "gui/editingcommands.h"
 #include "gui/editingprogress.h"
+#include "gui/firstsize.h"
 #include "gui/gatheringparts.h"
 #include "gui/gatheringstatus.h"
 #include "gui/loadingpanel.h"
@@ -25,16 +26,13 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
-#include <QScreen>
 #include <QSplitter>
 #include <QTextDocument>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
-/// Of a window with all its parts, and of what is around it on a screen without more room. Pixels.
-constexpr QSize firstSize(1360, 840);
-constexpr QSize aroundWindow(12, 40);
+constexpr QSize firstSize(1360, 840); // pixels, with all parts
 const Setting<QByteArray> windowPlace{"mainWindowGeometry", {}};
 constexpr int searchFieldWidth = 220; // pixels
 constexpr int margin = 6; // pixels
@@ -49,7 +47,7 @@ MainWindow::MainWindow(MainController &controller)
 {
     setObjectName(QStringLiteral("mainWindow"));
     if (!restoreGeometry(windowPlace.value(controller.prefs().settings())))
-        resize(firstSize.boundedTo(screen()->availableSize() - aroundWindow));
+        resize(firstSizeOf(*this, firstSize));
     mCommands.fillMenuBar(*menuBar());
     setUpToolBar();
     setUpParts();

@@ -9,6 +9,7 @@
 
 namespace {
 constexpr int aroundHint = 12; // pixels
+constexpr double leastPoints = 9;
 } // namespace
 
 PictureFrame::PictureFrame(QWidget *parent)
@@ -69,11 +70,18 @@ void PictureFrame::drawPicture(QPainter &painter, const QRect &within)
     painter.drawImage(place, mScaled);
 }
 
+/// Large letters are made smaller as far as that is needed.
 void PictureFrame::drawHint(QPainter &painter, const QRect &within) const
 {
+    constexpr int flags = Qt::AlignCenter | Qt::TextWordWrap;
+    const QRect place = within.adjusted(aroundHint, aroundHint, -aroundHint, -aroundHint);
+    QFont smaller = font();
+    while (smaller.pointSizeF() > leastPoints
+           && !place.contains(QFontMetrics(smaller).boundingRect(place, flags, mHint)))
+        smaller.setPointSizeF(smaller.pointSizeF() - 1);
+    painter.setFont(smaller);
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(within.adjusted(aroundHint, aroundHint, -aroundHint, -aroundHint),
-                     Qt::AlignCenter | Qt::TextWordWrap, mHint);
+    painter.drawText(place, flags, mHint);
 }
 
 void PictureFrame::setHighlighted(bool isHighlighted)

@@ -1,5 +1,7 @@
 #include "gui/regeneratepanel.h"
 
+#include "gui/firstsize.h"
+
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -24,7 +26,7 @@ RegeneratePanel::RegeneratePanel(MainController &controller, QWidget *window)
 {
     setObjectName(QStringLiteral("regeneratePanel"));
     setWindowTitle(qtTrId("RegenerateTitle"));
-    resize(firstSize);
+    resize(firstSizeOf(*this, firstSize));
     setUpParts();
     connect(&mRun, &RegenerationRun::songDone, this, &RegeneratePanel::songDone);
     connect(&mRun, &RegenerationRun::finished, this, &RegeneratePanel::finished);

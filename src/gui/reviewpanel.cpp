@@ -2,6 +2,7 @@
 
 #include "app/choicetexts.h"
 #include "app/review.h"
+#include "gui/firstsize.h"
 #include "gui/hintlabel.h"
 
 #include <QHBoxLayout>
@@ -41,7 +42,7 @@ ReviewPanel::ReviewPanel(Review &review, HVHTTPQueue &queue, PrefsController &pr
 {
     setObjectName(QStringLiteral("reviewPanel"));
     setWindowTitle(qtTrId("ReviewTitle"));
-    resize(firstSize);
+    resize(firstSizeOf(*this, firstSize));
     auto *empty = new HintLabel(qtTrId("ReviewPlaceholder"));
     empty->setAlignment(Qt::AlignCenter);
     mPages->addWidget(empty);
