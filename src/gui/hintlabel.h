@@ -11,4 +11,7 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+
+private:
+    void soften();
 };

@@ -260,8 +260,8 @@ void MainWindow::showPlaylistNotFound(const QString &name)
 {
     auto *sheet = new QMessageBox(QMessageBox::Critical, qtTrId("PlaylistNotFoundTitle"),
                                   qtTrId("PlaylistNotFoundTitle"), QMessageBox::NoButton, this);
-    sheet->setInformativeText(
-        Qt::convertFromPlainText(qtTrId("PlaylistNotFoundMessage").arg(name)));
+    sheet->setInformativeText(Qt::convertFromPlainText(qtTrId("PlaylistNotFoundMessage").arg(name),
+                                                       Qt::WhiteSpaceNormal));
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->addButton(qtTrId("PlaylistNotFoundProceed"), QMessageBox::AcceptRole);
     sheet->open();

@@ -13,7 +13,7 @@ void showReleaseAlert(const ReleaseAnnouncement &release, QWidget *parent)
                                   qtTrId("newVersionTitle"), QMessageBox::NoButton, parent);
     alert->setObjectName(QStringLiteral("releaseAlert"));
     // The notes come from the web, and the box takes them for markup if they look like it.
-    alert->setInformativeText(Qt::convertFromPlainText(release.message));
+    alert->setInformativeText(Qt::convertFromPlainText(release.message, Qt::WhiteSpaceNormal));
     alert->setAttribute(Qt::WA_DeleteOnClose);
     QPushButton *download = alert->addButton(qtTrId("newVersionDownload"), QMessageBox::AcceptRole);
     alert->addButton(qtTrId("newVersionCancel"), QMessageBox::RejectRole);
