@@ -11,7 +11,7 @@
 namespace {
 constexpr qint64 timeOfATurn = 6; // milliseconds; a song in hand is finished
 /// Of replaced tags that a run holds. Songs that come after cannot be undone.
-constexpr qint64 mostHeldBytes = 128 * 1024 * 1024;
+constexpr qint64 mostHeldBytes = qint64(128) * 1024 * 1024;
 } // namespace
 
 RegenerationRun::RegenerationRun(iTunesInterface &itunes, SongFileInfoCache *cache)

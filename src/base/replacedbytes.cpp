@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr qint64 mostBytes = 32 * 1024 * 1024;
+constexpr qint64 mostBytes = qint64(32) * 1024 * 1024;
 
 struct KeptRange {
     qint64 before; ///< offset in the old file
@@ -85,6 +85,7 @@ InPlaceFile::Outcome ReplacedBytes::giveBack(const QString &path, KeepTime keepT
     const auto now = file->size() == mSizeAfter ? by(mBefore, *file) : std::nullopt;
     if (!now || hashOfNewBytes(now->mBefore) != mHashAfter)
         return {Kind::Failed, qtTrId("ErrorSongChangedMeanwhile")};
-    undone = *now;
-    return file->replaceContents(mBefore, keepTime, kept);
+    auto outcome = file->replaceContents(mBefore, keepTime, kept);
+    undone = *now; // which may be this
+    return outcome;
 }

@@ -1,6 +1,6 @@
 #include "base/descriptor.h"
 #include "base/folders.h"
-#include "base/inplacefile.h"
+#include "base/replacedbytes.h"
 #include "base/texts.h"
 #include "support/songscene.h"
 #include "support/table.h"
@@ -94,6 +94,35 @@ private Q_SLOTS:
         QVERIFY(fileContents(mPath) == bytesFrom(parts, from));
         QCOMPARE(statOf(mPath).st_ino, inode);
         QCOMPARE(leftOvers(), QStringList());
+    }
+
+    void whatAWriteTookIsGivenBack_data() { holdsWhatItShall_data(); }
+
+    void whatAWriteTookIsGivenBack()
+    {
+        QFETCH(Parts, parts);
+        const QByteArray from = noise(size, 1);
+        writeFile(mPath, from);
+        const auto replaced =
+            ReplacedBytes::by(contentsFrom(parts), *InPlaceFile::open(mPath).file);
+        const bool isKeptTwice = QByteArrayView(QTest::currentDataTag()).startsWith("a range");
+        QCOMPARE(replaced.has_value(), !isKeptTwice);
+        if (isKeptTwice)
+            return;
+        QCOMPARE(replace(mPath, parts).kind, Kind::Written);
+        const QByteArray written = fileContents(mPath);
+        ReplacedBytes undone;
+        QByteArray changed = written + '!';
+        if (parts.value(0).bytes.size() > 0)
+            changed = QByteArray(written).replace(0, 1, "!");
+        writeFile(mPath, changed);
+        QCOMPARE(replaced->giveBack(mPath, KeepTime::No, nullptr, undone).kind, Kind::Failed);
+        QCOMPARE(fileContents(mPath), changed);
+        writeFile(mPath, written);
+        QCOMPARE(replaced->giveBack(mPath, KeepTime::No, nullptr, undone).kind, Kind::Written);
+        QCOMPARE(fileContents(mPath), from);
+        QCOMPARE(undone.giveBack(mPath, KeepTime::No, nullptr, undone).kind, Kind::Written);
+        QCOMPARE(fileContents(mPath), written);
     }
 
     void leavesAnUnchangedFileAlone()
