@@ -25,7 +25,8 @@ constexpr std::array topLevel{
 constexpr std::array common{
     DefinitionKey{"simulConns", Integer}, DefinitionKey{"maxPossibleArtWidth", Integer},
     DefinitionKey{"charset", Charset},    DefinitionKey{"minInterval", Number},
-    DefinitionKey{"patience", Number},    DefinitionKey{"userAgent", Agent},
+    DefinitionKey{"patience", Number},    DefinitionKey{"busyPause", Number},
+    DefinitionKey{"userAgent", Agent},    DefinitionKey{"namesFromPath", Switch},
     DefinitionKey{"checkArtist", Text},   DefinitionKey{"checkAlbum", Text},
     DefinitionKey{"checkSong", Text},
 };

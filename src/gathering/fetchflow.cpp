@@ -4,6 +4,7 @@
 #include "base/nextturn.h"
 #include "base/progress.h"
 #include "gathering/fetchable.h"
+#include "gathering/jsonanswer.h"
 #include "gathering/retryafter.h"
 
 #include <algorithm>
@@ -243,13 +244,27 @@ void FetchFlow::loadEnded(const FetchPointer &fetch, const LoadOutcome &outcome)
             .finalURL = outcome.finalURL});
 }
 
+/// How long the server asks to be left in peace before the same is asked again.
+std::optional<milliseconds> FetchFlow::askedToWait(const QString &host,
+                                                   const LoadOutcome &outcome) const
+{
+    const bool isRefused = outcome.status == 429 || outcome.status == 503;
+    if (isRefused)
+        if (const auto asked = retryAfter(outcome.retryAfter, mClock.now()))
+            return asked;
+    const milliseconds pause = mManners.value(host).busyPause;
+    if (pause <= milliseconds::zero() || !(isRefused || saysBusy(outcome.status, outcome.data)))
+        return std::nullopt;
+    return pause;
+}
+
 /// Whether the server asked to come back later, and so it will be. A server that is too busy says
 /// "at once" and means "not so often".
 bool FetchFlow::retryLater(const FetchPointer &fetch, const LoadOutcome &outcome)
 {
-    if ((outcome.status != 429 && outcome.status != 503) || fetch->retries >= mLimits.retries)
+    if (fetch->retries >= mLimits.retries)
         return false;
-    const std::optional<milliseconds> asked = retryAfter(outcome.retryAfter, mClock.now());
+    const std::optional<milliseconds> asked = askedToWait(fetch->url.host(), outcome);
     if (!asked)
         return false;
     const milliseconds pause = mLimits.retryPause * (1 << fetch->retries++);

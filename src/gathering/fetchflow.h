@@ -59,6 +59,8 @@ private:
 
     // Ending.
     void loadEnded(const FetchPointer &fetch, const LoadOutcome &outcome);
+    [[nodiscard]] std::optional<std::chrono::milliseconds>
+    askedToWait(const QString &host, const LoadOutcome &outcome) const;
     [[nodiscard]] bool retryLater(const FetchPointer &fetch, const LoadOutcome &outcome);
     void takeFailure(const QUrl &url, const FetchError &error);
     void answer(const FetchPointer &fetch, FetchResult result);

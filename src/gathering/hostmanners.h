@@ -13,6 +13,9 @@ struct HostManners {
     /// The silence that its answers may take, in place of the queue's own limits.
     std::chrono::milliseconds patience{0};
     QString userAgent{}; ///< in place of the queue's own
+    /// How long to wait where an answer says that the service is busy and not for how long. 0: such
+    /// answers are taken as they are.
+    std::chrono::milliseconds busyPause{0};
 
     [[nodiscard]] bool operator==(const HostManners &) const = default;
 };
@@ -28,6 +31,7 @@ public:
         for (const HostManners &manners : mByAsker) {
             all.minInterval = std::max(all.minInterval, manners.minInterval);
             all.patience = std::max(all.patience, manners.patience);
+            all.busyPause = std::max(all.busyPause, manners.busyPause);
             if (all.userAgent.isEmpty())
                 all.userAgent = manners.userAgent;
         }

@@ -16,6 +16,13 @@ QString shownError(const QJsonValue &error)
 /// Deezer's way to say what others say by the status 404.
 constexpr int noDataCode = 800;
 
+/// The codes with which it says what others say by the statuses 429 and 503.
+constexpr int quotaCode = 4;
+constexpr int busyCode = 700;
+
+/// What says no more than that is short.
+constexpr qsizetype longestBusyAnswer = 2000; // bytes
+
 QString statusReason(int status)
 {
     return QStringLiteral("status %1").arg(status);
@@ -42,4 +49,14 @@ JsonAnswer jsonAnswerOf(const FetchResult &result)
     if (!error.isUndefined() && !error.isNull())
         return {.reason = QStringLiteral("the service tells of an error: ") + shownError(error)};
     return {document, SearchStep::Row, QStringLiteral("nothing in the answer fits the song")};
+}
+
+bool saysBusy(int status, const QByteArray &body)
+{
+    if (status != 200 || body.size() > longestBusyAnswer || !body.trimmed().startsWith('{'))
+        return false;
+    const QJsonValue error = QJsonDocument::fromJson(body).object().value(QLatin1String("error"));
+    const int code = error[QLatin1String("code")].toInt();
+    return (error.isString() && !error.toString().isEmpty()) || code == quotaCode
+        || code == busyCode;
 }

@@ -42,7 +42,8 @@ HostManners mannersOf(const SiteDefinition &resources)
         .patience = waitOf(resources, QStringLiteral("patience")),
         .userAgent =
             resources.formatted(QStringLiteral("userAgent"), {QStringLiteral(TAGWRIGHT_VERSION)})
-                .value_or(QString())};
+                .value_or(QString()),
+        .busyPause = waitOf(resources, QStringLiteral("busyPause"))};
 }
 
 } // namespace

@@ -439,26 +439,35 @@ private Q_SLOTS:
 
     void refusalsAreTriedAgain_data()
     {
-        const Table<int, int, QByteArray, int, int> row("status", "refusals", "header", "requests",
-                                                        "result");
-        const QByteArray now = "Retry-After: 0";
-        row("three times", 503, 3, now, 4, 200);
-        row("not a fourth time", 429, 9, now, 4, 429);
-        row("a longer wait is cut", 429, 1, "Retry-After: 3600", 2, 200);
-        row("nobody asked to come back", 503, 1, "A: b", 1, 503);
-        row("other statuses are final", 500, 1, now, 1, 500);
+        const Table<HttpAnswer, int, int, int, QByteArray> row("answer", "refusals", "busyPause",
+                                                               "requests", "result");
+        const QByteArrayList now{"Retry-After: 0"};
+        const QByteArray quota = R"({"error":{"message":"Quota limit exceeded","code":4}})";
+        const QByteArray none = R"({"error":{"message":"no data","code":800}})";
+        row("three times", {.status = 503, .headers = now}, 3, 0, 4, "");
+        row("not a fourth time", {.status = 429, .body = "no", .headers = now}, 9, 0, 4, "no");
+        row("a longer wait is cut", {.status = 429, .headers = {"Retry-After: 3600"}}, 1, 0, 2, "");
+        row("nobody asked to come back", {.status = 503, .body = "no"}, 1, 0, 1, "no");
+        row("nobody said when", {.status = 503}, 1, 5, 2, "");
+        row("other statuses are final", {.status = 500, .body = "no", .headers = now}, 1, 5, 1,
+            "no");
+        row("a quota by the status 200", {.body = quota}, 3, 5, 4, "");
+        row("busy in words by the status 200", {.body = R"({"error": "busy"})"}, 1, 5, 2, "");
+        row("where nothing is known of such answers", {.body = quota}, 1, 0, 1, quota);
+        row("an error that does not pass", {.body = none}, 1, 5, 1, none);
     }
     void refusalsAreTriedAgain()
     {
-        QFETCH(int, status);
+        QFETCH(HttpAnswer, answer);
         QFETCH(int, refusals);
-        QFETCH(QByteArray, header);
-        QList<HttpAnswer> answers(refusals, {.status = status, .headers = {header}});
+        QFETCH(int, busyPause);
+        QList<HttpAnswer> answers(refusals, answer);
         answers.append(HttpAnswer{.echoesBody = true});
         World world{.limits = {.retryWait = 10ms}};
+        world.queue.setManners(u"127.0.0.1"_s, {.busyPause = std::chrono::milliseconds(busyPause)});
         world.server.serveInTurn(u"/"_s, answers);
         world.server.serveInTurn(u"/form"_s, answers);
-        QTEST(world.ask(u"/"_s).status, "result");
+        QTEST(world.ask(u"/"_s).data, "result");
         QTEST(static_cast<int>(world.server.requests().size()), "requests");
         QVERIFY(world.post(u"/form"_s, "form"));
         QTRY_COMPARE(world.asker.answers.size(), 2);

@@ -67,7 +67,8 @@ QVariantMap SampleSiteScene::definitionAtHome(const QString &className,
                                               const QStringList &hosts) const
 {
     QVariantMap values = definition(className, {});
-    values[QStringLiteral("minInterval")] = 0;
+    for (const char *pause : {"minInterval", "busyPause"})
+        values[QLatin1String(pause)] = 0;
     for (QVariant &value : values)
         for (const QString &host : hosts)
             if (value.toString().startsWith(host))
