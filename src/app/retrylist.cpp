@@ -12,6 +12,7 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -66,12 +67,22 @@ RetryList::RetryList(QString file, const Clock &clock)
 {
 }
 
-RetryList::Songs RetryList::songs() const
+RetryList::Songs RetryList::takeUp()
 {
     const Contents contents = read();
-    Songs songs{{}, contents.problem};
-    for (const Entry &entry : contents.entries)
-        songs.paths << entry.path;
+    Songs songs;
+    songs.problem = contents.problem;
+    for (const Entry &entry : contents.entries) {
+        const QFileInfo song(entry.path);
+        if (song.exists())
+            songs.there << entry.path;
+        else if (song.dir().exists())
+            songs.gone << entry.path;
+        else
+            ++songs.away;
+    }
+    for (const QString &path : std::as_const(songs.gone))
+        mChanges[path].isGone = true;
     return songs;
 }
 

@@ -22,18 +22,20 @@ public:
 
     explicit RetryList(QString file = usualFile(), const Clock &clock = systemClock());
 
+    /// Of the listed songs, by absolute paths, the oldest first.
     struct Songs {
-        QStringList paths; ///< absolute, the oldest first
+        QStringList there;
+        QStringList gone; ///< their folders are there
+        int away = 0; ///< how many stand in folders that are not there now, and may come back
         QString problem; ///< why the file cannot be read; empty when it can or there is none
     };
-    [[nodiscard]] Songs songs() const;
+    /// Forgets those that are gone.
+    [[nodiscard]] Songs takeUp();
     [[nodiscard]] const QString &file() const { return mFile; }
 
     /// What became of a song of which `wanted` was to be gathered. What a source was asked about,
     /// or the song has by now, is settled; of a song that failed only what was not asked counts.
     void note(const SongOutcome &outcome, Assets wanted);
-    /// There is no such file any more.
-    void forget(const QString &path) { mChanges[path].isGone = true; }
 
     /// Whether changes have waited for long enough to be saved, so that little is lost when the
     /// program is ended the hard way.

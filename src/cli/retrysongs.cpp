@@ -2,9 +2,6 @@
 
 #include "cli/report.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 RetrySongs::RetrySongs(Assets wanted, WriteSongs write, Report &report)
     : mWanted(wanted)
     , mWrite(write)
@@ -14,30 +11,19 @@ RetrySongs::RetrySongs(Assets wanted, WriteSongs write, Report &report)
 
 QStringList RetrySongs::paths()
 {
-    const RetryList::Songs listed = mList.songs();
+    const RetryList::Songs listed = mList.takeUp();
     if (!listed.problem.isEmpty())
         mReport.note(mList.file(), listed.problem);
-    QStringList songs;
-    int away = 0;
-    for (const QString &path : listed.paths) {
-        const QFileInfo song(path);
-        if (song.exists()) {
-            songs << path;
-        } else if (song.dir().exists()) {
-            mList.forget(path);
-            mReport.note(path, QStringLiteral("is gone, and not retried any more"));
-        } else {
-            ++away;
-        }
-    }
-    if (away > 0)
+    for (const QString &path : listed.gone)
+        mReport.note(path, QStringLiteral("is gone, and not retried any more"));
+    if (listed.away > 0)
         mReport.note(mList.file(),
                      QStringLiteral("%1 of its songs stand in folders that are not "
                                     "there now; they stay on the list")
-                         .arg(away));
-    if (songs.isEmpty() && mReport.format() == ReportFormat::Text)
+                         .arg(listed.away));
+    if (listed.there.isEmpty() && mReport.format() == ReportFormat::Text)
         mReport.text(QStringLiteral("Nothing to retry"));
-    return songs;
+    return listed.there;
 }
 
 void RetrySongs::note(const SongOutcome &outcome)

@@ -1,6 +1,5 @@
 #include "gui/unansweredsongs.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 
@@ -20,24 +19,21 @@ void UnansweredSongs::askAgain()
     mController.gather(songs);
 }
 
-/// Songs of the table are taken as they are; a file that is gone while its folder is there is
-/// dropped from the list.
+/// Songs of the table are taken as they are.
 SongList UnansweredSongs::listedSongs()
 {
     QHash<QString, std::shared_ptr<SongFile>> loaded;
     for (const auto &song : mController.songs().allSongs())
         loaded.insert(QFileInfo(song->path()).absoluteFilePath(), song);
-    const RetryList::Songs listed = mList.songs();
+    const RetryList::Songs listed = mList.takeUp();
     tell(listed.problem);
     SongList songs;
-    for (const QString &path : listed.paths) {
+    for (const QString &path : listed.there) {
         auto song = loaded.value(path);
         if (!song)
             song = SongFile::songWithPath(path, mController.prefs().readOptions());
         if (song)
             songs.push_back(song);
-        else if (QFileInfo(path).dir().exists())
-            mList.forget(path);
     }
     return songs;
 }
