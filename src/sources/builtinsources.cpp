@@ -61,6 +61,16 @@ SourceCatalog::Entry coverArtArchiveEntry(const std::shared_ptr<ReleaseShelf> &s
             }};
 }
 
+SourceCatalog::Entry lrclibEntry()
+{
+    const auto instrumentals = std::make_shared<LRCLIBInterface::Instrumentals>();
+    return {QStringLiteral("LRCLIBInterface"), LRCLIBInterface::resourcesPossiblyAvailable,
+            [instrumentals](SiteDefinition resources, HVHTTPQueue &queue) {
+                return std::make_unique<LRCLIBInterface>(std::move(resources), queue,
+                                                         instrumentals);
+            }};
+}
+
 } // namespace
 
 SourceCatalog builtInSources()
@@ -69,7 +79,7 @@ SourceCatalog builtInSources()
     return SourceCatalog({
         shelvedEntry<MusicBrainzInterface>(QStringLiteral("MusicBrainzInterface"), releases),
         coverArtArchiveEntry(releases),
-        entry<LRCLIBInterface>(QStringLiteral("LRCLIBInterface")),
+        lrclibEntry(),
         shelvedEntry<DeezerInterface>(QStringLiteral("DeezerInterface"),
                                       std::make_shared<ReleaseShelf>()),
         entry<FreeDBInterface>(QStringLiteral("FreeDBInterface")),

@@ -28,10 +28,21 @@ constexpr qsizetype mostResults = 100;
 
 } // namespace
 
+LRCLIBInterface::LRCLIBInterface(SiteDefinition resources, HVHTTPQueue &queue,
+                                 std::shared_ptr<Instrumentals> instrumentals)
+    : LyricsSource(std::move(resources), queue)
+    , mInstrumentals(std::move(instrumentals))
+{
+}
+
+/// A song that was told to be an instrumental stays one in all its copies: of another length or
+/// album it would be asked for anew.
 void LRCLIBInterface::startSearch()
 {
     if (!knowsSong())
         return;
+    if (mInstrumentals->contains(names()))
+        return addInstrumental();
     QueryParameters query{{trackName, *songTitle()}, {artistName, *artist()}};
     if (albumTitle())
         query << std::pair(QLatin1String("album_name"), *albumTitle());
@@ -115,9 +126,16 @@ bool LRCLIBInterface::report(const LyricsRecord &record)
 {
     if (record.hasWords())
         return addLyrics(LyricsCleanup::cleanUpLyrics(textOf(record)));
-    if (record.isInstrumental)
+    if (record.isInstrumental) {
+        mInstrumentals->insert(names());
         addInstrumental();
+    }
     return record.isInstrumental;
+}
+
+std::pair<QString, QString> LRCLIBInterface::names() const
+{
+    return {HVUtility::simplifyString(*artist()), HVUtility::simplifyString(*songTitle())};
 }
 
 QString LRCLIBInterface::textOf(const LyricsRecord &record) const

@@ -9,7 +9,12 @@ class LRCLIBInterface : public LyricsSource {
     Q_OBJECT
 
 public:
-    using LyricsSource::LyricsSource;
+    /// The songs that were told to be instrumentals, of all searches of a run, by their simplified
+    /// names.
+    using Instrumentals = QSet<std::pair<QString, QString>>;
+
+    LRCLIBInterface(SiteDefinition resources, HVHTTPQueue &queue,
+                    std::shared_ptr<Instrumentals> instrumentals);
 
     [[nodiscard]] QString className() const override { return QStringLiteral("LRCLIBInterface"); }
 
@@ -28,4 +33,7 @@ private:
     [[nodiscard]] bool canBeSynced(const LyricsRecord &record) const;
     /// False when the record tells nothing of the song's words.
     bool report(const LyricsRecord &record);
+    [[nodiscard]] std::pair<QString, QString> names() const;
+
+    std::shared_ptr<Instrumentals> mInstrumentals;
 };

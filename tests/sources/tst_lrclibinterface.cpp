@@ -106,7 +106,8 @@ private Q_SLOTS:
         table("refused for a while", {}, {},
               {{.status = 429, .headers = {"Retry-After: 0"}}, json(record())}, {}, words,
               {exact, exact});
-        exactly("refused without a time", {.status = 429}, {}, one);
+        table("refused without a time", {}, {{u"busyPause"_s, 0.01}},
+              {{.status = 429}, json(record())}, {}, words, {exact, exact});
         exactly("40 seconds without an answer", {.delay = 40s}, {}, one, {},
                 {{u"patience"_s, 0.2}});
         table("three redirects", {}, {}, {{.status = 307, .headers = {"Location: /r1"}}}, {}, words,
@@ -153,7 +154,8 @@ private Q_SLOTS:
         scene.server.serve(u'/' + search, searched.value(0));
         if (!paths.isEmpty())
             scene.server.serveInTurn(u'/' + paths.first(), exactly);
-        const AlbumList albums = scene.search<LRCLIBInterface>(song, definition);
+        const auto instrumentals = std::make_shared<LRCLIBInterface::Instrumentals>();
+        const AlbumList albums = scene.search<LRCLIBInterface>(song, definition, instrumentals);
         QTEST(scene.server.paths().replaceInStrings(QRegularExpression(u"^/"_s), QString()),
               "paths");
         const AlbumInfo album = albums.value(0);
@@ -161,6 +163,12 @@ private Q_SLOTS:
                                      : album.lyrics().value(song.title.value_or(QString())),
               "lyrics");
         QVERIFY(albums.size() <= 1);
+        if (!album.isInstrumental())
+            return;
+        song.duration = 180'000; // a copy of another length
+        QVERIFY(
+            scene.search<LRCLIBInterface>(song, definition, instrumentals).at(0).isInstrumental());
+        QCOMPARE(scene.server.paths().size(), paths.size());
     }
 
     void timesAreTakenOut()
