@@ -215,6 +215,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Chosen: %1, which was found most often of %2 albums</source>
         <translation>Gewählt: %1, das unter %2 Alben am häufigsten gefunden wurde</translation>
     </message>
+    <message id="ChoiceNoAnswer">
+        <source>Nothing chosen: no source could be asked</source>
+        <translation>Nichts gewählt: Keine Quelle konnte gefragt werden</translation>
+    </message>
     <message id="ChoiceNoMethod">
         <source>Nothing chosen: %1 albums fit, and no method picks one of them</source>
         <translation>Nichts gewählt: %1 Alben passen, und kein Verfahren wählt eines davon aus</translation>
@@ -242,6 +246,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="ChoiceTakenByUser">
         <source>Chosen: %1, which you took</source>
         <translation>Gewählt: %1, von Ihnen genommen</translation>
+    </message>
+    <message id="ChoiceTooLittleKnown">
+        <source>Nothing looked for: too little is known of the song</source>
+        <translation>Nichts gesucht: Über den Song ist zu wenig bekannt</translation>
     </message>
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
@@ -635,9 +643,17 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
         <source>Found for this artist and title</source>
         <translation>Für diesen Interpreten und Titel gefunden</translation>
     </message>
+    <message id="FieldNamedByFile">
+        <source>The song has no title but the name of its file</source>
+        <translation>Der Song hat keinen Titel außer dem Namen seiner Datei</translation>
+    </message>
+    <message id="FieldNoAnswer">
+        <source>No source could be asked about it</source>
+        <translation>Keine Quelle konnte danach gefragt werden</translation>
+    </message>
     <message id="FieldNotAsked">
-        <source>No source in use could be asked about it</source>
-        <translation>Keine genutzte Quelle konnte danach gefragt werden</translation>
+        <source>No source in use supplies it</source>
+        <translation>Keine genutzte Quelle liefert es</translation>
     </message>
     <message id="FieldNotFound">
         <source>Not found in any source</source>
@@ -646,6 +662,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>
         <translation>Das gewählte Album, %1, gibt es nicht an</translation>
+    </message>
+    <message id="FieldPath">
+        <source>Read from the names of the file and its folders, and known so to the source</source>
+        <translation>Aus den Namen der Datei und ihrer Ordner gelesen, und der Quelle so bekannt</translation>
     </message>
     <message id="FieldPicture">
         <source>A picture that fits: %1</source>
@@ -678,6 +698,10 @@ Die ausgewählten Songs haben unterschiedliche Cover</translation>
     <message id="FieldSound">
         <source>Known by the sound of the song</source>
         <translation>Am Klang des Songs erkannt</translation>
+    </message>
+    <message id="FieldTooLittleKnown">
+        <source>Not looked for: too little is known of the song</source>
+        <translation>Nicht gesucht: Über den Song ist zu wenig bekannt</translation>
     </message>
     <message id="FindNext">
         <source>Find next</source>

@@ -215,6 +215,10 @@ The selected songs have different artwork</translation>
         <source>Chosen: %1, which was found most often of %2 albums</source>
         <translation>Chosen: %1, which was found most often of %2 albums</translation>
     </message>
+    <message id="ChoiceNoAnswer">
+        <source>Nothing chosen: no source could be asked</source>
+        <translation>Nothing chosen: no source could be asked</translation>
+    </message>
     <message id="ChoiceNoMethod">
         <source>Nothing chosen: %1 albums fit, and no method picks one of them</source>
         <translation>Nothing chosen: %1 albums fit, and no method picks one of them</translation>
@@ -242,6 +246,10 @@ The selected songs have different artwork</translation>
     <message id="ChoiceTakenByUser">
         <source>Chosen: %1, which you took</source>
         <translation>Chosen: %1, which you took</translation>
+    </message>
+    <message id="ChoiceTooLittleKnown">
+        <source>Nothing looked for: too little is known of the song</source>
+        <translation>Nothing looked for: too little is known of the song</translation>
     </message>
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
@@ -635,9 +643,17 @@ The selected songs have different artwork</translation>
         <source>Found for this artist and title</source>
         <translation>Found for this artist and title</translation>
     </message>
+    <message id="FieldNamedByFile">
+        <source>The song has no title but the name of its file</source>
+        <translation>The song has no title but the name of its file</translation>
+    </message>
+    <message id="FieldNoAnswer">
+        <source>No source could be asked about it</source>
+        <translation>No source could be asked about it</translation>
+    </message>
     <message id="FieldNotAsked">
-        <source>No source in use could be asked about it</source>
-        <translation>No source in use could be asked about it</translation>
+        <source>No source in use supplies it</source>
+        <translation>No source in use supplies it</translation>
     </message>
     <message id="FieldNotFound">
         <source>Not found in any source</source>
@@ -646,6 +662,10 @@ The selected songs have different artwork</translation>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>
         <translation>The chosen album, %1, does not tell it</translation>
+    </message>
+    <message id="FieldPath">
+        <source>Read from the names of the file and its folders, and known so to the source</source>
+        <translation>Read from the names of the file and its folders, and known so to the source</translation>
     </message>
     <message id="FieldPicture">
         <source>A picture that fits: %1</source>
@@ -678,6 +698,10 @@ The selected songs have different artwork</translation>
     <message id="FieldSound">
         <source>Known by the sound of the song</source>
         <translation>Known by the sound of the song</translation>
+    </message>
+    <message id="FieldTooLittleKnown">
+        <source>Not looked for: too little is known of the song</source>
+        <translation>Not looked for: too little is known of the song</translation>
     </message>
     <message id="FindNext">
         <source>Find next</source>

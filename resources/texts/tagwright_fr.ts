@@ -215,6 +215,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Chosen: %1, which was found most often of %2 albums</source>
         <translation>Choisi : %1, le plus souvent trouvé parmi %2 albums</translation>
     </message>
+    <message id="ChoiceNoAnswer">
+        <source>Nothing chosen: no source could be asked</source>
+        <translation>Rien de choisi : aucune source n’a pu être interrogée</translation>
+    </message>
     <message id="ChoiceNoMethod">
         <source>Nothing chosen: %1 albums fit, and no method picks one of them</source>
         <translation>Rien n’est choisi : %1 albums conviennent et aucune méthode n’en retient un</translation>
@@ -242,6 +246,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="ChoiceTakenByUser">
         <source>Chosen: %1, which you took</source>
         <translation>Choisi : %1, que vous avez pris</translation>
+    </message>
+    <message id="ChoiceTooLittleKnown">
+        <source>Nothing looked for: too little is known of the song</source>
+        <translation>Rien de cherché : on en sait trop peu sur le morceau</translation>
     </message>
     <message id="ChoiceWithoutSources">
         <source>%1 (no answer from %2)</source>
@@ -635,9 +643,17 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
         <source>Found for this artist and title</source>
         <translation>Trouvées pour cet artiste et ce titre</translation>
     </message>
+    <message id="FieldNamedByFile">
+        <source>The song has no title but the name of its file</source>
+        <translation>Le morceau n’a pour titre que le nom de son fichier</translation>
+    </message>
+    <message id="FieldNoAnswer">
+        <source>No source could be asked about it</source>
+        <translation>Aucune source n’a pu être interrogée à ce sujet</translation>
+    </message>
     <message id="FieldNotAsked">
-        <source>No source in use could be asked about it</source>
-        <translation>Aucune source utilisée n’a pu être interrogée</translation>
+        <source>No source in use supplies it</source>
+        <translation>Aucune source utilisée ne le fournit</translation>
     </message>
     <message id="FieldNotFound">
         <source>Not found in any source</source>
@@ -646,6 +662,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="FieldNotOnAlbum">
         <source>The chosen album, %1, does not tell it</source>
         <translation>L’album choisi, %1, ne l’indique pas</translation>
+    </message>
+    <message id="FieldPath">
+        <source>Read from the names of the file and its folders, and known so to the source</source>
+        <translation>Lu dans les noms du fichier et de ses dossiers, et connu ainsi de la source</translation>
     </message>
     <message id="FieldPicture">
         <source>A picture that fits: %1</source>
@@ -678,6 +698,10 @@ Les morceaux sélectionnés ont des pochettes différentes</translation>
     <message id="FieldSound">
         <source>Known by the sound of the song</source>
         <translation>Reconnu au son du morceau</translation>
+    </message>
+    <message id="FieldTooLittleKnown">
+        <source>Not looked for: too little is known of the song</source>
+        <translation>Pas cherché : on en sait trop peu sur le morceau</translation>
     </message>
     <message id="FindNext">
         <source>Find next</source>

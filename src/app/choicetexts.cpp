@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <QtGlobal>
 
+#include <algorithm>
+
 namespace {
 
 QString pickedName(const AlbumVerdict &verdict)
@@ -89,14 +91,22 @@ QString textOfFieldAlone(const FieldReason &reason)
         return textOfLent(reason);
     case Kind::Sound:
         return qtTrId("FieldSound");
+    case Kind::Path:
+        return qtTrId("FieldPath");
     case Kind::Picture:
         return textOfPicture(reason);
     case Kind::Kept:
         return qtTrId("FieldKept");
     case Kind::Instrumental:
         return qtTrId("FieldInstrumental");
+    case Kind::NamedByFile:
+        return qtTrId("FieldNamedByFile");
     case Kind::NotAsked:
         return qtTrId("FieldNotAsked");
+    case Kind::NoAnswer:
+        return qtTrId("FieldNoAnswer");
+    case Kind::TooLittleKnown:
+        return qtTrId("FieldTooLittleKnown");
     case Kind::NotFound:
         return qtTrId("FieldNotFound");
     case Kind::NotOnAlbum:
@@ -153,12 +163,24 @@ QStringList unansweredSources(const ChoiceRecord &record)
     return sources;
 }
 
+/// Why no source was asked; nothing where there was nothing to ask.
+std::optional<QString> textOfSilence(const ChoiceRecord &record)
+{
+    if (const QStringList unanswered = unansweredSources(record); !unanswered.isEmpty())
+        return withoutSources(qtTrId("ChoiceNoAnswer"), unanswered);
+    const bool isTooLittleKnown =
+        std::any_of(record.answers.begin(), record.answers.end(), [](const SourceAnswer &answer) {
+            return answer.kind == SourceAnswer::Kind::TooLittleKnown;
+        });
+    return isTooLittleKnown ? std::optional(qtTrId("ChoiceTooLittleKnown")) : std::nullopt;
+}
+
 } // namespace
 
 std::optional<QString> textOfReason(const ChoiceRecord &record)
 {
     if (record.reason == ChoiceReason::NotSearched)
-        return {};
+        return textOfSilence(record);
     return withoutSources(textOfChoice(record), unansweredSources(record));
 }
 

@@ -5,7 +5,7 @@
 // A record of a choice in words, for the report and the window.
 
 /// Why the album was chosen, or why none; with the sources that could not be asked. Nothing when
-/// no source was asked.
+/// no source was to be asked.
 [[nodiscard]] std::optional<QString> textOfReason(const ChoiceRecord &record);
 
 /// Why the album was not chosen; nothing for a chosen one.

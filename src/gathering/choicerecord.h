@@ -57,9 +57,13 @@ struct SourceAnswer {
         Albums,
         Nothing, ///< it was asked and knows none
         Unanswered, ///< it could not be asked, at least not about everything, and gave no album
+        TooLittleKnown, ///< of the song, to ask by
+        NoSite, ///< its definition leads nowhere
     };
     QString source; ///< class name
     Kind kind = Kind::Nothing;
+
+    [[nodiscard]] bool wasToBeGiven() const { return kind <= Kind::Unanswered; }
 };
 
 enum class ChoiceReason {
@@ -96,10 +100,14 @@ struct FieldReason {
         Lyrics, ///< set: they were found for artist and title
         Lent, ///< set, by another song of the album
         Sound, ///< set, as the song is known by its sound
+        Path, ///< set: its path says so, and a source knows such a song
         Picture, ///< set: the picture fits
         Kept, ///< the song has it, and it may not be overwritten
+        NamedByFile, ///< the song has no title but the name of its file
         Instrumental, ///< there are no lyrics to be found
         NotAsked, ///< no source in use may supply it
+        NoAnswer, ///< none of those that may supply it could be asked
+        TooLittleKnown, ///< of the song, to ask any of them by
         NotFound, ///< by the sources; those of `unanswered` gave no answer
         NoAlbumChosen, ///< albums tell it, but none was chosen, as `album` says
         NotOnAlbum, ///< the chosen album does not tell it, which `album` is about

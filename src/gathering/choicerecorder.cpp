@@ -56,7 +56,7 @@ void ChoiceRecorder::answered(const SourceAnswer &answer, const QList<PassedOver
 {
     mRecord.answers << answer;
     mPassedOver << passedOver;
-    if (mRecord.reason == ChoiceReason::NotSearched)
+    if (mRecord.reason == ChoiceReason::NotSearched && answer.wasToBeGiven())
         mRecord.reason = ChoiceReason::NothingFound;
     if (mRecord.reason == ChoiceReason::NothingFound && !passedOver.isEmpty())
         mRecord.reason = ChoiceReason::NoneFits;

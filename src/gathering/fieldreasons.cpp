@@ -13,15 +13,27 @@ QStringList unansweredAbout(Asset asset, const QList<UnaskedSource> &unasked)
     return classes;
 }
 
+Kind ofUnasked(Asset asset, const AskedAssets &asked)
+{
+    if (asked.unanswered.testFlag(asset))
+        return Kind::NoAnswer;
+    return asked.tooLittleKnown.testFlag(asset) ? Kind::TooLittleKnown : Kind::NotAsked;
+}
+
 FieldReason ofSources(Asset asset, const FieldFacts &facts, const ChoiceRecord &choices)
 {
     if (choices.reason == ChoiceReason::TakenByUser)
         return {.kind = Kind::NotOnAlbum, .album = choices};
-    if (!facts.askedFor.testFlag(asset))
-        return {.kind = Kind::NotAsked};
+    if (!facts.asked.answered.testFlag(asset))
+        return {.kind = ofUnasked(asset, facts.asked)};
     if (!choices.told.testFlag(asset))
         return {.kind = Kind::NotFound};
     return {.kind = choices.isChosen() ? Kind::NotOnAlbum : Kind::NoAlbumChosen, .album = choices};
+}
+
+Kind ofPresent(Asset asset, const FieldFacts &facts)
+{
+    return asset == AssetSongTitle && facts.isNamedByFile ? Kind::NamedByFile : Kind::Kept;
 }
 
 Kind refusalOf(QSize size, const ArtworkLimits &limits)
@@ -71,7 +83,7 @@ QMap<Asset, FieldReason> FieldReasons::of(const FieldFacts &facts, const AssetLe
         else if (asset == AssetLyrics && ledger.isInstrumental)
             reasons.insert(asset, {.kind = Kind::Instrumental});
         else if (facts.gathered.testFlag(asset))
-            reasons.insert(asset, {.kind = Kind::Kept});
+            reasons.insert(asset, {.kind = ofPresent(asset, facts)});
     }
     return reasons;
 }

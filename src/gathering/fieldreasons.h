@@ -9,10 +9,11 @@
 struct FieldFacts {
     Assets gathered; ///< what the user wanted
     Assets missing;
-    Assets askedFor; ///< what the sources that were asked, or could not be, may supply
+    AskedAssets asked;
     QList<UnaskedSource> unasked;
     bool awaitsAlbum = false; ///< artwork was to be looked for once the album is known
     bool hasPictures = false;
+    bool isNamedByFile = false; ///< the title, when the search began
 };
 
 /// Notes, while a song is gathered, why its fields are set or not.

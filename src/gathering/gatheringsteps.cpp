@@ -45,6 +45,7 @@ void GatheringSteps::begin(const std::optional<AlbumInfo> &taken)
     mIndicator.setIndeterminate(true);
     mIndicator.setValue(0);
     mIndicator.setMaximum(0);
+    mIsNamedByFile = !isStopped() && tag().hasTitleOfPathname();
     if (taken)
         return lookUp(*taken);
     identify([this] { applyResourcesFromLibrary([this] { gatherDataOnline(); }); });
@@ -160,6 +161,8 @@ std::optional<qint64> GatheringSteps::songDuration()
 
 void GatheringSteps::gatherDataOnline()
 {
+    if (!isStopped())
+        mSuggested.lend(tag(), mSong->path(), mAllResources, mLedger);
     if (mChoices.parallelMode)
         parallelGatherDataOnline();
     else
@@ -172,7 +175,7 @@ void GatheringSteps::parallelGatherDataOnline()
         return finishAndNotify();
     const SearchRequest request = searchRequest();
     for (const QString &source : std::as_const(mSources)) {
-        mSearches.start(source, request,
+        mSearches.start(source, mSuggested.requestFor(source, request),
                         [this](const AlbumList &albums, const SourceAnswer &answer,
                                const QList<PassedOverAlbum> &passedOver) {
                             mRecorder.answered(answer, passedOver);
@@ -239,7 +242,7 @@ void GatheringSteps::serialGatherDataOnline()
 {
     while (!isStopped() && mLedger.desired && mNextSource < mSources.size()) {
         const QString source = mSources.at(mNextSource++);
-        if (mSearches.start(source, searchRequest(),
+        if (mSearches.start(source, mSuggested.requestFor(source, searchRequest()),
                             [this](const AlbumList &albums, const SourceAnswer &answer,
                                    const QList<PassedOverAlbum> &passedOver) {
                                 mRecorder.answered(answer, passedOver);
@@ -320,6 +323,7 @@ bool GatheringSteps::isOnAlbum(const AlbumInfo &album)
 
 void GatheringSteps::applyResourcesFromAlbum(const AlbumInfo &album, const Step &then)
 {
+    mSuggested.noteAlbum(album, tag(), mChoices.allowSubstrings);
     fillAlbumName(tag(), album, mLedger);
     noteSet(FieldReason::Kind::ChosenAlbum, mRecorder.latestVerdict());
     if (!album.identifiers().isEmpty())
@@ -391,11 +395,14 @@ ChoiceRecord GatheringSteps::choices() const
     const AudioInfoTag *tag = mSong->infotag();
     const FieldFacts facts{.gathered = mChoices.gather,
                            .missing = missing(),
-                           .askedFor = mSearches.askedFor(),
+                           .asked = mSearches.asked(),
                            .unasked = unaskedSources(),
                            .awaitsAlbum = mWantArtworkButNoAlbum,
-                           .hasPictures = tag && tag->numberOfImages() > 0};
+                           .hasPictures = tag && tag->numberOfImages() > 0,
+                           .isNamedByFile = mIsNamedByFile};
     ChoiceRecord choices = mRecorder.record();
+    for (const QString &source : mSearches.leftAlone())
+        choices.answers << SourceAnswer{source, SourceAnswer::Kind::Unanswered};
     choices.fields = mReasons.of(facts, mLedger, choices);
     return choices;
 }
@@ -404,8 +411,12 @@ void GatheringSteps::notify()
 {
     Q_ASSERT(!mNotified);
     mNotified = true;
-    if (mIdentity && mSong->infotag())
-        mIdentity->giveBack(tag(), mLedger);
+    if (mSong->infotag()) {
+        mSuggested.settle(tag(), mChoices.gather, mLedger);
+        noteSet(FieldReason::Kind::Path);
+        if (mIdentity)
+            mIdentity->giveBack(tag(), mLedger);
+    }
     mIndicator.setIndeterminate(false);
     mIndicator.setMaximum(1);
     mIndicator.setValue(0);

@@ -9,6 +9,7 @@
 #include "gathering/identityfilling.h"
 #include "gathering/songlending.h"
 #include "gathering/sourcesearches.h"
+#include "gathering/suggestednames.h"
 
 /// The user's choices for one song.
 struct GatherChoices {
@@ -106,6 +107,7 @@ private:
     SourceSearches mSearches;
     std::unique_ptr<SongIdentification> mIdentification; ///< when it was begun
     std::optional<IdentityFilling> mIdentity; ///< when the song was identified
+    SuggestedNames mSuggested;
     ChoiceRecorder mRecorder;
     qsizetype mNextSource = 0; ///< of mSources, in serial mode
     AlbumList mParallelAlbums; ///< what was found, later the artwork candidates
@@ -115,6 +117,7 @@ private:
     ReleaseIdentifiers mIdentifiers; ///< of the last album applied that has some
     Assets mSetAside; ///< desired, but not in the pass for artwork alone
     std::optional<qint64> mSongDuration; ///< milliseconds
+    bool mIsNamedByFile = false; ///< the song has no title of its own
     bool mIsMeasured = false; ///< whether the duration was looked for
     bool mWantArtworkButNoAlbum = false;
     bool mStarted = false;

@@ -1,30 +1,21 @@
 #include "gathering/identityfilling.h"
 
 #include "gathering/acoustidlookup.h"
+#include "gathering/pathnames.h"
 #include "tags/audioinfotag.h"
 
 #include <QRegularExpression>
 
 namespace {
 
-/// No name of a song or an artist is told by its first letters; longer texts are looked at no
-/// further.
-constexpr qsizetype longestPlaceholder = 40;
-
-bool isPlaceholder(const QString &text)
-{
-    static const QRegularExpression placeholder(
-        QStringLiteral("\\A(unknown( artist| title)?|untitled|(audio ?)?track[ _-]*\\d*)\\z"),
-        QRegularExpression::CaseInsensitiveOption);
-    return text.size() <= longestPlaceholder && placeholder.match(text.simplified()).hasMatch();
-}
+constexpr qsizetype longestNumber = 40; // characters
 
 /// Of a file that is called after its number.
 bool isNumber(const QString &text)
 {
     static const QRegularExpression number(QStringLiteral("\\A[\\d\\s._-]*(track)?[\\d\\s._-]*\\z"),
                                            QRegularExpression::CaseInsensitiveOption);
-    return text.size() <= longestPlaceholder && number.match(text).hasMatch();
+    return text.size() <= longestNumber && number.match(text).hasMatch();
 }
 
 bool hasArtistsName(const AudioInfoTag &tag)

@@ -15,6 +15,13 @@ struct UnaskedSource {
     bool operator==(const UnaskedSource &) const = default;
 };
 
+/// What the sources that were to be asked about a song may supply, by what came of it.
+struct AskedAssets {
+    Assets answered; ///< whether or not something was found
+    Assets unanswered;
+    Assets tooLittleKnown; ///< there was nothing to ask by
+};
+
 /// The sources of a run that give no answer. One that gave none several times in a row is marked
 /// for the run and left alone, so that the others get on. The mark is checked now and then: one
 /// song asks the source again, and an answer puts it back into use.

@@ -13,14 +13,6 @@ bool containsWord(const std::optional<QString> &text, QLatin1String word)
     return text && text->contains(word, Qt::CaseInsensitive);
 }
 
-SourceAnswer answerOf(const WebDBInterface &source)
-{
-    if (!source.albums().isEmpty())
-        return {source.className(), SourceAnswer::Kind::Albums};
-    return {source.className(),
-            source.wasUnanswered() ? SourceAnswer::Kind::Unanswered : SourceAnswer::Kind::Nothing};
-}
-
 void configure(WebDBInterface &source, const SearchRequest &request)
 {
     source.setArtist(request.artist);
@@ -80,33 +72,65 @@ bool SourceSearches::start(const QString &className, const SearchRequest &reques
     std::unique_ptr<WebDBInterface> made = madeSource(className, request);
     if (!made)
         return false;
-    mAskedFor |= mCatalog.find(className)->resourcesPossiblyAvailable;
-    if (!mayAsk(className))
+    if (!mayAsk(className)) {
+        mLeftAlone << className;
+        mAsked.unanswered |= mCatalog.find(className)->resourcesPossiblyAvailable;
         return false;
+    }
     WebDBInterface *source = mSources.emplace_back(std::move(made)).get();
     configure(*source, request);
     source->setProgessIndicator(&mProgress);
     mRunning.push_back(source);
     QObject::connect(source, &WebDBInterface::searchComplete, source,
-                     [this, source, completed = std::move(completed)] {
+                     [this, source, request, completed = std::move(completed)] {
                          std::erase(mRunning, source);
-                         noteAnswer(*source);
-                         completed(source->albums(), answerOf(*source), source->passedOver());
+                         const SourceAnswer answer = answerOf(*source, request);
+                         if (!source->wasCancelled())
+                             noteAnswer(*source, answer);
+                         completed(source->albums(), answer, source->passedOver());
                      });
     source->beginSearch();
     return true;
 }
 
-/// A search that found albums was answered, whichever page was not; one that fetched nothing tells
-/// nothing of its site.
-void SourceSearches::noteAnswer(const WebDBInterface &source)
+/// A search that found albums was answered, whichever page was not. One that fetched nothing asked
+/// nobody, unless all was there to ask by: then what is kept here was looked through.
+SourceAnswer SourceSearches::answerOf(const WebDBInterface &source,
+                                      const SearchRequest &request) const
 {
-    if (source.wasCancelled())
+    using Kind = SourceAnswer::Kind;
+    const auto answer = [&source](Kind kind) { return SourceAnswer{source.className(), kind}; };
+    if (!source.albums().isEmpty())
+        return answer(Kind::Albums);
+    if (source.wasUnanswered())
+        return answer(Kind::Unanswered);
+    if (source.totalSearches() > 0)
+        return answer(Kind::Nothing);
+    const auto definition = mDefinitions.definitionOf(source.className());
+    if (!definition || definition->hosts().isEmpty())
+        return answer(Kind::NoSite);
+    const bool isAllKnown = request.artist && request.songTitle && request.albumTitle;
+    return answer(isAllKnown ? Kind::Nothing : Kind::TooLittleKnown);
+}
+
+void SourceSearches::noteAnswer(const WebDBInterface &source, const SourceAnswer &answer)
+{
+    const Assets supplies = mCatalog.find(answer.source)->resourcesPossiblyAvailable;
+    switch (answer.kind) {
+    case SourceAnswer::Kind::Unanswered:
+        mAsked.unanswered |= supplies;
+        return noteUnanswered(answer.source);
+    case SourceAnswer::Kind::TooLittleKnown:
+        mAsked.tooLittleKnown |= supplies;
         return;
-    if (source.wasUnanswered() && source.albums().isEmpty())
-        noteUnanswered(source.className());
-    else if (source.totalSearches() > 0)
-        noteAnswered(source.className());
+    case SourceAnswer::Kind::NoSite:
+        return;
+    case SourceAnswer::Kind::Albums:
+    case SourceAnswer::Kind::Nothing:
+        mAsked.answered |= supplies;
+        if (source.totalSearches() > 0)
+            noteAnswered(answer.source);
+    }
 }
 
 void SourceSearches::noteUnanswered(const QString &className)

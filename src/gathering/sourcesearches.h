@@ -58,8 +58,9 @@ public:
     void cancel();
     [[nodiscard]] bool anyRunning() const { return !mRunning.empty(); }
 
-    /// What the sources that were to be asked so far may supply.
-    [[nodiscard]] Assets askedFor() const { return mAskedFor; }
+    [[nodiscard]] const AskedAssets &asked() const { return mAsked; }
+    /// The sources that were not started for that.
+    [[nodiscard]] const QStringList &leftAlone() const { return mLeftAlone; }
     /// False when it is left alone, which is noted.
     [[nodiscard]] bool mayAsk(const QString &className);
     void noteAnswered(const QString &className) { mOutages.answered(className); }
@@ -75,7 +76,9 @@ public:
     [[nodiscard]] QList<UnaskedSource> unaskedOf(const QStringList &sources, Assets missing) const;
 
 private:
-    void noteAnswer(const WebDBInterface &source);
+    [[nodiscard]] SourceAnswer answerOf(const WebDBInterface &source,
+                                        const SearchRequest &request) const;
+    void noteAnswer(const WebDBInterface &source, const SourceAnswer &answer);
     [[nodiscard]] std::unique_ptr<WebDBInterface> madeSource(const QString &className,
                                                              const SearchRequest &request) const;
 
@@ -84,7 +87,8 @@ private:
     HVHTTPQueue &mQueue;
     SourceOutages &mOutages;
     Progress &mProgress;
-    Assets mAskedFor;
+    AskedAssets mAsked;
+    QStringList mLeftAlone;
     QSet<QString> mUnasked; ///< class names
     std::vector<std::unique_ptr<WebDBInterface>> mSources;
     std::vector<WebDBInterface *> mRunning;

@@ -55,14 +55,26 @@ def in_json(value, status=200, **headers):
 FAILURES = {
     "refused": None,
     "busy": in_json(BUSY, 503, **{"Retry-After": "0", "X-RateLimit-Zone": "search"}),
+    "busy, no time": in_json(BUSY, 503),
+    "busy in a 200": in_json(BUSY),
     "own limit": in_json(TOO_FAST, 503, **{"Retry-After": "1", "X-RateLimit-Remaining": "0"}),
     "too many": Answer(429, PAGE.encode(), "text/html", {"Retry-After": "1"}),
+    "too many, no time": Answer(429, PAGE.encode(), "text/html"),
+    "broken": Answer(500, PAGE.encode(), "text/html"),
     "a page": Answer(200, PAGE.encode(), "text/html"),
+    "garbage": Answer(200, b'{"data": [}'),
+    "nothing": Answer(200, b""),
+    "another kind": Answer(200, b"\x89PNG\r\n" + bytes(99), "image/png"),
+    "sent to nobody": Answer(302, b"", "text/html", {"Location": "http://127.0.0.7:1/login"}),
+    "sent to a file": Answer(302, b"", "text/html", {"Location": "file:///etc/hostname"}),
+    "too long": None,
     "an error in a 200": in_json({"error": {"type": "Exception", "message": "Quota limit exceeded",
                                             "code": 4}}),
     "cut": None,
     "stalled": None,
 }
+# What is sent of the body in those ways, and megabytes behind it.
+LENGTHS = {"cut": 0.5, "too long": 1 + 35}
 
 
 def picture(album, width):
@@ -476,6 +488,8 @@ class Services:
         return server
 
     def serve(self, service, handler):
+        # Whatever becomes of it: on the connection the next request follows.
+        handler.form = handler.rfile.read(int(handler.headers.get("Content-Length", 0))).decode()
         with self.lock:
             self.requests[service] += 1
             self.times[service].append(time.monotonic())
@@ -489,12 +503,11 @@ class Services:
         answer = FAILURES.get(failure) or self.answered(service, handler)
         with self.lock:  # before the client can have the whole answer and ask again
             self.under_way[service] -= 1
-        self.send(handler, answer, failure == "cut")
+        self.send(handler, answer, LENGTHS.get(failure, 1))
 
     def answered(self, service, handler):
         path, _, query = handler.path.partition("?")
-        if handler.command == "POST":
-            query = handler.rfile.read(int(handler.headers["Content-Length"])).decode()
+        query = handler.form if handler.command == "POST" else query
         agent = handler.headers.get("User-Agent", "")
         if service in (MUSICBRAINZ, LYRICS) and not re.fullmatch(
                 r"Tagwright/[\w.]+ \( ?\S+(://|@)\S+ ?\)", agent):
@@ -509,14 +522,18 @@ class Services:
             return in_json({"error": str(reason)} | HELP, 400)
 
     @staticmethod
-    def send(handler, answer, is_cut):
+    def send(handler, answer, length):
+        """Of a body that is not whole its share is sent; a body may go on with blanks."""
         handler.send_response(answer.status)
         for name, value in ({"Content-Type": answer.kind} | answer.headers).items():
             handler.send_header(name, value)
-        handler.send_header("Content-Length", str(len(answer.body)))
+        blanks = int(max(0, length - 1))
+        handler.send_header("Content-Length", str(len(answer.body) + blanks * 1_000_000))
         handler.end_headers()
-        handler.wfile.write(answer.body[:len(answer.body) // 2] if is_cut else answer.body)
-        handler.close_connection = handler.close_connection or is_cut
+        handler.wfile.write(answer.body[:int(len(answer.body) * min(1, length))])
+        for _ in range(blanks):
+            handler.wfile.write(b" " * 1_000_000)
+        handler.close_connection = handler.close_connection or length != 1
 
     def broken_rules(self):
         """What came too fast on the average of some stretch, and all that was wrong otherwise."""
@@ -538,7 +555,8 @@ class Services:
         for source in REAL:
             if definition := values.get(f"res_{source}"):
                 definition |= {key: self.at_home(value) for key, value in definition.items()}
-                definition["minInterval"] = definition.get("minInterval", 0) / FASTER
+                for pause in "minInterval", "busyPause":
+                    definition[pause] = definition.get(pause, 0) / FASTER
                 definition |= (changes or {}).get(source, {})
         return plistlib.dumps(values)
 
