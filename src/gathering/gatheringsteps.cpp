@@ -3,7 +3,6 @@
 #include "base/nextturn.h"
 #include "gathering/songfacts.h"
 #include "gathering/songfilling.h"
-#include "tags/songbytes.h"
 #include "tags/songlength.h"
 
 #include <algorithm>
@@ -88,8 +87,6 @@ void GatheringSteps::cancel()
     mArtworkFetch.cancel();
 }
 
-// ---- what a song without names sounds like
-
 bool GatheringSteps::mayBeIdentified()
 {
     return !isStopped() && mChoices.identify && mIdentifying && lacksIdentity(tag())
@@ -153,9 +150,8 @@ SearchRequest GatheringSteps::searchRequest()
 std::optional<qint64> GatheringSteps::songDuration()
 {
     if (!std::exchange(mIsMeasured, true))
-        if (const auto bytes = SongBytes::open(mSong->path()))
-            if (const auto length = songLength(*bytes))
-                mSongDuration = length->count();
+        if (const auto length = songLengthAt(mSong->path()))
+            mSongDuration = length->count();
     return mSongDuration;
 }
 
@@ -358,8 +354,6 @@ void GatheringSteps::noteSet(FieldReason::Kind kind, const AlbumVerdict &album)
 {
     mReasons.noteSet(mLedger.changed, {.kind = kind, .album = album});
 }
-
-// ---- the end
 
 void GatheringSteps::finishAndNotify()
 {

@@ -2,7 +2,6 @@
 
 #include "base/nextturn.h"
 #include "gathering/fingerprintrun.h"
-#include "tags/songbytes.h"
 #include "tags/songlength.h"
 
 #include <QCoreApplication>
@@ -12,8 +11,7 @@ namespace {
 /// 0 when it cannot be told.
 int secondsOfSong(const QString &path)
 {
-    const auto bytes = SongBytes::open(path);
-    const auto length = bytes ? songLength(*bytes) : std::nullopt;
+    const auto length = songLengthAt(path);
     return length ? static_cast<int>(std::chrono::round<std::chrono::seconds>(*length).count()) : 0;
 }
 

@@ -32,3 +32,9 @@ std::optional<std::chrono::milliseconds> songLength(const SongBytes &song)
         return {};
     }
 }
+
+std::optional<std::chrono::milliseconds> songLengthAt(const QString &path)
+{
+    const auto bytes = SongBytes::open(path);
+    return bytes ? songLength(*bytes) : std::nullopt;
+}

@@ -324,6 +324,24 @@ private Q_SLOTS:
         QCOMPARE(record.found, albums.size());
     }
 
+    void whatWasNotAskedForIsNotNotFound()
+    {
+        World world;
+        world.adds(u"Dead"_qs, AssetYear, {});
+        world.server.serve(u"/page?Dead"_qs, {.status = 500});
+        world.names << u"Silent"_qs;
+        world.definitions[u"res_Silent"_qs] = QVariantMap{{u"query"_qs, u"http://127.0.0.1/"_qs}};
+        world.entries.push_back(SampleSource::entry(u"Silent"_qs, AssetGenre, [](auto &) {}));
+        world.taskFor({}, Assets(AssetYear) | AssetGenre | AssetTrack | AssetSongTitle);
+        QVERIFY(world.run());
+        using enum FieldReason::Kind;
+        QCOMPARE(world.reasons(),
+                 (Reasons{{AssetYear, NoAnswer},
+                          {AssetGenre, TooLittleKnown},
+                          {AssetTrack, NotAsked},
+                          {AssetSongTitle, NamedByFile}}));
+    }
+
     void endsWithoutAnySource()
     {
         // None supplies it; its artwork is too small; nothing is desired.
