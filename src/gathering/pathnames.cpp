@@ -2,7 +2,6 @@
 
 #include "text/simplifier.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
@@ -116,7 +115,9 @@ QStringList foldersAbove(const QString &path, const QString &home)
     if (!home.isEmpty() && (folder + u'/').startsWith(home + u'/'))
         folder.remove(0, home.size());
     QStringList folders;
-    for (const QString &name : folder.split(u'/', Qt::SkipEmptyParts))
+    QStringList inside = folder.split(u'/', Qt::SkipEmptyParts);
+    inside.removeAll(QStringLiteral("."));
+    for (const QString &name : std::as_const(inside))
         folders.prepend(withoutYearAndFormat(cleaned(name)));
     while (!folders.isEmpty() && disc.match(folders.first()).hasMatch())
         folders.removeFirst();
