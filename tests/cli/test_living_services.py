@@ -133,7 +133,10 @@ class LivingServices(unittest.TestCase):
         album, year, track, genre = self.catalogue.tags(song)
         expected = {"AlbumName": album, "Year": year, "Track": track, "Genre": genre,
                     "Lyrics": song.words, "Artwork": sha1(picture(song.album, 500))}
-        self.assertEqual((shown["artist"], shown["title"]), (song.artist, song.title))
+        # Who sings on a compilation is written as the file's name can say it.
+        is_of_many = ALBUMS[song.album][0] == VARIOUS
+        artist = song.artist.replace("/", " ") if is_of_many else song.artist
+        self.assertEqual((shown["artist"], shown["title"]), (artist, song.title))
         images = [image["sha1"] for image in shown["images"]]
         fields = {"AlbumName": shown["album"], "Year": shown["year"], "Track": shown["track"],
                   "Genre": shown["genres"], "Lyrics": shown["lyrics"],
@@ -181,7 +184,7 @@ class LivingServices(unittest.TestCase):
         """The run ends with what the others gave, and tells of the service that gave nothing."""
         keys = ((2, 1), (2, 8), (3, 4), (4, 5), (24, 3))  # the last ones once it is marked
         made = Home(self, [song for song in self.catalogue.files if song.key in keys])
-        with concurrent.futures.ThreadPoolExecutor(24) as pool:
+        with concurrent.futures.ThreadPoolExecutor(10) as pool:
             runs = {(service, failure): pool.submit(self.failing, made, service, failure)
                     for service in WITH_SHOP for failure in FAILURES}
         for (service, failure), run in runs.items():

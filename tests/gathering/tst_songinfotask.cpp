@@ -332,7 +332,8 @@ private Q_SLOTS:
         world.names << u"Silent"_qs;
         world.definitions[u"res_Silent"_qs] = QVariantMap{{u"query"_qs, u"http://127.0.0.1/"_qs}};
         world.entries.push_back(SampleSource::entry(u"Silent"_qs, AssetGenre, [](auto &) {}));
-        world.taskFor({}, Assets(AssetYear) | AssetGenre | AssetTrack | AssetSongTitle);
+        world.taskFor({.artist = u"Ann"_qs},
+                      Assets(AssetYear) | AssetGenre | AssetTrack | AssetSongTitle);
         QVERIFY(world.run());
         using enum FieldReason::Kind;
         QCOMPARE(world.reasons(),
