@@ -2,35 +2,12 @@
 
 #include <algorithm>
 #include <bit>
+#include <limits>
+#include <numeric>
+#include <span>
 #include <utility>
 
 namespace {
-
-constexpr int wordBits = 64;
-
-/// One song, with the values that it is compared by packed into two numbers.
-struct Packed {
-    quint64 high = 0;
-    quint64 low = 0;
-    quint32 place = 0; ///< as it stands now
-    quint32 position = 0;
-};
-
-struct ByHigh {
-    bool operator()(const Packed &song, const Packed &other) const
-    {
-        return song.high != other.high ? song.high < other.high : song.place < other.place;
-    }
-};
-
-struct ByBoth {
-    bool operator()(const Packed &song, const Packed &other) const
-    {
-        if (song.high != other.high)
-            return song.high < other.high;
-        return song.low != other.low ? song.low < other.low : song.place < other.place;
-    }
-};
 
 /// The values of one column as numbers from 0 on, the missing ones last.
 class Ordinals {
@@ -81,60 +58,97 @@ private:
     quint64 mMissing = 0;
 };
 
-/// Puts the values of the columns behind each other. Numbers have 33 bits at most, and texts as
-/// many as their songs need to be counted: two words hold those of a hundred million songs.
-class Packing {
+/// Sorts songs as plain numbers of 64 bits, of which many are in the processor's cache: the values
+/// of as many columns as fit, and in the last bits where the song stands now, so that equal songs
+/// stay in their order. Those that are equal so far are sorted by the next columns.
+class PackedSongs {
 public:
-    explicit Packing(const QList<quint32> &positions)
-        : mSongs(static_cast<std::size_t>(positions.size()))
+    PackedSongs(const std::vector<Ordinals> &columns, const QList<quint32> &positions,
+                Qt::SortOrder order)
+        : mColumns(columns)
+        , mPositions(positions)
+        , mIsDescending(order == Qt::DescendingOrder)
+        , mBitsOfPlace(static_cast<int>(std::bit_width(static_cast<quint64>(positions.size()))))
+        , mSongs(static_cast<std::size_t>(positions.size()))
     {
-        for (std::size_t place = 0; place < mSongs.size(); ++place) {
-            mSongs[place].place = static_cast<quint32>(place);
-            mSongs[place].position = positions.at(static_cast<qsizetype>(place));
-        }
+        std::iota(mSongs.begin(), mSongs.end(), quint64{0});
     }
 
-    void append(const Ordinals &ordinals)
+    [[nodiscard]] QList<quint32> sorted()
     {
-        const int bits = ordinals.bits();
-        if (mUsed + bits > wordBits && mWord == &Packed::high) {
-            mWord = &Packed::low;
-            mUsed = 0;
-        }
-        mUsed += bits;
-        Q_ASSERT(mUsed <= wordBits);
-        for (Packed &song : mSongs)
-            song.*mWord = (bits < wordBits ? song.*mWord << bits : 0) | ordinals[song.position];
-    }
-
-    [[nodiscard]] QList<quint32> sorted(Qt::SortOrder order)
-    {
-        if (order == Qt::DescendingOrder)
-            turnRound();
-        if (mWord == &Packed::high)
-            std::sort(mSongs.begin(), mSongs.end(), ByHigh());
-        else
-            std::sort(mSongs.begin(), mSongs.end(), ByBoth());
+        sort(mSongs, 0);
         QList<quint32> positions;
-        positions.reserve(static_cast<qsizetype>(mSongs.size()));
-        for (const Packed &song : mSongs)
-            positions.append(song.position);
+        positions.reserve(mPositions.size());
+        for (const quint64 song : mSongs)
+            positions.append(positionOf(song));
         return positions;
     }
 
 private:
-    /// The places stay, so that equal songs do.
-    void turnRound()
+    using Songs = std::span<quint64>;
+
+    [[nodiscard]] quint64 placeOf(quint64 song) const
     {
-        for (Packed &song : mSongs) {
-            song.high = ~song.high;
-            song.low = ~song.low;
+        return song & ((quint64{1} << mBitsOfPlace) - 1);
+    }
+    [[nodiscard]] quint32 positionOf(quint64 song) const
+    {
+        return mPositions.at(static_cast<qsizetype>(placeOf(song)));
+    }
+    [[nodiscard]] quint64 valuesOf(quint64 song) const { return song >> mBitsOfPlace; }
+
+    void sort(Songs songs, std::size_t column)
+    {
+        const std::size_t end = endOfThoseThatFit(column);
+        for (quint64 &song : songs)
+            song = packed(song, column, end);
+        std::sort(songs.begin(), songs.end());
+        if (end < mColumns.size())
+            sortEqual(songs, end);
+    }
+
+    void sortEqual(Songs songs, std::size_t column)
+    {
+        for (std::size_t from = 0; from < songs.size();) {
+            std::size_t to = from + 1;
+            while (to < songs.size() && valuesOf(songs[to]) == valuesOf(songs[from]))
+                ++to;
+            if (to - from > 1)
+                sort(songs.subspan(from, to - from), column);
+            from = to;
         }
     }
 
-    std::vector<Packed> mSongs;
-    quint64 Packed::*mWord = &Packed::high;
-    int mUsed = 0;
+    /// One does at least: a number has 33 bits at most, and there are fewer than 2^31 songs.
+    [[nodiscard]] std::size_t endOfThoseThatFit(std::size_t column) const
+    {
+        constexpr int all = 64;
+        for (int used = mBitsOfPlace; column < mColumns.size(); ++column) {
+            used += mColumns[column].bits();
+            if (used > all)
+                break;
+        }
+        return column;
+    }
+
+    [[nodiscard]] quint64 packed(quint64 song, std::size_t column, std::size_t end) const
+    {
+        const quint32 position = positionOf(song);
+        quint64 values = 0;
+        for (; column < end; ++column) {
+            const quint64 value = mColumns[column][position];
+            const int bits = mColumns[column].bits();
+            const quint64 all = (quint64{1} << bits) - 1;
+            values = values << bits | (mIsDescending ? all - value : value);
+        }
+        return values << mBitsOfPlace | placeOf(song);
+    }
+
+    const std::vector<Ordinals> &mColumns;
+    const QList<quint32> &mPositions;
+    bool mIsDescending;
+    int mBitsOfPlace;
+    std::vector<quint64> mSongs;
 };
 
 } // namespace
@@ -176,7 +190,7 @@ SongKeyList keysOfOrder(SongColumn column)
 SortOutcome sortedSongs(SortInput input)
 {
     SortOutcome outcome;
-    Packing packing(input.positions);
+    std::vector<Ordinals> ordinals;
     for (qsizetype i = 0; i < input.columns.size(); ++i) {
         SongKeyColumn &column = input.columns[i];
         // Versions are no numbers: "2.10" comes before "2.4".
@@ -184,9 +198,9 @@ SortOutcome sortedSongs(SortInput input)
         if (column.ranks.size() != column.texts.size())
             column.ranks =
                 ranksOf(column.texts, isVersion ? Digits::AsCharacters : Digits::AsNumbers);
-        packing.append(Ordinals(column));
+        ordinals.emplace_back(column);
         outcome.ranks.append(column.ranks);
     }
-    outcome.positions = packing.sorted(input.order);
+    outcome.positions = PackedSongs(ordinals, input.positions, input.order).sorted();
     return outcome;
 }
