@@ -1,6 +1,9 @@
 #include "app/edithistory.h"
 
+#include "base/background.h"
+
 #include <numeric>
+#include <utility>
 
 namespace {
 constexpr std::size_t mostChanges = 50;
@@ -36,7 +39,7 @@ void EditHistory::add(const TagEditResult &result)
 {
     if (result.changed.empty())
         return;
-    mRedo.clear();
+    destroyInBackground(std::exchange(mRedo, {}));
     keep(mUndo, result);
 }
 
@@ -99,7 +102,7 @@ void EditHistory::adoptSongs(Results &results, const SongsByPath &byPath)
     for (TagEditResult &result : results) {
         for (ChangedSong &each : result.changed)
             each.song = byPath.value(each.song->path());
-        std::erase_if(result.changed, [](const ChangedSong &each) { return !each.song; });
+        result.changed.removeIf([](const ChangedSong &each) { return !each.song; });
     }
     std::erase_if(results, [](const TagEditResult &result) { return result.changed.empty(); });
 }

@@ -72,7 +72,8 @@ void TagEditing::revert(const TagEditResult &result, const WriteOptions &options
     for (const ChangedSong &changed : result.changed)
         job.songs.push_back(changed.song);
     job.wanted = [changed = result.changed](std::size_t index, const AudioInfoTag &) {
-        return Wanted{changed[index].before, changed[index].now};
+        const ChangedSong &song = changed[static_cast<qsizetype>(index)];
+        return Wanted{song.before, song.now};
     };
     job.replaced = [changed = result.changed](std::size_t index) {
         return changed[index].replaced;

@@ -43,7 +43,7 @@ struct TagEditResult {
     };
 
     QString name;
-    std::vector<ChangedSong> changed; ///< not those that held these values already
+    QList<ChangedSong> changed; ///< not those that held these values already
     std::vector<Refusal> refused; ///< each was logged as well
     /// Of pictures and replaced bytes that `changed` holds, equal pictures counted once.
     qint64 heldBytes = 0;

@@ -69,6 +69,19 @@ SongList VisibleSongs::songs() const
     return songs;
 }
 
+QList<int> VisibleSongs::rowsOfPositions(const QList<quint32> &positions) const
+{
+    std::vector<bool> isTheirs(static_cast<std::size_t>(mRows.size()));
+    for (const quint32 position : positions)
+        if (const quint32 row = mRowOfPosition.value(position, noRow); row != noRow)
+            isTheirs[row] = true;
+    QList<int> rows;
+    for (std::size_t row = 0; row < isTheirs.size(); ++row)
+        if (isTheirs[row])
+            rows.append(static_cast<int>(row));
+    return rows;
+}
+
 void VisibleSongs::sortBy(const Sorting &sorting)
 {
     setSorting(sorting);

@@ -30,6 +30,10 @@ public:
     /// -1 when the song is not shown.
     [[nodiscard]] int rowOf(const SongFile &song) const;
     [[nodiscard]] SongList songs() const;
+    /// Of the song in that row in the list of all songs, which lasts as long as the list does.
+    [[nodiscard]] quint32 positionAt(int row) const { return mRows.at(row); }
+    /// The rows, ascending, of those of these songs that are shown.
+    [[nodiscard]] QList<int> rowsOfPositions(const QList<quint32> &positions) const;
     /// Whether the rows are about to be others, as soon as they are sorted or searched.
     [[nodiscard]] bool isBusy() const { return mIsAtWork || mNextTurn.isActive(); }
 

@@ -3,9 +3,8 @@
 #include "app/tasksetup.h"
 #include "base/log.h"
 
-#include <QSet>
-
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -96,7 +95,7 @@ void WorkList::beginGathering(const SongList &songs, const GatheringOptions &opt
 
 void WorkList::append(const SongList &songs)
 {
-    mIsArranged = false;
+    mNextRow = 0;
     if (mPreparation.isPreparing() || SongPreparation::isWorthwhile(songs))
         return mPreparation.add(songs);
     for (const auto &song : songs)
@@ -108,19 +107,22 @@ void WorkList::appendSong(const std::shared_ptr<SongFile> &song)
     if (song->activityStatus() == SongStatus::Ready) {
         song->setAliasFromPath();
         song->setActivityStatus(SongStatus::Pending);
-        mSongWorkList.push_back(song);
-    } else if (!song->canWriteToOriginalPath()) {
-        mSongWorkList.push_back(song);
+    } else if (song->canWriteToOriginalPath()) {
+        return;
     }
+    mSongWorkList.push_back(song);
+    mWaiting.insert(song.get());
 }
 
 /// In a new run nothing was begun yet.
 void WorkList::songsPrepared(bool cancelled)
 {
     const bool isNew = !mKeptJournal;
-    if (cancelled && isNew)
+    if (cancelled && isNew) {
+        mWaiting.clear();
         for (const auto &song : std::exchange(mSongWorkList, {}))
             song->setDefaultActivityStatus();
+    }
     if (isNew)
         startLoop();
     else if (!mCurrentInfoTask)
@@ -132,27 +134,26 @@ void WorkList::startLoop()
     mKeptJournal.emplace();
     mAllSourceAssetsAvailable =
         mContext.catalog.assetsPossibleFromSources(mContext.definitions.sourcelist());
-    mOverallProgress.setMaximum(static_cast<double>(mSongWorkList.size()) + 1);
+    mOverallProgress.setMaximum(static_cast<double>(mWaiting.size()) + 1);
     mOverallProgress.setValue(1);
     mNextStep.start();
 }
 
-/// The next song is the first one that the table shows, and after those the first of the list.
-void WorkList::arrangeAsVisible()
+/// The first one that the table shows, and after those the first of the list. Of very many songs
+/// that are sorted again and again no list is made each time.
+std::shared_ptr<SongFile> WorkList::takeNextSong()
 {
-    if (std::exchange(mIsArranged, true) || !mVisibleSongs || mSongWorkList.size() < 2)
-        return;
-    QSet<const SongFile *> waiting;
-    for (const auto &song : mSongWorkList)
-        waiting.insert(song.get());
-    std::deque<std::shared_ptr<SongFile>> arranged;
-    for (auto &song : mVisibleSongs())
-        if (waiting.remove(song.get()))
-            arranged.push_back(std::move(song));
-    for (auto &song : mSongWorkList)
-        if (waiting.remove(song.get()))
-            arranged.push_back(std::move(song));
-    mSongWorkList = std::move(arranged);
+    while (const auto song = mVisibleSong ? mVisibleSong(mNextRow) : nullptr) {
+        ++mNextRow;
+        if (mWaiting.remove(song.get()))
+            return song;
+    }
+    for (;;) {
+        const auto song = mSongWorkList.front();
+        mSongWorkList.pop_front();
+        if (mWaiting.remove(song.get()))
+            return song;
+    }
 }
 
 void WorkList::stopGathering()
@@ -168,7 +169,9 @@ void WorkList::stopGathering()
 
 SongList WorkList::songs() const
 {
-    SongList songs(mSongWorkList.begin(), mSongWorkList.end());
+    SongList songs;
+    std::copy_if(mSongWorkList.begin(), mSongWorkList.end(), std::back_inserter(songs),
+                 [this](const auto &song) { return mWaiting.contains(song.get()); });
     songs.insert(songs.end(), mPreparation.songs().begin(), mPreparation.songs().end());
     if (mCurrentInfoTask)
         songs.push_back(mCurrentInfoTask->song());
@@ -181,7 +184,7 @@ QString WorkList::statusLine() const
     if (!tag)
         return {};
     QString text = QStringLiteral("%1 - %2").arg(artistOf(*tag), titleOf(*tag));
-    if (mSongWorkList.empty())
+    if (mWaiting.empty())
         return text;
     return qtTrId("NumberRemaining").arg(text, QString::number(songsRemaining()));
 }
@@ -195,14 +198,11 @@ void WorkList::processNextSongOnWorkList()
         finishTask();
     if (mIsCancelled)
         return endRun();
-    if (mIsPaused || (mSongWorkList.empty() && mPreparation.isPreparing()))
+    if (mIsPaused || (mWaiting.empty() && mPreparation.isPreparing()))
         return;
-    if (mSongWorkList.empty())
+    if (mWaiting.empty())
         return endRun();
-    arrangeAsVisible();
-    const auto song = mSongWorkList.front();
-    mSongWorkList.pop_front();
-    processSong(song);
+    processSong(takeNextSong());
 }
 
 void WorkList::processSong(const std::shared_ptr<SongFile> &song)
@@ -361,6 +361,7 @@ void WorkList::endRun()
 {
     mNextStep.stop();
     mCancelTimeout.stop();
+    mWaiting.clear();
     for (const auto &song : std::exchange(mSongWorkList, {}))
         if (song->activityStatus() == SongStatus::Pending)
             song->setDefaultActivityStatus();

@@ -7,9 +7,11 @@
 #include "gathering/songinfotask.h"
 
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 
 #include <chrono>
+#include <deque>
 #include <functional>
 
 /// What became of one song of a run.
@@ -54,14 +56,13 @@ public:
     /// Outcomes carry what there is to review; off when not set.
     void setKeepsChanges(bool keeps) { mKeepsChanges = keeps; }
 
-    /// How to ask for the songs that a table shows, in its order: they are gathered first, in that
-    /// order. Without it songs are taken in the order given.
-    void setVisibleSongs(std::function<SongList()> visibleSongs)
-    {
-        mVisibleSongs = std::move(visibleSongs);
-    }
+    /// The song that a table shows in that row, null behind the last one.
+    using VisibleSong = std::function<std::shared_ptr<SongFile>(int row)>;
+    /// Songs that a table shows are gathered first, in its order. Without it songs are taken in
+    /// the order given.
+    void setVisibleSong(VisibleSong visibleSong) { mVisibleSong = std::move(visibleSong); }
     /// The table shows others, or in another order.
-    void visibleSongsChanged() { mIsArranged = false; }
+    void visibleSongsChanged() { mNextRow = 0; }
 
     /// Starts a run, or adds to the one under way; nothing is told before a later turn of the
     /// event loop. Very many songs are prepared first. Songs that are locked or have problems are
@@ -98,7 +99,7 @@ public:
     [[nodiscard]] int totalSongsModified() const { return mTotalSongsModified; }
     [[nodiscard]] int songsRemaining() const
     {
-        return static_cast<int>(mSongWorkList.size() + mPreparation.songs().size());
+        return static_cast<int>(mWaiting.size()) + static_cast<int>(mPreparation.songs().size());
     }
     /// "%@ - %@" of the song in hand, with what remains; empty without one.
     [[nodiscard]] QString statusLine() const;
@@ -123,7 +124,7 @@ private:
     void appendSong(const std::shared_ptr<SongFile> &song);
     void songsPrepared(bool cancelled);
     void startLoop();
-    void arrangeAsVisible();
+    [[nodiscard]] std::shared_ptr<SongFile> takeNextSong();
     void processNextSongOnWorkList();
     void processSong(const std::shared_ptr<SongFile> &song);
     [[nodiscard]] std::optional<QString> reasonNotToGather(SongFile &song);
@@ -146,8 +147,11 @@ private:
     UserLog &mLog;
     SongWriting mWriting;
     SongPreparation mPreparation;
-    std::function<SongList()> mVisibleSongs;
-    std::deque<std::shared_ptr<SongFile>> mSongWorkList;
+    VisibleSong mVisibleSong;
+    std::deque<std::shared_ptr<SongFile>>
+        mSongWorkList; ///< also those that were taken by their row
+    QSet<const SongFile *> mWaiting; ///< those of them that are still to come
+    int mNextRow = 0; ///< in the rows before it nothing waits
     std::unique_ptr<SongInfoTask> mCurrentInfoTask;
     GatheringOptions mOptions;
     WriteOptions mWriteOptions;
@@ -163,7 +167,6 @@ private:
     int mSongsModified = 0;
     int mTotalSongsModified = 0;
     bool mKeepsChanges = false;
-    bool mIsArranged = false; ///< as the table shows the songs
     bool mIsPaused = false;
     bool mIsRunning = false;
     bool mIsCancelled = false;

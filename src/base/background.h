@@ -29,3 +29,11 @@ void runInBackground(Work work, QObject *owner, Then then)
         promise->finish();
     });
 }
+
+/// Frees what holds very many things, which takes time, on another thread.
+template<typename Value>
+void destroyInBackground(Value value)
+{
+    QThreadPool::globalInstance()->start(
+        [held = std::make_shared<Value>(std::move(value))]() mutable { held.reset(); });
+}

@@ -143,7 +143,7 @@ void ArtworkWell::readLater()
     if (mController.selectedSongs().empty()) {
         mIsOutOfDate = mIsReading;
         mSelectionRests.stop();
-        mShownSongs.clear();
+        mShownSongs = std::make_shared<const SongList>();
         return showArtwork(ArtworkOfSongs());
     }
     mSelectionRests.start(restOfSelection);
@@ -156,7 +156,8 @@ void ArtworkWell::readArtwork()
     if (mIsReading)
         return;
     mIsReading = true;
-    const auto then = [this, songs = mController.selectedSongs()](const ArtworkOfSongs &artwork) {
+    const auto songs = std::make_shared<const SongList>(mController.selectedSongs());
+    const auto then = [this, songs](const ArtworkOfSongs &artwork) {
         mIsReading = false;
         if (std::exchange(mIsOutOfDate, false))
             return readLater();

@@ -22,7 +22,7 @@ public:
     ArtworkWell(MainController &controller, const Commands &commands, QWidget *parent);
 
     /// The songs whose artwork is shown: soon those that are selected.
-    [[nodiscard]] const SongList &shownSongs() const { return mShownSongs; }
+    [[nodiscard]] const SongList &shownSongs() const { return *mShownSongs; }
     [[nodiscard]] const ArtworkOfSongs &artwork() const { return mArtwork; }
     /// The picture in sight; nothing without one, or while none was chosen of songs whose pictures
     /// differ.
@@ -60,7 +60,7 @@ private:
     PictureFrame *mFrame = nullptr;
     QLabel *mCaption = nullptr;
     PictureStrip *mStrip = nullptr;
-    SongList mShownSongs;
+    std::shared_ptr<const SongList> mShownSongs = std::make_shared<const SongList>();
     ArtworkOfSongs mArtwork;
     qsizetype mIndex = 0; ///< of the picture in sight; -1: none was chosen yet
     QTimer mSelectionRests; ///< so that walking through a list reads no file a step

@@ -69,6 +69,7 @@ LyricsInspector::LyricsInspector(MainController &controller, QWidget *window)
     connect(&controller, &MainController::selectionChanged, this,
             &LyricsInspector::selectionChanged);
     connect(&controller, &MainController::songsChanged, this, &LyricsInspector::songsChanged);
+    connect(&controller, &MainController::gatheringChanged, this, &LyricsInspector::showAgain);
     selectionChanged();
     setAttribute(Qt::WA_ShowWithoutActivating);
     setVisible(lyricsWindow.value(controller.prefs().settings()));
@@ -177,11 +178,16 @@ void LyricsInspector::selectionChanged()
     showText({}, false, songs.empty() ? QString() : qtTrId("LyricsSeveralSongs"));
 }
 
-/// What is being edited stays.
 void LyricsInspector::songsChanged(const SongList &songs)
 {
-    if (mSong && !mEditor->document()->isModified()
-        && std::find(songs.begin(), songs.end(), mSong) != songs.end())
+    if (std::find(songs.begin(), songs.end(), mSong) != songs.end())
+        showAgain();
+}
+
+/// What is being edited stays.
+void LyricsInspector::showAgain()
+{
+    if (mSong && !mEditor->document()->isModified())
         showLyricsOf(mSong);
 }
 

@@ -43,6 +43,7 @@ private:
     [[nodiscard]] QWidget *buttons();
     void selectionChanged();
     void songsChanged(const SongList &songs);
+    void showAgain();
     void showLyricsOf(const Song &song);
     void showHeadline(const QString &title, const QString &artist);
     void showText(const QString &lyrics, bool isEditable, const QString &note);

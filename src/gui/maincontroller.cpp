@@ -3,15 +3,17 @@
 #include "app/runcontext.h"
 #include "app/songsources.h"
 #include "app/usersources.h"
+#include "base/background.h"
 #include "itunes/librarylocation.h"
 
+#include <algorithm>
 #include <utility>
 
 MainController::MainController(Engine &engine)
     : mEngine(engine)
     , mSongs(engine.infoCache, engine.log)
     , mLibrary({})
-    , mContext(runContext(engine, mLibrary))
+    , mContext{engine.queue, engine.catalog, {}, mLibrary, {}}
     , mWorkList(mContext, engine.itunes, engine.log)
     , mEditing(engine.itunes, &engine.infoCache, engine.log)
     , mHistory(mEditing)
@@ -19,6 +21,8 @@ MainController::MainController(Engine &engine)
 {
     mWorkList.setInfoCache(&engine.infoCache);
     mWorkList.setKeepsChanges(true);
+    connect(&mSongs, &LoadedSongs::cleared, this, &MainController::forgetLibrary);
+    connect(&mSongs, &LoadedSongs::songsAdded, this, &MainController::addToLibrary);
     connect(&mSongs, &LoadedSongs::loadFinished, this, &MainController::loadFinished);
     connect(&mSongs, &LoadedSongs::problemFound, this, [this](const QString &subject) {
         if (mSongs.source().kind == SourceKind::Playlist && subject == mSongs.source().name)
@@ -33,6 +37,8 @@ MainController::MainController(Engine &engine)
             [this](const std::shared_ptr<SongFile> &song) { tellChanged({song}); });
     connect(&mWorkList, &WorkList::runFinished, this, &MainController::gatheringChanged);
     connect(&mEditing, &TagEditing::busyChanged, this, &MainController::renewHistory);
+    connect(&mWorkList.preparation(), &SongPreparation::finished, this,
+            &MainController::gatheringChanged);
     connect(&mHistory, &EditHistory::changed, this, &MainController::historyChanged);
     mTellsEdited.setSingleShot(true);
     connect(&mTellsEdited, &QTimer::timeout, this, &MainController::tellEdited);
@@ -88,10 +94,25 @@ void MainController::load(const SongSource &source)
     Q_EMIT sourceChanged();
 }
 
+/// The songs of a run under way lend until it is between two of them.
+void MainController::forgetLibrary()
+{
+    mLibraryIsStale = mWorkList.isRunning();
+    if (!mLibraryIsStale)
+        destroyInBackground(std::exchange(mLibrary, LibraryLending({})));
+}
+
+void MainController::addToLibrary(qsizetype count)
+{
+    const SongList &songs = mSongs.allSongs();
+    if (!mLibraryIsStale)
+        std::for_each(songs.end() - count, songs.end(),
+                      [this](const auto &song) { mLibrary.addSong(song); });
+}
+
 void MainController::loadFinished()
 {
     renewHistory();
-    mLibraryIsStale = true;
     if (!mWorkList.isRunning())
         lendFromLoadedSongs();
 }
@@ -112,7 +133,7 @@ void MainController::addChange(const TagEditResult &result)
 
 void MainController::lendFromLoadedSongs()
 {
-    if (std::exchange(mLibraryIsStale, false))
+    if (!mSongs.isLoading() && std::exchange(mLibraryIsStale, false))
         mLibrary = LibraryLending(mSongs.allSongs());
 }
 
@@ -125,10 +146,9 @@ void MainController::setSelectedSongs(SongList songs)
 /// A run takes its songs in the table's order.
 void MainController::connectShownSongs()
 {
-    mWorkList.setVisibleSongs([this] { return mShownSongs.songs(); });
+    mWorkList.setVisibleSong(
+        [this](int row) { return row < mShownSongs.size() ? mShownSongs.songAt(row) : nullptr; });
     connect(&mShownSongs, &VisibleSongs::rowsChanged, this,
-            [this] { mWorkList.visibleSongsChanged(); });
-    connect(&mShownSongs, &VisibleSongs::rowsAppended, this,
             [this] { mWorkList.visibleSongsChanged(); });
     connect(this, &MainController::songsChanged, &mShownSongs, &VisibleSongs::songsChanged);
     const auto sortAgain = [this] { mShownSongs.sortAgain(SongColumn::Activity); };
@@ -168,7 +188,6 @@ void MainController::gather(const SongList &songs)
     const GatheringOptions options = prefs().gatheringOptions();
     mWorkList.beginGathering(ready, options, prefs().writeOptions(),
                              options.review ? WriteSongs::AfterReview : WriteSongs::Yes);
-    tellChanged(ready);
     Q_EMIT gatheringChanged();
 }
 

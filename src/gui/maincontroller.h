@@ -81,6 +81,8 @@ private:
     void songEdited(const std::shared_ptr<SongFile> &song);
     void pauseForReview(bool isFull);
     void renewHistory();
+    void forgetLibrary();
+    void addToLibrary(qsizetype count);
     void lendFromLoadedSongs();
     void tellEdited();
     void connectShownSongs();
@@ -98,5 +100,5 @@ private:
     QTimer mTellsEdited;
     SongList mSelectedSongs;
     bool mHistoryIsStale = false; ///< its records are not yet those of the list
-    bool mLibraryIsStale = false; ///< other songs were loaded than those that lend
+    bool mLibraryIsStale = false; ///< other songs are loaded than those that lend
 };

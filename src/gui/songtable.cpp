@@ -16,6 +16,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace {
@@ -64,7 +65,7 @@ SongTable::SongTable(MainController &controller, QWidget *parent)
     connect(&controller, &MainController::sourceChanged, this, &SongTable::showIndexOfPlaylist);
     const auto showAgain = [this] { viewport()->update(); };
     connect(&controller.songs(), &LoadedSongs::loadFinished, viewport(), showAgain);
-    // A run that is cancelled leaves songs which waited for their turn.
+    // Songs wait for their turn in a run, or do so no longer.
     connect(&controller, &MainController::gatheringChanged, viewport(), showAgain);
 }
 
@@ -181,18 +182,27 @@ SongList SongTable::songsToChange(int row) const
     const QList<int> rows = selectedRows();
     if (!std::binary_search(rows.begin(), rows.end(), row))
         return {mModel.songAtRow(row)};
+    return songsInRows(rows);
+}
+
+SongList SongTable::songsInRows(const QList<int> &rows) const
+{
     SongList songs;
-    for (const int selected : rows)
-        songs.push_back(mModel.songAtRow(selected));
+    songs.reserve(static_cast<std::size_t>(rows.size()));
+    for (const int row : rows)
+        songs.push_back(mModel.songAtRow(row));
     return songs;
 }
 
 QList<int> SongTable::selectedRows() const
 {
     QList<int> rows;
-    for (const QItemSelectionRange &range : selectionModel()->selection())
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            rows.append(row);
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection) {
+        const qsizetype before = rows.size();
+        rows.resize(before + range.height());
+        std::iota(rows.begin() + before, rows.end(), range.top());
+    }
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     return rows;
@@ -206,9 +216,7 @@ void SongTable::selectionChanged(const QItemSelection &selected, const QItemSele
 
 void SongTable::tellSelection()
 {
-    SongList songs;
-    for (const int row : selectedRows())
-        songs.push_back(mModel.songAtRow(row));
+    SongList songs = songsInRows(selectedRows());
     if (songs != mController.selectedSongs())
         mController.setSelectedSongs(std::move(songs));
 }
@@ -219,14 +227,14 @@ void SongTable::selectSongs(const SongList &songs)
     for (const auto &song : songs)
         if (const int row = mModel.rowOf(*song); row >= 0)
             rows.append(row);
+    std::sort(rows.begin(), rows.end());
     selectRows(rows);
 }
 
 /// A selection that is scattered all over a long list would make each painting slow: it is given
 /// up.
-void SongTable::selectRows(QList<int> rows)
+void SongTable::selectRows(const QList<int> &rows)
 {
-    std::sort(rows.begin(), rows.end());
     QItemSelection selection;
     for (qsizetype from = 0; from < rows.size() && selection.size() <= mostRanges;) {
         qsizetype to = from + 1;
@@ -243,7 +251,10 @@ void SongTable::selectRows(QList<int> rows)
 void SongTable::rememberSelection()
 {
     const QModelIndex current = currentIndex();
-    mRemembered = mController.selectedSongs();
+    const QList<int> rows = mController.selectedSongs().empty() ? QList<int>() : selectedRows();
+    mRemembered.clear();
+    for (const int row : rows)
+        mRemembered.append(mController.shownSongs().positionAt(row));
     mRememberedCurrent = current.isValid() ? mModel.songAtRow(current.row()) : nullptr;
     mRememberedColumn = current.column();
 }
@@ -256,9 +267,10 @@ void SongTable::restoreSelection()
         selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
         scrollTo(current);
     }
-    selectSongs(std::exchange(mRemembered, {}));
+    selectRows(mController.shownSongs().rowsOfPositions(std::exchange(mRemembered, {})));
     mRememberedCurrent.reset();
-    tellSelection();
+    if (!selectionModel()->hasSelection())
+        tellSelection();
 }
 
 /// In the column that the table is sorted by, or the titles.

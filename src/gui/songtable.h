@@ -55,7 +55,8 @@ private:
     void tellWhyNotEditable(const QModelIndex &index);
 
     [[nodiscard]] QList<int> selectedRows() const;
-    void selectRows(QList<int> rows);
+    void selectRows(const QList<int> &rows);
+    [[nodiscard]] SongList songsInRows(const QList<int> &rows) const;
     void tellSelection();
     void rememberSelection();
     void restoreSelection();
@@ -64,7 +65,7 @@ private:
 
     MainController &mController;
     SongTableModel mModel;
-    SongList mRemembered; ///< selected, while the rows change
+    QList<quint32> mRemembered; ///< positions of those selected, while the rows change
     std::shared_ptr<SongFile> mRememberedCurrent;
     int mRememberedColumn = 0;
     QString mTyped; ///< to be found

@@ -178,7 +178,9 @@ private Q_SLOTS:
     {
         const SongList songs{song(u"a"_s), song(u"b"_s), song(u"c"_s), song(u"d"_s)};
         SongList shown{songs[3], songs[1], songs[0]}; // c is filtered out
-        mWorkList->setVisibleSongs([&] { return shown; });
+        mWorkList->setVisibleSong([&](int row) {
+            return std::size_t(row) < shown.size() ? shown[std::size_t(row)] : nullptr;
+        });
         QStringList order;
         connect(mWorkList.get(), &WorkList::songStarted, this, [&](const auto &started) {
             order << started->filename();
