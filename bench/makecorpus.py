@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Makes a folder of MP3 songs for the benchmarks, the same for the same numbers.
 
-    makecorpus.py FOLDER COUNT AUDIO_BYTES
+    makecorpus.py FOLDER COUNT AUDIO_BYTES [plain]
 
 Tags of every version in turn (ID3v2.2, 2.3, 2.4, 1.1, 2.3 with 1.1, none); three songs in four
-have no artwork, the rest 50 to 400 KB of it."""
+have no artwork, the rest 50 to 400 KB of it; none has with "plain"."""
 
 import random
 import struct
@@ -71,13 +71,13 @@ def id3v1(fields):
             + bytes(29) + bytes((track, 17)))
 
 
-def song(rng, number, audio_bytes):
+def song(rng, number, audio_bytes, is_plain):
     fields = {"title": text(rng, 3), "artist": text(rng, 2), "album": text(rng, 2),
               "year": str(rng.randint(1960, 2020)), "track": f"{number % 12 + 1}/12",
               "genre": rng.choice(GENRES)}
     kind = number % 6
     version = (2, 3, 4, 0, 3, 0)[kind]
-    has_art = version != 0 and number // 6 % 8 < 3
+    has_art = not is_plain and version != 0 and number // 6 % 8 < 3
     head = id3v2(rng, version, fields, has_art) if version else b""
     tail = id3v1(fields) if kind in (3, 4) else b""
     return head + FRAME * (audio_bytes // len(FRAME)) + tail
@@ -85,11 +85,12 @@ def song(rng, number, audio_bytes):
 
 def main():
     folder, count, audio_bytes = Path(sys.argv[1]), int(sys.argv[2]), int(sys.argv[3])
+    is_plain = sys.argv[4:] == ["plain"]
     for number in range(count):
         rng = random.Random(number)
         path = folder / f"{number // 500:03}" / f"{number:05}.mp3"
         path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_bytes(song(rng, number, audio_bytes))
+        path.write_bytes(song(rng, number, audio_bytes, is_plain))
 
 
 if __name__ == "__main__":

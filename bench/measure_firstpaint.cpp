@@ -1,48 +1,43 @@
-// How long a window takes to its first painting: "bare", an empty main window of Qt, or "main",
-// ours with all that stands behind it. Ends once it was painted; started and timed from outside.
+// How long the window takes, as main_window.cpp starts it: "first" until something of it was
+// painted, "whole" until its songs table was. Ends then; started and timed from outside. "once"
+// opens and closes it as a user does, who finds it then where it was.
+
+#include "untilpainted.h"
 
 #include "base/log.h"
 #include "base/texts.h"
-#include "gui/icons.h"
+#include "gui/mainwindow.h"
+#include "gui/songtable.h"
 #include "gui/windowprogram.h"
 
-#include <QApplication>
-#include <QMainWindow>
 #include <QTimer>
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace {
 
-/// Ends the program when a main window was painted.
-class UntilPainted : public QObject {
-public:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint && qobject_cast<QMainWindow *>(watched))
-            QTimer::singleShot(0, [] { std::_Exit(0); });
-        return false;
-    }
-};
+template<typename Painted>
+int run(int &argc, char **argv)
+{
+    const UntilPainted<Painted> app(argc, argv);
+    installDiagnostics(Diagnostics::ToLogFile);
+    installTexts(TextLanguage::OfTheSystem);
+    return runWindow({});
+}
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    if (argc != 2)
-        return std::fputs("measure_firstpaint bare|main\n", stderr), 2;
-    QApplication app(argc, argv);
-    UntilPainted painted;
-    app.installEventFilter(&painted);
-    if (qstrcmp(argv[1], "bare") == 0) {
-        QMainWindow window;
-        window.resize(1120, 720);
-        window.show();
-        return QApplication::exec();
+    if (argc == 2 && qstrcmp(argv[1], "first") == 0)
+        return run<MainWindow>(argc, argv);
+    if (argc == 2 && qstrcmp(argv[1], "whole") == 0)
+        return run<SongTable>(argc, argv);
+    if (argc == 2 && qstrcmp(argv[1], "once") == 0) {
+        const QApplication app(argc, argv);
+        QTimer::singleShot(1000, &app, &QApplication::closeAllWindows);
+        return runWindow({});
     }
-    QGuiApplication::setWindowIcon(icon(QStringLiteral("tagwright")));
-    installDiagnostics(Diagnostics::ToLogFile);
-    installTexts(TextLanguage::OfTheSystem);
-    return runWindow({});
+    std::fputs("measure_firstpaint once|first|whole\n", stderr);
+    return 2;
 }

@@ -5,7 +5,6 @@
 #include "base/texts.h"
 #include "cli/commandline.h"
 #include "gui/clearindicators.h"
-#include "gui/icons.h"
 #include "gui/windowprogram.h"
 
 #include <QApplication>
@@ -16,7 +15,6 @@ int main(int argc, char **argv)
     const QApplication app(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("Tagwright"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tagwright"));
-    QGuiApplication::setWindowIcon(icon(QStringLiteral("tagwright")));
     useClearIndicators();
     installDiagnostics(arguments.verbose ? Diagnostics::ToStandardErrorToo
                                          : Diagnostics::ToLogFile);

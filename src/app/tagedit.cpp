@@ -76,7 +76,7 @@ void TagEditing::revert(const TagEditResult &result, const WriteOptions &options
         return Wanted{song.before, song.now};
     };
     job.replaced = [changed = result.changed](std::size_t index) {
-        return changed[index].replaced;
+        return changed[static_cast<qsizetype>(index)].replaced;
     };
     job.options = options;
     job.then = std::move(then);

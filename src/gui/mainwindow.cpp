@@ -28,14 +28,19 @@
 #include <QProcess>
 #include <QSplitter>
 #include <QTextDocument>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
+
+#include <chrono>
 
 namespace {
 constexpr QSize firstSize(1360, 840); // pixels, with all parts
 const Setting<QByteArray> windowPlace{"mainWindowGeometry", {}};
 constexpr int searchFieldWidth = 220; // pixels
 constexpr int margin = 6; // pixels
+constexpr std::chrono::milliseconds patienceWithScreen{100};
 /// Of the height that the songs and the log share.
 constexpr int partOfSongs = 4;
 constexpr int partOfLog = 1;
@@ -43,19 +48,39 @@ constexpr int partOfLog = 1;
 
 MainWindow::MainWindow(MainController &controller)
     : mController(controller)
-    , mGathering(new GatheringParts(controller, mCommands, *this))
 {
     setObjectName(QStringLiteral("mainWindow"));
     if (!restoreGeometry(windowPlace.value(controller.prefs().settings())))
         resize(firstSizeOf(*this, firstSize));
+    showTitle();
+}
+
+/// What the user does meanwhile waits for the parts.
+void MainWindow::paintEmpty()
+{
+    show();
+    raise();
+    activateWindow();
+    QTimer patience;
+    patience.setSingleShot(true);
+    patience.start(patienceWithScreen);
+    while (!windowHandle()->isExposed() && patience.isActive())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents
+                                        | QEventLoop::WaitForMoreEvents);
+}
+
+void MainWindow::setUp()
+{
+    setUpdatesEnabled(false); // all parts appear at once
+    mGathering = new GatheringParts(mController, mCommands, *this);
     mCommands.fillMenuBar(*menuBar());
     setUpToolBar();
     setUpParts();
     setUpViewMenu();
     connectCommands();
     connectSongTable();
-    showTitle();
     validateInterface();
+    setUpdatesEnabled(true);
 }
 
 /// What the header of the table can do, for the keyboard.

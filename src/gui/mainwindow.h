@@ -17,8 +17,15 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// The controller must outlive the window.
+    /// An empty window, which costs next to nothing. The controller must outlive it.
     explicit MainWindow(MainController &controller);
+
+    /// Shows the window, empty as it is, and returns when it was painted: the user sees the program
+    /// while it makes its parts.
+    void paintEmpty();
+    /// Puts the parts into the window, once. The engine must be started.
+    void setUp();
+    [[nodiscard]] bool isSetUp() const { return mSongTable != nullptr; }
 
     void showWelcome();
     void selectAllSongs();
@@ -48,7 +55,7 @@ private:
 
     MainController &mController;
     Commands mCommands{this};
-    GatheringParts *mGathering;
+    GatheringParts *mGathering = nullptr;
     SourcePopUp *mSourcePopUp = nullptr;
     QLineEdit *mSearchField = nullptr;
     SongTable *mSongTable = nullptr;

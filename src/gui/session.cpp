@@ -23,13 +23,25 @@ void Session::listen()
         qCWarning(logGui, "later starts cannot hand over what they are to open");
 }
 
+void Session::paintMainWindow()
+{
+    makeMainWindow();
+    mMainWindow->paintEmpty();
+}
+
+void Session::makeMainWindow()
+{
+    mController = std::make_unique<MainController>(mEngine);
+    mMainWindow = std::make_unique<MainWindow>(*mController);
+    connect(mMainWindow.get(), &MainWindow::filesDropped, this, &Session::openPaths);
+}
+
 MainWindow &Session::mainWindow()
 {
-    if (!mMainWindow) {
-        mController = std::make_unique<MainController>(mEngine);
-        mMainWindow = std::make_unique<MainWindow>(*mController);
-        connect(mMainWindow.get(), &MainWindow::filesDropped, this, &Session::openPaths);
-    }
+    if (!mMainWindow)
+        makeMainWindow();
+    if (!mMainWindow->isSetUp())
+        mMainWindow->setUp();
     return *mMainWindow;
 }
 
@@ -43,7 +55,7 @@ void Session::showInFront(MainWindow &window)
 /// The window comes first, its songs afterwards.
 void Session::openMainWindow()
 {
-    const bool isFirst = !mMainWindow;
+    const bool isFirst = !mMainWindow || !mMainWindow->isSetUp();
     MainWindow &window = mainWindow();
     showInFront(window);
     if (!isFirst)

@@ -13,8 +13,12 @@ class Session : public QObject {
     Q_OBJECT
 
 public:
-    /// The engine must be started and outlive the session.
+    /// The engine must outlive the session, and be started before anything is opened.
     explicit Session(Engine &engine);
+
+    /// Has the user see the main window, still empty, before the engine is started. It is to be
+    /// opened then.
+    void paintMainWindow();
 
     /// Takes what later starts of the program hand over.
     void listen();
@@ -26,6 +30,7 @@ public:
     void openPaths(const QStringList &paths);
 
 private:
+    void makeMainWindow();
     [[nodiscard]] MainWindow &mainWindow();
     void showInFront(MainWindow &window);
     void welcome(MainWindow &window);

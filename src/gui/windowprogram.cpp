@@ -3,6 +3,7 @@
 #include "base/inplacefile.h"
 #include "base/interrupt.h"
 #include "demo/sampleground.h"
+#include "gui/icons.h"
 #include "gui/session.h"
 
 #include <QApplication>
@@ -24,10 +25,13 @@ int runWindow(const QStringList &paths)
     if (SingleInstance::handOver(paths))
         return 0;
     const Interrupt interrupt;
-    recoverInterruptedWrites();
     Engine engine;
-    engine.start(Engine::Definitions::Live);
     Session session(engine);
+    if (paths.isEmpty())
+        session.paintMainWindow();
+    QGuiApplication::setWindowIcon(icon(QStringLiteral("tagwright"))); // drawn at many sizes
+    recoverInterruptedWrites();
+    engine.start(Engine::Definitions::Live);
     session.listen();
     session.openPaths(paths);
     return runEventLoop(interrupt);
@@ -41,6 +45,7 @@ int runDemoWindow()
         std::fprintf(stderr, "tagwright: demo: %s\n", qUtf8Printable(ground.error()));
         return 1;
     }
+    QGuiApplication::setWindowIcon(icon(QStringLiteral("tagwright")));
     Session session(ground.engine());
     session.openMainWindow(ground.songs());
     return runEventLoop(interrupt);

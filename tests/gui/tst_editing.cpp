@@ -46,6 +46,7 @@ private Q_SLOTS:
         mEngine->start(Engine::Definitions::Fixed);
         mController = std::make_unique<MainController>(*mEngine);
         mWindow = std::make_unique<MainWindow>(*mController);
+        mWindow->setUp();
         mWindow->show();
         QDir().mkdir(music());
     }
