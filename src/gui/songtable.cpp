@@ -103,6 +103,8 @@ void SongTable::setUpHeader()
     header.setSectionsMovable(true);
     header.setSectionsClickable(true);
     header.setHighlightSections(false);
+    // With the table's one, Qt asks every row of each column for its flags to paint the header.
+    header.setSelectionModel(new QItemSelectionModel(&mModel, &header));
     header.setSortIndicatorShown(true);
     header.setTextElideMode(Qt::ElideRight);
     header.setContextMenuPolicy(Qt::CustomContextMenu);

@@ -143,6 +143,7 @@ private Q_SLOTS:
         SampleGround ground;
         MainController controller(ground.engine());
         MainWindow window(controller);
+        window.setUp();
         window.show();
         controller.setSongLibraryFolder(ground.songs());
         QTRY_VERIFY(!controller.songs().isLoading());
