@@ -85,13 +85,23 @@ demo_window() {
     echo "$window"
 }
 
+# The word on songs of compilations, which gets no keys before it is clicked.
+dismiss_warning() {
+    local warning
+    warning=$(xdotool search --onlyvisible --name "ompilation" | tail -1) || return 0
+    [ -n "$warning" ] || return 0
+    xdotool mousemove --window "$warning" 8 8 click 1 mousemove 1435 895
+    settle
+    keys Escape
+}
+
 # The demo's songs after a run, one of them selected.
 gathered() {
     local window
     window=$(demo_window)
     keys ctrl+a ctrl+Return
     settle
-    keys Escape # the word on songs of compilations
+    dismiss_warning
     xdotool windowfocus --sync "$window"
     keys Home Down Down
     snap "$window" "$1"
