@@ -119,7 +119,7 @@ private:
         request.desired = AssetYear;
         mFound = 0;
         searches.start(u"PageSource"_s, request,
-                       [this](const AlbumList &albums, const SourceAnswer &) {
+                       [this](const AlbumList &albums, const SourceAnswer &, const auto &) {
                            mFound = static_cast<int>(albums.size());
                        });
         QTRY_VERIFY(!searches.anyRunning());
