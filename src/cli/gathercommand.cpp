@@ -2,10 +2,10 @@
 
 #include "app/songsources.h"
 #include "app/usersources.h"
+#include "base/interrupt.h"
 #include "cli/chosendefinitions.h"
 #include "cli/chosenoptions.h"
 #include "cli/gathersummary.h"
-#include "base/interrupt.h"
 #include "cli/retrysongs.h"
 #include "cli/sourceloading.h"
 

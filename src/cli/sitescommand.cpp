@@ -1,8 +1,8 @@
 #include "cli/sitescommand.h"
 
 #include "app/sourcechoices.h"
-#include "cli/chosendefinitions.h"
 #include "base/interrupt.h"
+#include "cli/chosendefinitions.h"
 #include "cli/sitesreport.h"
 
 #include <QEventLoop>
