@@ -18,16 +18,16 @@ int widthOf(SongColumn column)
     case SongColumn::Activity:
         return 4;
     case SongColumn::Title:
-        return 32;
+        return 28;
     case SongColumn::Artist:
     case SongColumn::Album:
-        return 24;
+        return 22;
     case SongColumn::Genre:
         return 14;
     case SongColumn::Artwork:
-        return 12;
+        return 11;
     default:
-        return 9;
+        return 8;
     }
 }
 
