@@ -53,10 +53,18 @@ private:
     }
 };
 
+/// Also below what a desktop's settings put on top of it.
+bool isFusion(const QStyle *style)
+{
+    while (const auto *proxy = qobject_cast<const QProxyStyle *>(style))
+        style = proxy->baseStyle();
+    return style->inherits("QFusionStyle");
+}
+
 } // namespace
 
 void useClearIndicators()
 {
-    if (QApplication::style()->name() == u"fusion")
-        QApplication::setStyle(new ClearIndicators(QStringLiteral("fusion")));
+    if (isFusion(QApplication::style()))
+        QApplication::setStyle(new ClearIndicators(QApplication::style()->name()));
 }
